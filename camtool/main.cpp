@@ -1,0 +1,69 @@
+#include "toolsupport.h"
+#include "verbs.h"
+
+#include <QApplication>
+
+#include <memory>
+
+namespace CamTool {
+
+namespace {
+QList<Verb> &registry()
+{
+    static QList<Verb> list;
+    return list;
+}
+} // namespace
+
+void registerVerb(const Verb &verb)
+{
+    registry().append(verb);
+}
+
+const QList<Verb> &verbs()
+{
+    return registry();
+}
+
+} // namespace CamTool
+
+static void printUsage()
+{
+    QString text = QStringLiteral("Usage: camtool VERB [options] [arguments]\n\nVerbs:\n");
+    for (const CamTool::Verb &verb : CamTool::verbs())
+        text += QStringLiteral("  %1  %2\n").arg(QString::fromLatin1(verb.name), -8).arg(QString::fromLatin1(verb.summary));
+    text += QStringLiteral("\nRun 'camtool VERB --help' for the options of a verb.\n");
+    CamTool::printError(text);
+}
+
+int main(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    if (arguments.size() < 2 || arguments.at(1).startsWith(QLatin1Char('-'))) {
+        const bool help = arguments.size() >= 2
+            && (arguments.at(1) == QLatin1String("--help") || arguments.at(1) == QLatin1String("-h"));
+        printUsage();
+        return help ? CamTool::Success : CamTool::UsageError;
+    }
+    const QString verbName = arguments.takeAt(1);
+    for (const CamTool::Verb &verb : CamTool::verbs()) {
+        if (verbName != QLatin1String(verb.name))
+            continue;
+        std::unique_ptr<QCoreApplication> application;
+        if (verb.needsWidgets) {
+            // The tool needs no screen: widgets are made offscreen.
+            if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+                qputenv("QT_QPA_PLATFORM", "offscreen");
+            application = std::make_unique<QApplication>(argc, argv);
+        } else {
+            application = std::make_unique<QCoreApplication>(argc, argv);
+        }
+        QCoreApplication::setApplicationName(QStringLiteral("camtool"));
+        return verb.run(arguments);
+    }
+    CamTool::printError(QStringLiteral("camtool: unknown verb '%1'\n").arg(verbName));
+    printUsage();
+    return CamTool::UsageError;
+}

@@ -1,0 +1,259 @@
+#include "camdescriptionimplementation.h"
+
+#include "camdatafile.h"
+#include "commands/loadnewmotionplancommand.h"
+#include "model/jsondifference.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QUndoStack>
+
+#include <new>
+
+namespace {
+
+const QLatin1String MotionLawKey("MotionLaw");
+const QLatin1String CyclicKey("Cyclic");
+const QLatin1String MotionPointsKey("MotionPoints");
+const QLatin1String StepsKey("Steps");
+const QLatin1String CircularLengthKey("CircularLength");
+
+const char SummaryTemplate[] =
+    "<html><head/><body><p>Kurvendefinitionsdaten:</p><p>\tBewegungsgesetz: %MotionLaw%</p>"
+    "<p>\tBewegungspunkte: %SumMotionPoints%</p><p><br/></p></body></html>";
+
+} // namespace
+
+CamDescription *CamDescription::createCamDescription(QObject *parent, const QByteArray &data)
+{
+    try {
+        return new CamDescriptionImplementation(parent, data);
+    } catch (...) {
+        return nullptr;
+    }
+}
+
+CamDescriptionImplementation::CamDescriptionImplementation(QObject *parent, const QByteArray &data)
+    : CamDescription(parent)
+{
+    fromJson(CamDataFile::parseBinary(data));
+
+    // Connected only after the first load on purpose: a fresh description is
+    // not modified, and the points it was created with keep typeApplies true
+    // whatever the law, until the law changes for the first time.
+    connect(&m_motionLaw, &MotionLaw::motionLawChanged, this, &CamDescriptionImplementation::motionLawChanged);
+    connect(&m_motionLaw, &MotionLaw::motionLawChanged, this, &CamDescriptionImplementation::onMotionLawChanged);
+    connect(&m_steps, &Steps::dynamicStepResolutionChanged, this, &CamDescription::changed);
+    connect(&m_steps, &Steps::isDynamicStepSizeChanged, this, &CamDescription::changed);
+    connect(&m_steps, &Steps::staticStepSizeChanged, this, &CamDescription::changed);
+    connect(this, &CamDescription::changed, this, [this] { m_modified = true; });
+}
+
+CamDescriptionImplementation::~CamDescriptionImplementation()
+{
+    // Points from a load have no parent; appended ones are children. Both go.
+    const QList<MotionPoint *> points = m_motionPoints.values();
+    m_motionPoints.clear();
+    qDeleteAll(points);
+}
+
+bool CamDescriptionImplementation::differs(const CamDescription *other) const
+{
+    const bool otherEmpty = other == nullptr || other->isEmpty();
+    if (isEmpty() && otherEmpty)
+        return false;
+    if (isEmpty() != otherEmpty)
+        return true;
+    return !JsonDifference::compare(toJson(), other->toJson()).isEmpty();
+}
+
+void CamDescriptionImplementation::loadWithUndo(const QJsonObject &data, QString name)
+{
+    if (!m_undoStack)
+        return;
+    m_undoStack->push(new LoadNewMotionPlanCommand(this, data, name));
+}
+
+void CamDescriptionImplementation::fromJson(const QJsonObject &data)
+{
+    m_motionLaw.setFromData(data.value(MotionLawKey));
+    setCyclic(data.value(CyclicKey).toBool(false));
+
+    const QJsonArray points = data.value(MotionPointsKey).toArray();
+    const QList<MotionPoint *> oldPoints = m_motionPoints.values();
+    for (MotionPoint *point : oldPoints) {
+        m_motionPoints.remove(point->master());
+        point->setParent(nullptr);
+        emit changed();
+        delete point;
+    }
+    for (const QJsonValue &element : points) {
+        const QJsonArray values = element.toArray();
+        auto *point = new MotionPoint(values.at(0).toDouble(0.0), values.at(1).toDouble(0.0),
+                                      values.at(2).toString(QStringLiteral("rest")));
+        connectPoint(point);
+        // A later element at the same master position takes the entry; the
+        // earlier point is of no further use.
+        delete m_motionPoints.value(point->master(), nullptr);
+        m_motionPoints.insert(point->master(), point);
+    }
+    onMotionPointChanged();
+
+    m_steps.fromJson(data.value(StepsKey).toObject());
+    setCircularLength(data.value(CircularLengthKey).toDouble(DefaultCircularLength));
+    emit changed();
+}
+
+QJsonObject CamDescriptionImplementation::toJson() const
+{
+    QJsonArray points;
+    for (const MotionPoint *point : m_motionPoints)
+        points.append(QJsonArray { point->master(), point->slave(), point->typeDataName() });
+
+    QJsonObject object;
+    object.insert(CircularLengthKey, m_circularLength);
+    object.insert(CyclicKey, m_cyclic);
+    object.insert(MotionLawKey, m_motionLaw.dataName());
+    object.insert(MotionPointsKey, points);
+    object.insert(StepsKey, m_steps.toJson());
+    return object;
+}
+
+QString CamDescriptionImplementation::summaryHtml() const
+{
+    if (m_motionPoints.isEmpty())
+        return QString();
+    QString summary = QString::fromUtf8(SummaryTemplate);
+    summary.replace(QLatin1String("%MotionLaw%"), MotionLaw::displayName(m_motionLaw.law()));
+    summary.replace(QLatin1String("%SumMotionPoints%"), QString::number(m_motionPoints.size()));
+    return summary;
+}
+
+void CamDescriptionImplementation::setCyclic(bool cyclic)
+{
+    if (cyclic == m_cyclic)
+        return;
+    m_cyclic = cyclic;
+    emit changed();
+}
+
+void CamDescriptionImplementation::setCircularLength(double circularLength)
+{
+    // An unordered comparison (NaN) counts as a change.
+    if (circularLength == m_circularLength)
+        return;
+    m_circularLength = circularLength;
+    emit changed();
+}
+
+QUndoStack *CamDescriptionImplementation::undoStack() const
+{
+    return m_undoStack;
+}
+
+void CamDescriptionImplementation::setUndoStack(QUndoStack *undoStack)
+{
+    m_undoStack = undoStack;
+}
+
+MotionPoint *CamDescriptionImplementation::takePoint(MotionPoint *point)
+{
+    if (!point)
+        return nullptr;
+    MotionPoint *removed = m_motionPoints.take(point->master());
+    if (!removed)
+        return nullptr;
+    removed->setParent(nullptr);
+    emit changed();
+    return removed;
+}
+
+bool CamDescriptionImplementation::saveToFile(const QString &path, QString *errorString) const
+{
+    return CamDataFile::save(toJson(), path, errorString);
+}
+
+bool CamDescriptionImplementation::loadFromFile(const QString &path)
+{
+    CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
+    const QJsonObject data = CamDataFile::read(path, &status, nullptr);
+    if (status == CamDataFile::ReadStatus::Unreadable) {
+        qWarning("Couldn't open save file.");
+        return false;
+    }
+    loadWithUndo(data, QFileInfo(path).fileName());
+    return true;
+}
+
+void CamDescriptionImplementation::attachNewPoint(int x, int y, movementRules rule)
+{
+    auto *point = new MotionPoint(static_cast<double>(x), static_cast<double>(y), rule);
+    appendPoint(point);
+    if (point->parent() != this)
+        delete point;
+}
+
+void CamDescriptionImplementation::appendPoint(MotionPoint *point)
+{
+    if (!point)
+        return;
+    MotionPoint *existing = m_motionPoints.value(point->master(), nullptr);
+    if (existing == point)
+        return;
+    if (existing && existing->isEqual(*point))
+        return;
+    connectPoint(point);
+    point->setParent(this);
+    m_motionPoints.insert(point->master(), point);
+    if (existing)
+        releaseDroppedPoint(existing);
+    emit changed();
+}
+
+void CamDescriptionImplementation::onMotionPointChanged()
+{
+    const QList<MotionPoint *> points = m_motionPoints.values();
+    m_motionPoints.clear();
+    for (MotionPoint *point : points)
+        m_motionPoints.insert(point->master(), point);
+
+    // The point that moved takes the entry at its new position, whichever
+    // order the map held them in before.
+    if (auto *moved = qobject_cast<MotionPoint *>(sender()); moved && points.contains(moved))
+        m_motionPoints.insert(moved->master(), moved);
+    for (MotionPoint *point : points) {
+        if (m_motionPoints.value(point->master(), nullptr) != point)
+            releaseDroppedPoint(point);
+    }
+    emit motionPointChanged();
+}
+
+void CamDescriptionImplementation::onMotionLawChanged()
+{
+    const bool typesApply = m_motionLaw.law() == MotionLaw::Vdi;
+    for (MotionPoint *point : qAsConst(m_motionPoints))
+        point->setTypeApplies(typesApply);
+    emit changed();
+}
+
+void CamDescriptionImplementation::connectPoint(MotionPoint *point)
+{
+    // Unique: a point that is removed and added again must not notify twice.
+    const auto unique = Qt::UniqueConnection;
+    connect(point, &MotionPoint::movementRuleChanged, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
+    connect(point, &MotionPoint::masterPositionChanged, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
+    connect(point, &MotionPoint::moved, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
+    connect(point, &MotionPoint::edited, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
+    connect(point, &MotionPoint::slavePositionChanged, this, &CamDescription::changed, unique);
+    connect(point, &MotionPoint::edited, this, &CamDescription::changed, unique);
+}
+
+void CamDescriptionImplementation::releaseDroppedPoint(MotionPoint *point)
+{
+    // A point that lost its map entry to another one is no longer part of
+    // the data; it stops notifying and is kept only so that nobody is left
+    // with a dangling pointer until the description goes.
+    disconnect(point, nullptr, this, nullptr);
+    if (!point->parent())
+        point->setParent(this);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "camdescription.h"
+#include "model/motionlaw.h"
+#include "model/motionpoint.h"
+#include "model/steps.h"
+
+#include <QList>
+#include <QMap>
+#include <QPointer>
+
+class QUndoStack;
+
+class MXCAMDESIGNER_EXPORT CamDescriptionImplementation : public CamDescription
+{
+    Q_OBJECT
+public:
+    static constexpr double DefaultCircularLength = 1.0;
+
+    CamDescriptionImplementation(QObject *parent, const QByteArray &data);
+    ~CamDescriptionImplementation() override;
+
+    bool differs(const CamDescription *other) const override;
+    void loadWithUndo(const QJsonObject &data, QString name) override;
+    void fromJson(const QJsonObject &data) override;
+    bool isModified() const override { return m_modified; }
+    bool isEmpty() const override { return m_motionPoints.isEmpty(); }
+    QJsonObject toJson() const override;
+
+    QString summaryHtml() const;
+
+    MotionLaw *motionLaw() { return &m_motionLaw; }
+    const MotionLaw *motionLaw() const { return &m_motionLaw; }
+    Steps *steps() { return &m_steps; }
+    const Steps *steps() const { return &m_steps; }
+    bool isCyclic() const { return m_cyclic; }
+    void setCyclic(bool cyclic);
+    double circularLength() const { return m_circularLength; }
+    void setCircularLength(double circularLength);
+    QUndoStack *undoStack() const;
+    void setUndoStack(QUndoStack *undoStack);
+    QList<MotionPoint *> motionPoints() const { return m_motionPoints.values(); }
+    MotionPoint *pointAt(double master) const { return m_motionPoints.value(master, nullptr); }
+
+    // Removes the point at the given point's master position and hands it to
+    // the caller, who then owns it. Null when nothing was there.
+    MotionPoint *takePoint(MotionPoint *point);
+
+    // Saves the data as indented text JSON, whatever the suffix. The file is
+    // replaced atomically: a failed save leaves the old file as it was.
+    bool saveToFile(const QString &path, QString *errorString) const;
+    // Loads a file through the undo stack, named after the file.
+    bool loadFromFile(const QString &path);
+
+public slots:
+    void attachNewPoint(int x, int y, movementRules rule);
+    void appendPoint(MotionPoint *point);
+    void onMotionPointChanged();
+    void onMotionLawChanged();
+
+signals:
+    void circularLengthChanged();
+    void motionPointChanged();
+    void motionLawChanged();
+
+private:
+    void connectPoint(MotionPoint *point);
+    void releaseDroppedPoint(MotionPoint *point);
+
+    QPointer<QUndoStack> m_undoStack;
+    MotionLaw m_motionLaw;
+    bool m_cyclic = false;
+    Steps m_steps;
+    double m_circularLength = 0.0;
+    QMap<double, MotionPoint *> m_motionPoints;
+    bool m_modified = false;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "mxcamdesigner_export.h"
+
+#include <QMessageBox>
+
+#include <functional>
+
+// The one place through which the editor shows message boxes. Tests install a
+// handler that records title and text and answers at once, so that no test
+// ever waits for a click.
+class MXCAMDESIGNER_EXPORT MessageBox
+{
+public:
+    struct Message {
+        QMessageBox::Icon icon;
+        QString title;
+        QString text;
+        QMessageBox::StandardButtons buttons;
+    };
+    using Handler = std::function<QMessageBox::StandardButton(QWidget *parent, const Message &message)>;
+
+    static QMessageBox::StandardButton information(QWidget *parent, const QString &title, const QString &text,
+                                                   QMessageBox::StandardButtons buttons = QMessageBox::Ok);
+    static QMessageBox::StandardButton warning(QWidget *parent, const QString &title, const QString &text,
+                                               QMessageBox::StandardButtons buttons = QMessageBox::Ok);
+    static QMessageBox::StandardButton critical(QWidget *parent, const QString &title, const QString &text,
+                                                QMessageBox::StandardButtons buttons = QMessageBox::Ok);
+    static QMessageBox::StandardButton question(QWidget *parent, const QString &title, const QString &text,
+                                                QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No);
+
+    // Replaces the handler (an empty one restores the modal boxes); returns the previous one.
+    static Handler setHandler(Handler handler);
+
+private:
+    static QMessageBox::StandardButton show(QWidget *parent, const Message &message);
+};

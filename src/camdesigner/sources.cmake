@@ -1,0 +1,10 @@
+target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/camdatafile.h
+    ${CMAKE_CURRENT_LIST_DIR}/camdatafile.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camdescription.h
+    ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.h
+    ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/controller.h
+    ${CMAKE_CURRENT_LIST_DIR}/messagebox.h
+    ${CMAKE_CURRENT_LIST_DIR}/messagebox.cpp
+)

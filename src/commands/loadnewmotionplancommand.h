@@ -1,0 +1,27 @@
+#pragma once
+
+#include "mxcamdesigner_export.h"
+
+#include <QJsonObject>
+#include <QPointer>
+#include <QUndoCommand>
+
+class CamDescriptionImplementation;
+
+// Replaces the whole cam definition data (law, points, cyclic flag, circular
+// length, steps); undo loads the data captured when the command was made.
+class MXCAMDESIGNER_EXPORT LoadNewMotionPlanCommand : public QUndoCommand
+{
+public:
+    LoadNewMotionPlanCommand(CamDescriptionImplementation *camDescription, const QJsonObject &newData,
+                             const QString &name, QUndoCommand *parent = nullptr);
+    ~LoadNewMotionPlanCommand() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    QPointer<CamDescriptionImplementation> m_camDescription;
+    QJsonObject m_newData;
+    QJsonObject m_oldData;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "mxcamdesigner_export.h"
+
+#include <QJsonObject>
+#include <QObject>
+
+// How finely the curve is sampled into grid points: a number of steps over
+// the whole curve (dynamic) or a distance in master units (static). No limits
+// are enforced here; the input fields hold the user to sensible values.
+class MXCAMDESIGNER_EXPORT Steps : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr double DefaultStaticStepSize = 1.0;
+    static constexpr int DefaultDynamicStepResolution = 500;
+
+    explicit Steps(QObject *parent = nullptr);
+
+    double staticStepSize() const { return m_staticStepSize; }
+    void setStaticStepSize(double stepSize);
+    int dynamicStepResolution() const { return m_dynamicStepResolution; }
+    void setDynamicStepResolution(int resolution);
+    bool isDynamicStepSize() const { return m_isDynamicStepSize; }
+    void setIsDynamicStepSize(bool dynamic);
+
+    QJsonObject toJson() const;
+    void fromJson(const QJsonObject &object);
+
+signals:
+    void dynamicStepResolutionChanged();
+    void isDynamicStepSizeChanged();
+    void staticStepSizeChanged();
+
+private:
+    double m_staticStepSize = DefaultStaticStepSize;
+    int m_dynamicStepResolution = DefaultDynamicStepResolution;
+    bool m_isDynamicStepSize = true;
+};
