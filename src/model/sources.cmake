@@ -5,6 +5,7 @@ target_sources(MxCamDesigner PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionlaw.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/fixedscaling.h
     ${CMAKE_CURRENT_LIST_DIR}/scaling.h
     ${CMAKE_CURRENT_LIST_DIR}/steps.h
     ${CMAKE_CURRENT_LIST_DIR}/steps.cpp
