@@ -1,0 +1,185 @@
+#include "camdesigner/camdatafile.h"
+#include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/controller.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const char SampleJson[] = R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
+    "MotionPoints": [[0, 0, "rest"], [180, 100, "turningPoint"]],
+    "Steps": {"dynamicSteps": 200, "isDynamicStepSize": false, "staticStepSize": 0.5}})";
+
+QJsonObject sample()
+{
+    return QJsonDocument::fromJson(SampleJson).object();
+}
+
+QByteArray binaryOf(const QJsonObject &object)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    return QJsonDocument(object).toBinaryData();
+    QT_WARNING_POP
+}
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), qint64(bytes.size()));
+}
+
+} // namespace
+
+class tst_CamDataFile : public QObject
+{
+    Q_OBJECT
+private slots:
+    void suffixRule_data();
+    void suffixRule();
+    void readByContentAndSuffix_data();
+    void readByContentAndSuffix();
+    void saveWritesIndentedTextWhateverTheSuffix();
+    void savedDatReadsBackAsDefaults();
+    void failedSaveLeavesTheOldFile();
+    void loadFromFileGoesThroughTheUndoStack();
+    void loadFromMissingFileWarnsAndChangesNothing();
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void tst_CamDataFile::suffixRule_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("text");
+    QTest::newRow("plan.json") << "plan.json" << true;
+    QTest::newRow("plan.JSON") << "plan.JSON" << true;
+    QTest::newRow("plan.Json5") << "plan.Json5" << true;
+    QTest::newRow("plan.dat") << "plan.dat" << false;
+    QTest::newRow("no suffix") << "plan" << false;
+    QTest::newRow("json only in the name") << "json.dat" << false;
+    QTest::newRow("last suffix counts") << "plan.json.dat" << false;
+}
+
+void tst_CamDataFile::suffixRule()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, text);
+    QCOMPARE(CamDataFile::isTextJsonPath(path), text);
+}
+
+void tst_CamDataFile::readByContentAndSuffix_data()
+{
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("loaded");
+    const QByteArray text = QJsonDocument(sample()).toJson();
+    const QByteArray binary = binaryOf(sample());
+    QTest::newRow("text in plan.JSON") << "plan.JSON" << text << true;
+    QTest::newRow("binary in plan.dat") << "plan.dat" << binary << true;
+    QTest::newRow("binary without suffix") << "plan" << binary << true;
+    QTest::newRow("text in plan.dat is not read") << "text.dat" << text << false;
+    QTest::newRow("binary in plan.json is not read") << "binary.json" << binary << false;
+    QTest::newRow("empty file") << "empty.json" << QByteArray() << false;
+    QTest::newRow("array document") << "array.json" << QByteArray("[1, 2]") << false;
+}
+
+void tst_CamDataFile::readByContentAndSuffix()
+{
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, loaded);
+    const QString path = m_dir.filePath(fileName);
+    writeFile(path, bytes);
+    CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Unreadable;
+    const QJsonObject object = CamDataFile::read(path, &status, nullptr);
+    QCOMPARE(status, loaded ? CamDataFile::ReadStatus::Loaded : CamDataFile::ReadStatus::Invalid);
+    QCOMPARE(object, loaded ? sample() : QJsonObject());
+}
+
+void tst_CamDataFile::saveWritesIndentedTextWhateverTheSuffix()
+{
+    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    for (const QString &name : { QStringLiteral("saved.json"), QStringLiteral("saved.dat") }) {
+        const QString path = m_dir.filePath(name);
+        QString error;
+        QVERIFY(description.saveToFile(path, &error));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        QCOMPARE(bytes, QJsonDocument(sample()).toJson(QJsonDocument::Indented));
+        QVERIFY(bytes.contains("\n    \"Cyclic\": true"));
+    }
+}
+
+void tst_CamDataFile::savedDatReadsBackAsDefaults()
+{
+    // Deliberate asymmetry: ".dat" is saved as text but read as binary.
+    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    const QString path = m_dir.filePath(QStringLiteral("roundtrip.dat"));
+    QVERIFY(description.saveToFile(path, nullptr));
+    CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
+    QCOMPARE(CamDataFile::read(path, &status, nullptr), QJsonObject());
+    QCOMPARE(status, CamDataFile::ReadStatus::Invalid);
+
+    const QString jsonPath = m_dir.filePath(QStringLiteral("roundtrip.json"));
+    QVERIFY(description.saveToFile(jsonPath, nullptr));
+    QCOMPARE(CamDataFile::read(jsonPath, &status, nullptr), sample());
+}
+
+void tst_CamDataFile::failedSaveLeavesTheOldFile()
+{
+    const QString path = m_dir.filePath(QStringLiteral("missing-dir/plan.json"));
+    QString error;
+    QVERIFY(!CamDataFile::save(sample(), path, &error));
+    QVERIFY(!error.isEmpty());
+    QVERIFY(!QFile::exists(path));
+
+    // A path that is a directory cannot be replaced; the directory stays.
+    const QString directoryPath = m_dir.filePath(QStringLiteral("is-a-directory.json"));
+    QVERIFY(QDir().mkpath(directoryPath));
+    QVERIFY(!CamDataFile::save(sample(), directoryPath, &error));
+    QVERIFY(QFileInfo(directoryPath).isDir());
+}
+
+void tst_CamDataFile::loadFromFileGoesThroughTheUndoStack()
+{
+    const QString path = m_dir.filePath(QStringLiteral("load.json"));
+    writeFile(path, QJsonDocument(sample()).toJson());
+
+    CamDescriptionImplementation description(nullptr, QByteArray());
+    QVERIFY(description.loadFromFile(path)); // no undo stack: nothing happens
+    QVERIFY(description.isEmpty());
+
+    Controller stack;
+    description.setUndoStack(&stack);
+    QVERIFY(description.loadFromFile(path));
+    QCOMPARE(stack.count(), 1);
+    QCOMPARE(stack.text(0), QStringLiteral("Lade Kurvendefinitionsdaten : load.json"));
+    QCOMPARE(description.toJson(), sample());
+    stack.undo();
+    QVERIFY(description.isEmpty());
+    QCOMPARE(description.circularLength(), 1.0);
+}
+
+void tst_CamDataFile::loadFromMissingFileWarnsAndChangesNothing()
+{
+    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    Controller stack;
+    description.setUndoStack(&stack);
+    QTest::ignoreMessage(QtWarningMsg, "Couldn't open save file.");
+    QVERIFY(!description.loadFromFile(m_dir.filePath(QStringLiteral("nothing-here.json"))));
+    QTest::ignoreMessage(QtWarningMsg, "Couldn't open save file.");
+    QVERIFY(!description.loadFromFile(QString()));
+    QCOMPARE(stack.count(), 0);
+    QCOMPARE(description.toJson(), sample());
+}
+
+QTEST_GUILESS_MAIN(tst_CamDataFile)
+#include "tst_camdatafile.moc"
