@@ -1,0 +1,161 @@
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Result {
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Result runCamTool(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
+    Result result;
+    if (!process.waitForFinished(60000))
+        return result;
+    result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    result.out = process.readAllStandardOutput();
+    result.err = process.readAllStandardError();
+    return result;
+}
+
+QByteArray binaryOf(const QJsonObject &object)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    return QJsonDocument(object).toBinaryData();
+    QT_WARNING_POP
+}
+
+} // namespace
+
+class tst_CamToolShow : public QObject
+{
+    Q_OBJECT
+private slots:
+    void showsNormalisedData_data();
+    void showsNormalisedData();
+    void invalidContentWarnsAndShowsDefaults_data();
+    void invalidContentWarnsAndShowsDefaults();
+    void unreadableFileFails();
+    void wrongUsage_data();
+    void wrongUsage();
+
+private:
+    QString writeTemporary(const QString &name, const QByteArray &bytes);
+    QTemporaryDir m_dir;
+};
+
+QString tst_CamToolShow::writeTemporary(const QString &name, const QByteArray &bytes)
+{
+    const QString path = m_dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        return QString();
+    return path;
+}
+
+void tst_CamToolShow::showsNormalisedData_data()
+{
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("expectedJson");
+
+    QFile example(QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json"));
+    QVERIFY(example.open(QIODevice::ReadOnly));
+    const QByteArray exampleBytes = example.readAll();
+    QTest::newRow("bundled example") << "example.json" << exampleBytes << exampleBytes;
+
+    const QByteArray messy = R"({"MotionPoints": [[20, 1], [10, 5, "speed"], [10, 7, "acceleration"]],
+        "MotionLaw": "spline", "Steps": {"dynamicSteps": 12.7}})";
+    const QByteArray normalised = R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
+        "MotionPoints": [[10, 7, "acceleration"], [20, 1, "rest"]],
+        "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})";
+    QTest::newRow("defaults, duplicates and order") << "messy.Json" << messy << normalised;
+
+    const QJsonObject object = QJsonDocument::fromJson(exampleBytes).object();
+    QTest::newRow("binary .dat") << "example.dat" << binaryOf(object) << exampleBytes;
+}
+
+void tst_CamToolShow::showsNormalisedData()
+{
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, expectedJson);
+    const QString path = writeTemporary(fileName, bytes);
+    QVERIFY(!path.isEmpty());
+    const Result result = runCamTool({ QStringLiteral("show"), path });
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.err, QByteArray());
+    const QJsonObject expected = QJsonDocument::fromJson(expectedJson).object();
+    QVERIFY(!expected.isEmpty());
+    // Printed exactly as a save would write it: indented text.
+    QCOMPARE(result.out, QJsonDocument(expected).toJson(QJsonDocument::Indented));
+}
+
+void tst_CamToolShow::invalidContentWarnsAndShowsDefaults_data()
+{
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("text saved as .dat") << "saved.dat" << QByteArray(R"({"Cyclic": true})");
+    QTest::newRow("broken text json") << "broken.json" << QByteArray(R"({"Cyclic": tr)");
+    QTest::newRow("array instead of object") << "array.json" << QByteArray("[1, 2, 3]");
+    QTest::newRow("empty file") << "empty.json" << QByteArray();
+}
+
+void tst_CamToolShow::invalidContentWarnsAndShowsDefaults()
+{
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, bytes);
+    const QString path = writeTemporary(fileName, bytes);
+    QVERIFY(!path.isEmpty());
+    const Result result = runCamTool({ QStringLiteral("show"), path });
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.err.count('\n'), 1);
+    QVERIFY2(result.err.contains("warning") && result.err.contains(fileName.toUtf8()), result.err.constData());
+    const QJsonObject shown = QJsonDocument::fromJson(result.out).object();
+    QCOMPARE(shown.value("Cyclic").toBool(true), false);
+    QCOMPARE(shown.value("CircularLength").toDouble(), 1.0);
+    QCOMPARE(shown.value("MotionPoints").toArray().size(), 0);
+}
+
+void tst_CamToolShow::unreadableFileFails()
+{
+    const QString path = m_dir.filePath(QStringLiteral("does-not-exist.json"));
+    const Result result = runCamTool({ QStringLiteral("show"), path });
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.err.count('\n'), 1);
+    QVERIFY(result.err.contains(path.toUtf8()));
+    QVERIFY(result.err.contains("No such file"));
+}
+
+void tst_CamToolShow::wrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("no verb") << QStringList();
+    QTest::newRow("unknown verb") << QStringList { "frobnicate" };
+    QTest::newRow("show without file") << QStringList { "show" };
+    QTest::newRow("show with two files") << QStringList { "show", "a.json", "b.json" };
+    QTest::newRow("unknown option") << QStringList { "show", "--bogus", "a.json" };
+}
+
+void tst_CamToolShow::wrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    const Result result = runCamTool(arguments);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(result.err.contains("Usage"));
+}
+
+QTEST_GUILESS_MAIN(tst_CamToolShow)
+#include "tst_camtoolshow.moc"
