@@ -1,0 +1,39 @@
+#include "helpwidget.h"
+
+#include "system.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace VxHelpSystem {
+
+HelpWidget::HelpWidget(QWidget *parent)
+    : QWidget(parent)
+    , m_browser(new QTextBrowser(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_browser);
+}
+
+void HelpWidget::initialize(MxSystem::System *system)
+{
+    m_system = system;
+}
+
+void HelpWidget::showHelpForId(const QString &id)
+{
+    m_currentId = id;
+    if (!m_system)
+        return;
+    const QString page = QDir(m_system->helpDirectory()).filePath(id + QStringLiteral(".html"));
+    if (QFileInfo::exists(page))
+        m_browser->setSource(QUrl::fromLocalFile(page));
+    else
+        m_browser->setPlainText(tr("Keine Hilfe zu %1 vorhanden.").arg(id));
+}
+
+} // namespace VxHelpSystem

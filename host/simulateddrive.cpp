@@ -1,0 +1,554 @@
+#include "simulateddrive.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
+#include <QSaveFile>
+
+#include <cmath>
+
+namespace MxSimulation {
+
+using MxParameterDefinition::ParameterAddress;
+using MxParameterDefinition::ParameterCoordinate;
+
+namespace {
+
+const QString FormatName = QStringLiteral("MxSimulatedDrive");
+constexpr int FormatVersion = 1;
+constexpr int MaximumAxes = 16;
+// Doubles hold whole numbers exactly up to 2^53; stay well below.
+constexpr double LargestScaledValue = 9.0e15;
+
+qint64 powerOfTen(int exponent)
+{
+    qint64 power = 1;
+    for (int i = 0; i < exponent; ++i)
+        power *= 10;
+    return power;
+}
+
+QString formatNative(qint64 native, int decimals, QChar point)
+{
+    const bool negative = native < 0;
+    const quint64 magnitude = negative ? quint64(0) - quint64(native) : quint64(native);
+    const quint64 scale = quint64(powerOfTen(decimals));
+    QString text = negative ? QStringLiteral("-") : QString();
+    text += QString::number(magnitude / scale);
+    if (decimals > 0)
+        text += point + QStringLiteral("%1").arg(magnitude % scale, decimals, 10, QLatin1Char('0'));
+    return text;
+}
+
+bool parseScaled(const QString &text, int decimals, qint64 *native)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty()) {
+        *native = 0;  // an empty text clears a number
+        return true;
+    }
+    bool ok = false;
+    double value = trimmed.toDouble(&ok);
+    if (!ok)
+        value = QLocale::system().toDouble(trimmed, &ok);
+    if (!ok || !std::isfinite(value))
+        return false;
+    const double scaled = value * double(powerOfTen(decimals));
+    if (std::fabs(scaled) > LargestScaledValue)
+        return false;
+    *native = std::llround(scaled);
+    return true;
+}
+
+} // namespace
+
+// The definition object of one parameter; reads its data from the drive.
+class SimulatedParameter : public MxParameterInstance::ParameterInformation
+{
+public:
+    SimulatedParameter(SimulatedDrive *drive, const ParameterCoordinate &coordinate)
+        : ParameterInformation(drive)
+        , m_drive(drive)
+        , m_coordinate(coordinate)
+    {
+    }
+
+    ParameterAddress address() const override { return ParameterAddress(-1, m_coordinate); }
+    int elementCount() const override { return entry().elementCount; }
+    bool setElementCount(int count) override
+    {
+        if (m_drive->isOnline())
+            return false;
+        return m_drive->resize(m_drive->m_entries[m_coordinate.toNumber()], count);
+    }
+    QString lowerLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().spec.nativeMinimum); }
+    QString upperLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().spec.nativeMaximum); }
+    MxMultilingual::ParameterText text(int element) const override
+    {
+        const ParameterSpec &spec = entry().spec;
+        if (element < 0 || element >= entry().elementCount)
+            return MxMultilingual::ParameterText();
+        return MxMultilingual::ParameterText(spec.shortText,
+                                             QStringLiteral("%1, Element %2").arg(spec.shortText).arg(element));
+    }
+    QString toNative(const QString &valueText) const override
+    {
+        const ParameterSpec &spec = entry().spec;
+        if (spec.kind == ParameterSpec::Text)
+            return valueText;
+        bool ok = false;
+        const double value = valueText.trimmed().toDouble(&ok);
+        if (!ok || !std::isfinite(value))
+            return QString();
+        const double scaled = value * double(powerOfTen(spec.decimalPlaces));
+        if (std::fabs(scaled) > LargestScaledValue)
+            return QString();
+        return QString::number(std::llround(scaled));
+    }
+
+    void announceValue(int axis) { emit valueChanged(ParameterAddress(axis, m_coordinate)); }
+    void announceDefinition() { emit definitionChanged(); }
+
+private:
+    const SimulatedDrive::Entry &entry() const { return *m_drive->entry(m_coordinate); }
+    QString limitText(qint64 native) const
+    {
+        const ParameterSpec &spec = entry().spec;
+        if (spec.kind == ParameterSpec::Text)
+            return QString();
+        return formatNative(native, spec.decimalPlaces, QLatin1Char('.'));
+    }
+
+    SimulatedDrive *m_drive;
+    ParameterCoordinate m_coordinate;
+};
+
+SimulatedDrive::SimulatedDrive(int axisCount, QObject *parent)
+    : ParameterContainer(parent)
+    , m_axisCount(qBound(1, axisCount, MaximumAxes))
+    , m_entries(freshEntries(m_axisCount))
+{
+    for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it) {
+        const ParameterCoordinate coordinate(it->spec.coordinate);
+        m_information.insert(it.key(), new SimulatedParameter(this, coordinate));
+    }
+}
+
+SimulatedDrive::~SimulatedDrive() = default;
+
+SimulatedDrive::Entries SimulatedDrive::freshEntries(int axisCount)
+{
+    Entries entries;
+    for (const ParameterSpec &spec : parameterCatalogue()) {
+        Entry entry;
+        entry.spec = spec;
+        entry.elementCount = spec.defaultElementCount;
+        Values values;
+        if (spec.kind == ParameterSpec::Text)
+            values.texts = QVector<QString>(entry.elementCount).toList();
+        else
+            values.numbers = QVector<qint64>(entry.elementCount, spec.defaultNative);
+        if (spec.perAxis) {
+            for (int axis = 0; axis < axisCount; ++axis)
+                entry.values.insert(axis + 1, values);
+        } else {
+            entry.values.insert(0, values);
+        }
+        entries.insert(ParameterCoordinate(spec.coordinate).toNumber(), entry);
+    }
+    return entries;
+}
+
+const SimulatedDrive::Entry *SimulatedDrive::entry(const ParameterCoordinate &coordinate) const
+{
+    const auto it = m_entries.constFind(coordinate.toNumber());
+    return it == m_entries.cend() || !coordinate.isValid() ? nullptr : &*it;
+}
+
+const SimulatedDrive::Values *SimulatedDrive::values(const Entry &entry, eLivingSpace livingSpace) const
+{
+    // A drive-wide parameter reads the same in every living space.
+    const int key = entry.spec.perAxis ? livingSpace : 0;
+    if (livingSpace < 0 || livingSpace > m_axisCount)
+        return nullptr;
+    const auto it = entry.values.constFind(key);
+    return it == entry.values.cend() ? nullptr : &*it;
+}
+
+bool SimulatedDrive::resize(Entry &entry, int count)
+{
+    if (count < 1 || count > entry.spec.maximumElementCount)
+        return false;
+    if (count == entry.elementCount)
+        return true;
+    entry.elementCount = count;
+    for (Values &values : entry.values) {
+        if (entry.spec.kind == ParameterSpec::Text) {
+            while (values.texts.size() > count)
+                values.texts.removeLast();
+            while (values.texts.size() < count)
+                values.texts.append(QString());
+        } else {
+            values.numbers.resize(count);  // new elements are zero
+        }
+    }
+    m_information.value(ParameterCoordinate(entry.spec.coordinate).toNumber())->announceDefinition();
+    return true;
+}
+
+QString SimulatedDrive::unitOf(const Entry &entry, eLivingSpace livingSpace) const
+{
+    if (entry.spec.unitParameter.isEmpty())
+        return entry.spec.unit;
+    const ParameterCoordinate unitCoordinate(entry.spec.unitParameter);
+    const Entry *unitEntry = this->entry(unitCoordinate);
+    // Drive-wide arrays take the unit of the first axis when read drive-wide.
+    const eLivingSpace space = unitEntry && unitEntry->spec.perAxis && livingSpace == 0 ? 1 : livingSpace;
+    return readValue(space, unitCoordinate, 0, true);
+}
+
+QString SimulatedDrive::readValue(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
+                                  bool displayText) const
+{
+    const Entry *found = entry(coordinate);
+    const Values *stored = found ? values(*found, livingSpace) : nullptr;
+    if (!stored || element < 0 || element >= found->elementCount)
+        return QString();
+    const ParameterSpec &spec = found->spec;
+    switch (spec.kind) {
+    case ParameterSpec::Text:
+        return stored->texts.at(element);
+    case ParameterSpec::Enumeration: {
+        const qint64 index = stored->numbers.at(element);
+        if (displayText && index >= 0 && index < spec.names.size())
+            return spec.names.at(int(index));
+        return QString::number(index);
+    }
+    case ParameterSpec::Number:
+        break;
+    }
+    QString text = formatNative(stored->numbers.at(element), spec.decimalPlaces, QLocale::system().decimalPoint());
+    if (displayText) {
+        const QString unit = unitOf(*found, livingSpace);
+        if (!unit.isEmpty())
+            text += QLatin1Char(' ') + unit;
+    }
+    return text;
+}
+
+QString SimulatedDrive::readValueNative(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
+                                        bool displayText) const
+{
+    const Entry *found = entry(coordinate);
+    const Values *stored = found ? values(*found, livingSpace) : nullptr;
+    if (!stored || element < 0 || element >= found->elementCount)
+        return QString();
+    if (found->spec.kind == ParameterSpec::Text)
+        return stored->texts.at(element);
+    if (displayText && found->spec.kind == ParameterSpec::Enumeration)
+        return readValue(livingSpace, coordinate, element, true);
+    return QString::number(stored->numbers.at(element));
+}
+
+bool SimulatedDrive::writeValue(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
+                                const QString &text)
+{
+    return acceptWrite(livingSpace, coordinate, element, text, false);
+}
+
+bool SimulatedDrive::writeValueNative(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
+                                      const QString &text)
+{
+    return acceptWrite(livingSpace, coordinate, element, text, true);
+}
+
+bool SimulatedDrive::acceptWrite(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
+                                 const QString &text, bool native)
+{
+    if (m_readOnly || (m_failFrom >= 0 && m_writesDone >= m_failFrom))
+        return false;
+    const Entry *found = entry(coordinate);
+    if (!found || !values(*found, livingSpace) || element < 0 || element >= found->elementCount)
+        return false;
+    const ParameterSpec &spec = found->spec;
+    Entry &target = m_entries[coordinate.toNumber()];
+    Values &stored = target.values[spec.perAxis ? livingSpace : 0];
+    bool changed = false;
+    if (spec.kind == ParameterSpec::Text) {
+        changed = stored.texts.at(element) != text;
+        stored.texts[element] = text;
+    } else {
+        qint64 value = 0;
+        bool ok = false;
+        if (native) {
+            value = text.trimmed().isEmpty() ? 0 : text.trimmed().toLongLong(&ok);
+            ok = ok || text.trimmed().isEmpty();
+        } else if (spec.kind == ParameterSpec::Enumeration && spec.names.contains(text.trimmed())) {
+            value = spec.names.indexOf(text.trimmed());
+            ok = true;
+        } else {
+            QString valueText = text.trimmed();
+            const QString unit = unitOf(*found, livingSpace);
+            if (!unit.isEmpty() && valueText.endsWith(unit))
+                valueText.chop(unit.size());
+            ok = parseScaled(valueText, spec.decimalPlaces, &value);
+        }
+        if (!ok || value < spec.nativeMinimum || value > spec.nativeMaximum)
+            return false;
+        changed = stored.numbers.at(element) != value;
+        stored.numbers[element] = value;
+    }
+    afterWrite(spec.coordinate, element, text);
+    if (changed)
+        m_information.value(coordinate.toNumber())->announceValue(livingSpace - 1);
+    if (m_writesDone == m_onlineAt) {
+        m_onlineAt = -1;
+        setOnline(true);
+    }
+    if (m_writesDone == m_readOnlyAt) {
+        m_readOnlyAt = -1;
+        setReadOnly(true);
+    }
+    return true;
+}
+
+void SimulatedDrive::afterWrite(const QString &coordinate, int element, const QString &text)
+{
+    ++m_writesDone;
+    ++m_writeCounts[coordinate];
+    m_writeLog.append(WriteRecord { coordinate, element, text });
+}
+
+MxParameterInstance::ParameterInformation *SimulatedDrive::definition(const ParameterCoordinate &coordinate) const
+{
+    return coordinate.isValid() ? m_information.value(coordinate.toNumber()) : nullptr;
+}
+
+void SimulatedDrive::setOnline(bool online)
+{
+    if (m_online == online)
+        return;
+    emit onlineSetToChange();
+    m_online = online;
+    emit onlineChanged();
+}
+
+void SimulatedDrive::setReadOnly(bool readOnly)
+{
+    if (m_readOnly == readOnly)
+        return;
+    emit readOnlySetToChange();
+    m_readOnly = readOnly;
+    emit readOnlyChanged();
+}
+
+bool SimulatedDrive::setNativeLimits(const QString &coordinate, qint64 minimum, qint64 maximum)
+{
+    const ParameterCoordinate parsed(coordinate);
+    if (!entry(parsed) || minimum > maximum)
+        return false;
+    Entry &target = m_entries[parsed.toNumber()];
+    target.spec.nativeMinimum = minimum;
+    target.spec.nativeMaximum = maximum;
+    m_information.value(parsed.toNumber())->announceDefinition();
+    return true;
+}
+
+void SimulatedDrive::failWritesAfter(int writes)
+{
+    m_failFrom = writes < 0 ? -1 : m_writesDone + writes;
+}
+
+void SimulatedDrive::goOnlineAfterWrites(int writes)
+{
+    m_onlineAt = writes < 0 ? -1 : m_writesDone + writes;
+}
+
+void SimulatedDrive::goReadOnlyAfterWrites(int writes)
+{
+    m_readOnlyAt = writes < 0 ? -1 : m_writesDone + writes;
+}
+
+void SimulatedDrive::clearWriteCounts()
+{
+    m_writeCounts.clear();
+    m_writeLog.clear();
+}
+
+namespace {
+
+QJsonArray valuesToJson(const ParameterSpec &spec, const QVector<qint64> &numbers, const QStringList &texts)
+{
+    QJsonArray array;
+    if (spec.kind == ParameterSpec::Text) {
+        for (const QString &text : texts)
+            array.append(text);
+    } else {
+        for (qint64 number : numbers)
+            array.append(double(number));
+    }
+    return array;
+}
+
+} // namespace
+
+QByteArray SimulatedDrive::toJson() const
+{
+    QJsonObject parameters;
+    for (const Entry &stored : m_entries) {
+        const ParameterSpec &spec = stored.spec;
+        if (spec.perAxis) {
+            QJsonObject perSpace;
+            for (auto it = stored.values.cbegin(); it != stored.values.cend(); ++it)
+                perSpace.insert(QString::number(it.key()), valuesToJson(spec, it->numbers, it->texts));
+            parameters.insert(spec.coordinate, perSpace);
+        } else {
+            const Values &values = stored.values.value(0);
+            parameters.insert(spec.coordinate, valuesToJson(spec, values.numbers, values.texts));
+        }
+    }
+    QJsonObject root;
+    root.insert(QStringLiteral("Drive"), FormatName);
+    root.insert(QStringLiteral("Version"), FormatVersion);
+    root.insert(QStringLiteral("Axes"), m_axisCount);
+    root.insert(QStringLiteral("Parameters"), parameters);
+    return QJsonDocument(root).toJson(QJsonDocument::Indented);
+}
+
+namespace {
+
+// Reads the elements of one parameter; false with a reason when damaged.
+bool valuesFromJson(const ParameterSpec &spec, const QJsonValue &json, QVector<qint64> *numbers,
+                    QStringList *texts, QString *reason)
+{
+    if (!json.isArray()) {
+        *reason = QStringLiteral("%1 is not a list of elements").arg(spec.coordinate);
+        return false;
+    }
+    const QJsonArray array = json.toArray();
+    if (array.isEmpty() || array.size() > spec.maximumElementCount) {
+        *reason = QStringLiteral("%1 has %2 elements (1 to %3 allowed)")
+                      .arg(spec.coordinate).arg(array.size()).arg(spec.maximumElementCount);
+        return false;
+    }
+    for (int i = 0; i < array.size(); ++i) {
+        const QJsonValue value = array.at(i);
+        if (spec.kind == ParameterSpec::Text) {
+            if (!value.isString()) {
+                *reason = QStringLiteral("%1 element %2 is not a text").arg(spec.coordinate).arg(i);
+                return false;
+            }
+            texts->append(value.toString());
+            continue;
+        }
+        const double number = value.toDouble(std::nan(""));
+        if (!value.isDouble() || number != std::floor(number) || number < double(spec.nativeMinimum)
+            || number > double(spec.nativeMaximum)) {
+            *reason = QStringLiteral("%1 element %2 is no value of the parameter").arg(spec.coordinate).arg(i);
+            return false;
+        }
+        numbers->append(qint64(number));
+    }
+    return true;
+}
+
+} // namespace
+
+bool SimulatedDrive::fromJson(const QByteArray &json, QString *errorString)
+{
+    auto fail = [errorString](const QString &reason) {
+        if (errorString)
+            *errorString = reason;
+        return false;
+    };
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
+    if (parseError.error != QJsonParseError::NoError)
+        return fail(QStringLiteral("not a JSON document (%1 at offset %2)")
+                        .arg(parseError.errorString()).arg(parseError.offset));
+    const QJsonObject root = document.object();
+    if (!document.isObject() || root.value(QStringLiteral("Drive")).toString() != FormatName)
+        return fail(QStringLiteral("not a simulated drive project"));
+    if (root.value(QStringLiteral("Version")).toInt() != FormatVersion)
+        return fail(QStringLiteral("unsupported drive project version"));
+    const int axes = root.value(QStringLiteral("Axes")).toInt();
+    if (axes < 1 || axes > MaximumAxes)
+        return fail(QStringLiteral("the number of axes is missing or out of range"));
+    if (!root.value(QStringLiteral("Parameters")).isObject())
+        return fail(QStringLiteral("the parameters are missing"));
+    const QJsonObject parameters = root.value(QStringLiteral("Parameters")).toObject();
+
+    Entries entries = freshEntries(axes);
+    for (auto it = parameters.constBegin(); it != parameters.constEnd(); ++it) {
+        const ParameterCoordinate coordinate(it.key());
+        const auto found = entries.find(coordinate.toNumber());
+        if (!coordinate.isValid() || found == entries.end() || found->spec.coordinate != it.key())
+            return fail(QStringLiteral("unknown parameter %1").arg(it.key()));
+        Entry &target = *found;
+        const ParameterSpec &spec = target.spec;
+        QString reason;
+        int count = -1;
+        const QList<int> spaces = target.values.keys();
+        for (int space : spaces) {
+            QJsonValue elements = it.value();
+            if (spec.perAxis) {
+                elements = it.value().toObject().value(QString::number(space));
+                if (!it.value().isObject() || elements.isUndefined())
+                    return fail(QStringLiteral("%1 has no value for living space %2").arg(spec.coordinate).arg(space));
+            }
+            Values values;
+            if (!valuesFromJson(spec, elements, &values.numbers, &values.texts, &reason))
+                return fail(reason);
+            const int size = spec.kind == ParameterSpec::Text ? values.texts.size() : values.numbers.size();
+            if (count >= 0 && size != count)
+                return fail(QStringLiteral("%1 differs in size between living spaces").arg(spec.coordinate));
+            count = size;
+            target.values.insert(space, values);
+        }
+        target.elementCount = count;
+    }
+
+    // Keep the limits and the definition objects; announce what changed.
+    QList<int> resized;
+    for (auto it = entries.begin(); it != entries.end(); ++it) {
+        const Entry &old = m_entries.value(it.key());
+        it->spec.nativeMinimum = old.spec.nativeMinimum;
+        it->spec.nativeMaximum = old.spec.nativeMaximum;
+        if (old.elementCount != it->elementCount)
+            resized.append(it.key());
+    }
+    m_axisCount = axes;
+    m_entries = entries;
+    for (int key : resized)
+        m_information.value(key)->announceDefinition();
+    return true;
+}
+
+bool SimulatedDrive::load(const QString &path, QString *errorString)
+{
+    QFile file(path);
+    if (!file.exists())
+        return true;
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (errorString)
+            *errorString = file.errorString();
+        return false;
+    }
+    return fromJson(file.readAll(), errorString);
+}
+
+bool SimulatedDrive::save(const QString &path, QString *errorString) const
+{
+    QSaveFile file(path);
+    const QByteArray bytes = toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        if (errorString)
+            *errorString = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+} // namespace MxSimulation

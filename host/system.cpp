@@ -1,0 +1,11 @@
+#include "system.h"
+
+namespace MxSystem {
+
+System *System::instance()
+{
+    static System system;
+    return &system;
+}
+
+} // namespace MxSystem
