@@ -10,7 +10,7 @@
 // and the curve calculation) differ from the combo-box order on purpose:
 // turning point is 2 and acceleration 3, while the combo box lists
 // acceleration before turning point.
-enum movementRules {
+enum movementRules : int {
     rest = 0,
     speed = 1,
     turningPoint = 2,
