@@ -3,18 +3,33 @@
 #include "mxcamdesigner_export.h"
 
 #include <QObject>
+#include <QString>
 
 #include <cmath>
 
-// The editor's view of the drive's position scaling. The curve calculation
-// reads only the decimal places of positions and the resolution derived from
-// them; the drive parameter binding supplies the implementation.
+class ParameterModel;
+
+// The editor's view of the drive's position scaling and of how the curve is
+// shown over time. The curve calculation reads only the decimal places of
+// positions and the resolution derived from them; the drive parameter
+// binding supplies the implementation (createScaling), tools and tests a
+// FixedScaling.
 class MXCAMDESIGNER_EXPORT Scaling : public QObject
 {
     Q_OBJECT
 public:
+    // Selector values as stored; the display texts come from the functions below.
+    enum MasterAxisScaling { MasterUnit = 0, CycleTime = 1 };
+    enum VelocityScaling { MasterSlave = 0, RpmOutput = 1, RpmMotor = 2 };
+    enum TimeUnit { Minutes = 0, Seconds = 1, Milliseconds = 2 };
+
+    static constexpr double DefaultCycleTime = 1.0;
+
     using QObject::QObject;
     ~Scaling() override = default;
+
+    // A scaling that takes decimal places and position texts from the drive.
+    static Scaling *createScaling(ParameterModel *parameterModel, QObject *parent);
 
     // Decimal places of positions as the drive stores them.
     virtual int decimalPlaces() const = 0;
@@ -22,4 +37,37 @@ public:
     // The smallest position step the drive can store: 10 to the power of
     // minus the decimal places.
     double positionResolution() const { return std::pow(10.0, -decimalPlaces()); }
+
+    virtual QString masterPositionToText(double position) const = 0;
+    virtual QString slavePositionToText(double position) const = 0;
+    virtual double masterTextToPosition(const QString &text) const = 0;
+    virtual double slaveTextToPosition(const QString &text) const = 0;
+
+    int masterAxisScaling() const { return m_masterAxisScaling; }
+    void setMasterAxisScaling(int scaling);
+    double cycleTime() const { return m_cycleTime; }
+    void setCycleTime(double seconds);
+    int velocityScaling() const { return m_velocityScaling; }
+    void setVelocityScaling(int scaling);
+
+    // Translated names of the selector values; empty for an unknown value.
+    static QString masterAxisScalingText(int scaling);
+    static QString velocityScalingText(int scaling);
+    static QString timeUnitName(int unit);
+    QString masterAxisScalingText() const { return masterAxisScalingText(m_masterAxisScaling); }
+    QString velocityScalingText() const { return velocityScalingText(m_velocityScaling); }
+    // Four decimals, the system locale's decimal point, then " s".
+    QString cycleTimeText() const;
+
+signals:
+    void masterAxisScalingChanged();
+    void cycleTimeChanged();
+    void velocityScalingChanged();
+    // Decimal places, units or limits of the drive changed.
+    void changed();
+
+private:
+    int m_masterAxisScaling = MasterUnit;
+    double m_cycleTime = DefaultCycleTime;
+    int m_velocityScaling = MasterSlave;
 };

@@ -7,6 +7,8 @@ target_sources(MxCamDesigner PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.cpp
     ${CMAKE_CURRENT_LIST_DIR}/fixedscaling.h
     ${CMAKE_CURRENT_LIST_DIR}/scaling.h
+    ${CMAKE_CURRENT_LIST_DIR}/scalingimplementation.h
+    ${CMAKE_CURRENT_LIST_DIR}/scalingimplementation.cpp
     ${CMAKE_CURRENT_LIST_DIR}/steps.h
     ${CMAKE_CURRENT_LIST_DIR}/steps.cpp
 )

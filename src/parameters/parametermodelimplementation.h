@@ -1,0 +1,147 @@
+#pragma once
+
+#include "parametermodel.h"
+
+#include "parameterdefinition.h"
+
+#include <QPointer>
+
+namespace MxParameterInstance {
+class ParameterContainer;
+class ParameterInformation;
+}
+class SaveParameterProgress;
+
+class MXCAMDESIGNER_EXPORT ParameterModelImplementation : public ParameterModel
+{
+    Q_OBJECT
+public:
+    using eLivingSpace = MxParameterDefinition::eLivingSpace;
+    using ParameterAddress = MxParameterDefinition::ParameterAddress;
+    using ParameterCoordinate = MxParameterDefinition::ParameterCoordinate;
+
+    static constexpr int CamTableCount = 16;
+
+    // container: the drive's parameters; livingSpace: where this editor reads
+    // and writes (0 drive-wide, axis a is a + 1).
+    ParameterModelImplementation(QObject *parent, MxParameterInstance::ParameterContainer *container,
+                                 unsigned short camTable, eLivingSpace livingSpace);
+    ~ParameterModelImplementation() override;
+
+    // Array coordinates of a table; empty outside 0..15.
+    static ParameterCoordinate masterArrayOf(int camTable);
+    static ParameterCoordinate slaveArrayOf(int camTable);
+
+    unsigned short camTable() const override { return m_camTable; }
+    eLivingSpace livingSpace() const { return m_livingSpace; }
+    QString masterCoordinateText() const override { return m_masterArray.toText(); }
+    QString slaveCoordinateText() const override { return m_slaveArray.toText(); }
+
+    QString masterValueToText(double value) const override;
+    QString slaveValueToText(double value) const override;
+    double masterTextToValue(const QString &text) const override;
+    double slaveTextToValue(const QString &text) const override;
+
+    QString checkMasterValue(double value) const override;
+    QString checkMasterValue(double value, double minimum) const override;
+    QString checkSlaveValue(double value) const override;
+    QString checkSlaveValue(double value, double minimum) const override;
+
+    int masterDecimalPlaces() const override { return m_masterDecimalPlaces; }
+    int slaveDecimalPlaces() const override { return m_slaveDecimalPlaces; }
+    QString masterUnit() const override { return m_masterUnit; }
+    QString slaveUnit() const override { return m_slaveUnit; }
+    double masterMinimum() const { return m_masterMinimum; }
+    double masterMaximum() const { return m_masterMaximum; }
+    double slaveMinimum() const { return m_slaveMinimum; }
+    double slaveMaximum() const { return m_slaveMaximum; }
+
+    int storedGridPointCount() const override;
+    QPolygonF storedGridPoints() const override { return m_storedPositions; }
+    QPolygonF storedVelocities() const override { return m_storedVelocities; }
+    QPolygonF storedAccelerations() const override { return m_storedAccelerations; }
+    QPolygonF storedJerks() const override { return m_storedJerks; }
+    QString storedTableSummary() const override;
+
+    bool isOnline() const override;
+    bool isReadOnly() const override;
+
+    void writeGridPoints(const QVector<QPointF> &points) override;
+    void deleteGridPoints() override;
+    void editorOpened() override;
+    void editorClosed() override;
+
+    // Rounded to the decimal places of the axis, half away from zero.
+    double roundMaster(double value) const;
+    double roundSlave(double value) const;
+    // Empty when point i may be written, otherwise the message naming the
+    // element and the limit.
+    QString checkGridPoint(int index, const QPointF &point) const;
+    // CRC-32 over the stored table as the stamp covers it.
+    quint32 computeCrc() const;
+    SaveParameterProgress *saveProgress() const { return m_saveProgress; }
+
+signals:
+    void saveProgressed(int master, int slave, int count);
+
+public slots:
+    void setConnections() override;
+    void updateCrC();
+    void onParameterChanged(const MxParameterDefinition::ParameterAddress &changedAddress);
+    void updateDecimalPlacesMaster();
+    void updateMasterUnit();
+    void updateSlaveUnit();
+    void updateDecimalPlacesSlave();
+    void onValueOfDecimalPlacesChanged();
+
+protected:
+    // The drive is about to go on- or offline, and has done so.
+    virtual void onConnectionSetToChange();
+    virtual void onConnectionChanged();
+
+private slots:
+    void updateLimits();
+
+private:
+    MxParameterInstance::ParameterInformation *definition(const ParameterCoordinate &coordinate) const;
+    QString readText(const ParameterCoordinate &coordinate, int element, bool displayText = false) const;
+    QString checkValue(double rounded, int index, const ParameterCoordinate &array, double minimum,
+                       double maximum) const;
+    QString limitMessage(double value, double minimum, double maximum, const QString &unit, bool master) const;
+    void connectArrayChanges();
+    void disconnectArrayChanges();
+    void readBackGridPoints();
+    void writeStamp();
+    bool mustGrow(int count) const;
+    void fillWithZeros(int count, int decimals);
+
+    QPointer<MxParameterInstance::ParameterContainer> m_container;
+    eLivingSpace m_livingSpace;
+    unsigned short m_camTable;
+    ParameterCoordinate m_masterArray;
+    ParameterCoordinate m_slaveArray;
+    ParameterCoordinate m_masterUnitCoordinate;
+    ParameterCoordinate m_slaveUnitCoordinate;
+    ParameterCoordinate m_crcCoordinate;
+    ParameterCoordinate m_masterDecimalsCoordinate;
+    ParameterCoordinate m_slaveDecimalsCoordinate;
+    ParameterCoordinate m_masterReferenceCoordinate;
+    ParameterCoordinate m_slaveReferenceCoordinate;
+    int m_masterDecimalPlaces = 0;
+    int m_slaveDecimalPlaces = 0;
+    QString m_masterUnit;
+    QString m_slaveUnit;
+    double m_masterMinimum = 0.0;
+    double m_masterMaximum = 0.0;
+    double m_slaveMinimum = 0.0;
+    double m_slaveMaximum = 0.0;
+    QString m_masterMinimumNative;
+    QString m_masterMaximumNative;
+    QString m_slaveMinimumNative;
+    QString m_slaveMaximumNative;
+    QPolygonF m_storedPositions;
+    QPolygonF m_storedVelocities;
+    QPolygonF m_storedAccelerations;
+    QPolygonF m_storedJerks;
+    SaveParameterProgress *m_saveProgress = nullptr;
+};

@@ -1,0 +1,8 @@
+target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/parametermodel.h
+    ${CMAKE_CURRENT_LIST_DIR}/parametermodelimplementation.h
+    ${CMAKE_CURRENT_LIST_DIR}/parametermodelimplementation.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/parametermodeltable.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/saveparameterprogress.h
+    ${CMAKE_CURRENT_LIST_DIR}/saveparameterprogress.cpp
+)
