@@ -1,0 +1,8 @@
+#include "camsection.h"
+
+CamSection::CamSection(QObject *parent)
+    : QObject(parent)
+{
+}
+
+CamSection::~CamSection() = default;

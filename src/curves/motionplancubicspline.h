@@ -1,0 +1,28 @@
+#pragma once
+
+#include "cubicspline.h"
+#include "motionplan.h"
+
+// The motion law "Spline": one natural cubic spline through all motion
+// points; the points' segment types have no effect.
+class MXCAMDESIGNER_EXPORT MotionPlanCubicSpline : public MotionPlan
+{
+    Q_OBJECT
+public:
+    MotionPlanCubicSpline(QList<MotionPoint *> motionPoints, bool cyclic, double circularLength,
+                          QObject *parent, Scaling *scaling);
+    ~MotionPlanCubicSpline() override;
+
+    double position(double master) const override;
+    double velocity(double master) const override;
+    double acceleration(double master) const override;
+    double jerk(double master) const override;
+
+    const CubicSpline &spline() const { return m_spline; }
+
+protected:
+    std::pair<double, double> straightStretch(double master) const override;
+
+private:
+    CubicSpline m_spline;
+};
