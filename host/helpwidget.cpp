@@ -3,9 +3,8 @@
 #include "system.h"
 
 #include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <QTextBrowser>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace VxHelpSystem {
@@ -30,8 +29,10 @@ void HelpWidget::showHelpForId(const QString &id)
     if (!m_system)
         return;
     const QString page = QDir(m_system->helpDirectory()).filePath(id + QStringLiteral(".html"));
-    if (QFileInfo::exists(page))
-        m_browser->setSource(QUrl::fromLocalFile(page));
+    QFile file(page);
+    // Help pages are UTF-8, whatever their head says.
+    if (file.open(QIODevice::ReadOnly))
+        m_browser->setHtml(QString::fromUtf8(file.readAll()));
     else
         m_browser->setPlainText(tr("Keine Hilfe zu %1 vorhanden.").arg(id));
 }

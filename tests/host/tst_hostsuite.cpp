@@ -1,0 +1,116 @@
+#include "bytearraysupport.h"
+#include "defaultpathsetting.h"
+#include "helpwidget.h"
+#include "parameterdefinition.h"
+#include "system.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTextBrowser>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using MxParameterDefinition::ParameterAddress;
+using MxParameterDefinition::ParameterCoordinate;
+
+class TestHostSuite : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("MxHostSuiteTest"));
+        QCoreApplication::setApplicationName(QStringLiteral("tst_hostsuite"));
+        QStandardPaths::setTestModeEnabled(true);
+    }
+
+    void coordinate_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("valid");
+        QTest::addColumn<QString>("normalised");
+        QTest::newRow("drive array") << "G283" << true << "G283";
+        QTest::newRow("axis parameter") << "I06" << true << "I6";
+        QTest::newRow("surrounding blanks") << " G68 " << true << "G68";
+        QTest::newRow("lower-case group") << "g283" << false << "";
+        QTest::newRow("no number") << "G" << false << "";
+        QTest::newRow("empty") << "" << false << "";
+    }
+    void coordinate()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, valid);
+        QFETCH(QString, normalised);
+        const ParameterCoordinate coordinate(text);
+        QCOMPARE(coordinate.isValid(), valid);
+        QCOMPARE(coordinate.toText(), normalised);
+    }
+
+    void coordinateNumbersDifferAcrossGroups()
+    {
+        QVERIFY(ParameterCoordinate(QStringLiteral("G6")).toNumber()
+                != ParameterCoordinate(QStringLiteral("I6")).toNumber());
+        QCOMPARE(ParameterCoordinate(QStringLiteral("I06")), ParameterCoordinate(QStringLiteral("I6")));
+    }
+
+    void addressText()
+    {
+        const ParameterAddress address(1, ParameterCoordinate(QStringLiteral("G415")));
+        QCOMPARE(address.toText(), QStringLiteral("G415"));
+        QCOMPARE(address.toText(ParameterAddress::WithAxis), QStringLiteral("A1:G415"));
+        QCOMPARE(ParameterAddress(-1, address.coordinate()).toText(ParameterAddress::WithAxis),
+                 QStringLiteral("A-:G415"));
+    }
+
+    void crc32OfKnownText()
+    {
+        // The check value of the standard CRC-32.
+        QCOMPARE(VxByteArraySupport::ByteArraySupport("123456789", true).crc32(), quint32(0xCBF43926));
+    }
+
+    void defaultPathKeepsDirectoryOfLastFile()
+    {
+        QTemporaryDir directory;
+        QVERIFY(directory.isValid());
+        VxUtilities::DefaultPathSetting setting(QStringLiteral("CamDesigner"));
+        setting.setPath(directory.filePath(QStringLiteral("cam.json")));
+        QCOMPARE(VxUtilities::DefaultPathSetting(QStringLiteral("CamDesigner")).path(), directory.path());
+        QCOMPARE(VxUtilities::DefaultPathSetting(QStringLiteral("Other")).path(), QDir::homePath());
+    }
+
+    void defaultPathFallsBackWhenDirectoryIsGone()
+    {
+        QString gone;
+        {
+            QTemporaryDir directory;
+            gone = directory.path();
+            VxUtilities::DefaultPathSetting(QStringLiteral("Vanishing")).setPath(gone);
+        }
+        QCOMPARE(VxUtilities::DefaultPathSetting(QStringLiteral("Vanishing")).path(), QDir::homePath());
+    }
+
+    void helpWidgetShowsPageOfId()
+    {
+        QTemporaryDir directory;
+        QFile page(directory.filePath(QStringLiteral("G283.html")));
+        QVERIFY(page.open(QIODevice::WriteOnly));
+        page.write("<p>Master-Stützstellen</p>");
+        page.close();
+        MxSystem::System::instance()->setHelpDirectory(directory.path());
+
+        VxHelpSystem::HelpWidget help;
+        QVERIFY(!help.isInitialized());
+        help.initialize(MxSystem::System::instance());
+        QVERIFY(help.isInitialized());
+        help.showHelpForId(QStringLiteral("G283"));
+        QCOMPARE(help.currentId(), QStringLiteral("G283"));
+        auto *browser = help.findChild<QTextBrowser *>();
+        QVERIFY(browser);
+        QVERIFY(browser->toPlainText().contains(QStringLiteral("Master-Stützstellen")));
+        help.showHelpForId(QStringLiteral("G999"));
+        QVERIFY(browser->toPlainText().contains(QStringLiteral("G999")));
+    }
+};
+
+QTEST_MAIN(TestHostSuite)
+#include "tst_hostsuite.moc"
