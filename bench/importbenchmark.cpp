@@ -1,0 +1,99 @@
+// Converting a curve table runs again on every keystroke in the import
+// dialog, so one conversion of a large table must stay well below what a
+// user notices (the target is well under 50 ms for 20000 pairs).
+#include "import/curvetextconverter.h"
+
+#include <QPolygonF>
+#include <QString>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+const int Pairs = 20000;
+
+// A table as the tools write it: a header, units, Windows line ends.
+QString tableText(int format)
+{
+    QString text;
+    text.reserve(Pairs * 32);
+    switch (format) {
+    case CurveTextConverter::ServoSoft:
+        text += QStringLiteral("Masterposition;Slaveposition\r\n[Grad];[mm]\r\n");
+        break;
+    case CurveTextConverter::TwinCat2:
+        text += QStringLiteral("Master,Slave\r\n");
+        break;
+    case CurveTextConverter::CodeSys:
+        text += QStringLiteral("(* Kurvenscheibe *)\r\n");
+        break;
+    default:
+        text += QStringLiteral("Master\tSlave\r\n");
+        break;
+    }
+    for (int i = 0; i < Pairs; ++i) {
+        const QString master = QString::number(i * 0.018, 'f', 3);
+        const QString slave = QString::number(100.0 * i / Pairs, 'e', 6);
+        switch (format) {
+        case CurveTextConverter::ServoSoft:
+            text += QString(master).replace(QLatin1Char('.'), QLatin1Char(',')) + QLatin1Char(';')
+                + QString(slave).replace(QLatin1Char('.'), QLatin1Char(','));
+            break;
+        case CurveTextConverter::TwinCat2:
+            text += master + QLatin1Char(',') + QString::number(100.0 * i / Pairs, 'f', 6);
+            break;
+        case CurveTextConverter::CodeSys:
+            text += master + QStringLiteral(";  ") + slave;
+            break;
+        default:
+            text += QString(master).replace(QLatin1Char('.'), QLatin1Char(',')) + QLatin1Char('\t')
+                + QString(slave).replace(QLatin1Char('.'), QLatin1Char(','));
+            break;
+        }
+        text += QStringLiteral("\r\n");
+    }
+    return text;
+}
+
+void convertTable(benchmark::State &state)
+{
+    const int format = static_cast<int>(state.range(0));
+    CurveTextConverter converter;
+    converter.setFormat(format);
+    if (format == CurveTextConverter::FreeFormat) {
+        converter.setDecimalSeparator(CurveTextConverter::DecimalComma);
+        converter.setValueSeparator(CurveTextConverter::Tab);
+    }
+    converter.setText(tableText(format));
+    for (auto _ : state) {
+        const QPolygonF points = converter.convert();
+        if (points.size() != Pairs || !converter.errorMessage().isEmpty()) {
+            state.SkipWithError("the table did not convert completely");
+            break;
+        }
+        benchmark::DoNotOptimize(points.constData());
+    }
+    state.SetItemsProcessed(state.iterations() * Pairs);
+}
+
+// Each format by its selector index; 3 is the free format (comma, tab).
+BENCHMARK(convertTable)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
+// A change of separator in the dialog compiles the pattern anew.
+void convertAfterSeparatorChange(benchmark::State &state)
+{
+    CurveTextConverter converter;
+    converter.setDecimalSeparator(CurveTextConverter::DecimalComma);
+    converter.setText(tableText(CurveTextConverter::FreeFormat));
+    int separator = CurveTextConverter::Semicolon;
+    for (auto _ : state) {
+        separator = separator == CurveTextConverter::Semicolon ? CurveTextConverter::Tab : CurveTextConverter::Semicolon;
+        converter.setValueSeparator(separator);
+        benchmark::DoNotOptimize(converter.convert().constData());
+    }
+}
+BENCHMARK(convertAfterSeparatorChange)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
