@@ -88,7 +88,9 @@ public:
     MxMultilingual::ParameterText text(int element) const override
     {
         const ParameterSpec &spec = entry().spec;
-        if (element < 0 || element >= entry().elementCount)
+        // Texts exist for every element the parameter can have, also for
+        // those beyond its present size.
+        if (element < 0 || element >= spec.maximumElementCount)
             return MxMultilingual::ParameterText();
         return MxMultilingual::ParameterText(spec.shortText,
                                              QStringLiteral("%1, Element %2").arg(spec.shortText).arg(element));
