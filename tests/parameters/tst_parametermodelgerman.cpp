@@ -1,0 +1,114 @@
+#include "model/scalingimplementation.h"
+
+#include "boundtable.h"
+#include "messagecapture.h"
+
+#include <QLocale>
+#include <QSet>
+#include <QtTest>
+
+// The parameter model under a German system locale, as the drive suite runs
+// at its users: "," is the decimal point of every text.
+class TestParameterModelGerman : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        // The test is registered with LC_ALL=de_DE.UTF-8; without it every
+        // comparison below would test the C locale again.
+        QCOMPARE(QLocale::system().decimalPoint(), QLatin1Char(','));
+    }
+
+    void textWithUnitParses_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("master");
+        QTest::addColumn<double>("slave");
+        QTest::newRow("twelve comma five with master unit") << "12,5°" << 12.5 << 0.0;
+        QTest::newRow("with blank before the unit") << "12,5 °" << 12.5 << 0.0;
+        QTest::newRow("slave unit") << "-0,25 mm" << 0.0 << -0.25;
+        QTest::newRow("no unit") << "3,75" << 3.75 << 3.75;
+    }
+    void textWithUnitParses()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, master);
+        QFETCH(double, slave);
+        BoundTable bound;
+        QCOMPARE(bound.model().masterTextToValue(text), master);
+        QCOMPARE(bound.model().slaveTextToValue(text), slave);
+    }
+
+    void valuesShownWithComma()
+    {
+        BoundTable bound;
+        QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), 0, 360000));
+        QCOMPARE(bound.model().masterValueToText(12.5), QStringLiteral("12,500"));
+        QCOMPARE(bound.model().slaveValueToText(-1234.5), QStringLiteral("-1234,500"));
+        QCOMPARE(bound.model().checkMasterValue(400.0),
+                 QStringLiteral("Der Wert 400,000 ° ist zu groß, das Maximum ist 360,000 °"));
+    }
+
+    void secondWriteWritesNoArrayElement()
+    {
+        BoundTable bound(5);
+        const QVector<QPointF> points = curvePoints(400);
+        MessageCapture capture;
+        bound.model().writeGridPoints(points);
+        // The first master position rounds to the zero the fresh array holds.
+        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 399);
+        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 400);
+
+        bound.drive.clearWriteCounts();
+        bound.model().writeGridPoints(points);
+        QCOMPARE(capture.count(), 0);
+        QSet<QString> written;
+        for (const auto &record : bound.drive.writeLog())
+            written.insert(record.coordinate);
+        QCOMPARE(written, (QSet<QString> { "G68", "G60", "G61", "G293" }));
+        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 0);
+        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 0);
+    }
+
+    void onlyChangedElementsAreWritten()
+    {
+        BoundTable bound;
+        QVector<QPointF> points = curvePoints(50);
+        MessageCapture capture;
+        bound.model().writeGridPoints(points);
+        points[7].setY(points[7].y() + 0.001);
+        points[30].setX(points[30].x() + 0.0003);  // rounds to the stored value
+        bound.drive.clearWriteCounts();
+        bound.model().writeGridPoints(points);
+        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 0);
+        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 1);
+        QCOMPARE(bound.drive.writeLog().constFirst().element, 7);
+    }
+
+    void storedPointsReadBackWithComma()
+    {
+        BoundTable bound;
+        MessageCapture capture;
+        bound.model().writeGridPoints({ QPointF(0.5, 1.25), QPointF(90, -7.125), QPointF(180, 0) });
+        QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.master(), 0), QStringLiteral("0,500"));
+        QCOMPARE(bound.model().storedGridPoints(),
+                 QPolygonF({ QPointF(0.5, 1.25), QPointF(90, -7.125), QPointF(180, 0) }));
+        QVERIFY(bound.model().storedTableSummary().contains(QStringLiteral("<p>\t\tSlave: 1,250</p>")));
+        QVERIFY(bound.model().storedTableSummary().contains(QStringLiteral("<p>\t\tMaster: 180,000 </p>")));
+    }
+
+    void cycleTimeShownWithComma()
+    {
+        BoundTable bound;
+        ScalingImplementation scaling(&bound.model());
+        QCOMPARE(scaling.cycleTimeText(), QStringLiteral("1,0000 s"));
+        scaling.setCycleTime(0.00625);
+        QCOMPARE(scaling.cycleTimeText(), QStringLiteral("0,0063 s"));
+        QCOMPARE(scaling.masterPositionToText(2.5), QStringLiteral("2,500"));
+        QCOMPARE(scaling.masterTextToPosition(QStringLiteral("2,5 °")), 2.5);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestParameterModelGerman)
+#include "tst_parametermodelgerman.moc"
