@@ -1,0 +1,234 @@
+#include "curves/camsectionfifthpolynomial.h"
+#include "curves/motionplancubicspline.h"
+#include "curves/motionplanvdi.h"
+#include "model/fixedscaling.h"
+#include "planpoints.h"
+#include "referencesampling.h"
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+// The plans find sections and nearby motion points by binary search and pass
+// over straight stretches quickly. These tests hold them, bit for bit, to the
+// first-match rules taken literally, on random input.
+
+namespace {
+
+enum class Order { Ascending, WithDuplicates, Unsorted };
+
+// Masters on a coarse grid so that duplicates and exact boundaries occur.
+PlanPoints randomPoints(QRandomGenerator &random, int count, Order order, bool straightRuns)
+{
+    QVector<double> masters;
+    double master = random.bounded(20) * 0.5;
+    for (int i = 0; i < count; ++i) {
+        masters.append(master);
+        const bool repeat = order == Order::WithDuplicates && random.bounded(4) == 0;
+        master += repeat ? 0.0 : 0.25 * (1 + random.bounded(40));
+    }
+    if (order == Order::Unsorted)
+        std::shuffle(masters.begin(), masters.end(), random);
+    PlanPoints points;
+    double slave = 0.0;
+    for (int i = 0; i < count; ++i) {
+        const int type = straightRuns && random.bounded(3) != 0 ? int(speed) : random.bounded(4);
+        slave += straightRuns && type == speed ? 2.0 : random.bounded(100) * 0.1 - 5.0;
+        points.add(masters.at(i), slave, movementRules(type));
+    }
+    return points;
+}
+
+struct Evaluations {
+    double position;
+    double velocity;
+    double acceleration;
+    double jerk;
+};
+
+// Position from the first containing section in list order; the others from
+// the first, replaced by any later containing section's exact zero.
+Evaluations referenceEvaluation(const MotionPlanVdi &plan, double x)
+{
+    Evaluations result{ 0.0, 0.0, 0.0, 0.0 };
+    bool found = false;
+    for (const CamSectionFifthPolynomial *section : plan.sections()) {
+        if (!section->contains(x))
+            continue;
+        const Evaluations value{ section->position(x), section->velocity(x), section->acceleration(x),
+                                 section->jerk(x) };
+        if (!found) {
+            result = value;
+            found = true;
+            continue;
+        }
+        if (value.velocity == 0.0)
+            result.velocity = value.velocity;
+        if (value.acceleration == 0.0)
+            result.acceleration = value.acceleration;
+        if (value.jerk == 0.0)
+            result.jerk = value.jerk;
+    }
+    return result;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Order)
+
+class TestCurvesReference : public QObject
+{
+    Q_OBJECT
+private slots:
+    void vdiSectionSearch_data();
+    void vdiSectionSearch();
+    void staticSampling_data();
+    void staticSampling();
+    void dynamicSampling_data();
+    void dynamicSampling();
+    void straightCurvesStayCheap_data();
+    void straightCurvesStayCheap();
+
+private:
+    FixedScaling m_scaling{ 3 };
+};
+
+void TestCurvesReference::vdiSectionSearch_data()
+{
+    QTest::addColumn<Order>("order");
+    QTest::addColumn<bool>("cyclic");
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 6; ++seed) {
+        QTest::addRow("ascending %u", seed) << Order::Ascending << (seed % 2 == 0) << seed;
+        QTest::addRow("with duplicates %u", seed) << Order::WithDuplicates << (seed % 2 == 0) << seed;
+        QTest::addRow("unsorted %u", seed) << Order::Unsorted << (seed % 2 == 0) << seed;
+        QTest::addRow("straight runs %u", seed) << Order::Ascending << (seed % 2 == 0) << seed + 100;
+    }
+}
+
+void TestCurvesReference::vdiSectionSearch()
+{
+    QFETCH(Order, order);
+    QFETCH(bool, cyclic);
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const PlanPoints points = randomPoints(random, 2 + random.bounded(40), order, seed > 100);
+    MotionPlanVdi plan(points.list, cyclic, 1000.0, nullptr, &m_scaling);
+
+    QVector<double> probes{ std::nan(""), -1e300, 1e300 };
+    for (const MotionPoint *point : plan.motionPoints()) {
+        probes << point->master() << std::nextafter(point->master(), -1e300)
+               << std::nextafter(point->master(), 1e300);
+    }
+    for (int i = 0; i < 2000; ++i)
+        probes << random.bounded(1200.0) - 50.0 << random.bounded(4000) * 0.25 - 10.0;
+
+    for (double x : qAsConst(probes)) {
+        const Evaluations expected = referenceEvaluation(plan, x);
+        const bool same = Reference::sameBits(plan.position(x), expected.position)
+            && Reference::sameBits(plan.velocity(x), expected.velocity)
+            && Reference::sameBits(plan.acceleration(x), expected.acceleration)
+            && Reference::sameBits(plan.jerk(x), expected.jerk);
+        if (!same)
+            qWarning("at %.17g", x);
+        QVERIFY(same);
+    }
+}
+
+void TestCurvesReference::staticSampling_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<Order>("order");
+    QTest::addColumn<bool>("straightRuns");
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 4; ++seed) {
+        for (int law : { 0, 1 }) {
+            const char *name = law == 0 ? "vdi" : "spline";
+            QTest::addRow("%s ascending %u", name, seed) << law << Order::Ascending << false << seed;
+            QTest::addRow("%s with duplicates %u", name, seed) << law << Order::WithDuplicates << false << seed;
+            QTest::addRow("%s unsorted %u", name, seed) << law << Order::Unsorted << false << seed;
+            QTest::addRow("%s straight runs %u", name, seed) << law << Order::Ascending << true << seed;
+        }
+    }
+}
+
+static std::unique_ptr<MotionPlan> makePlan(int law, const PlanPoints &points, bool cyclic, Scaling *scaling)
+{
+    if (law == 1)
+        return std::make_unique<MotionPlanCubicSpline>(points.list, cyclic, 1000.0, nullptr, scaling);
+    return std::make_unique<MotionPlanVdi>(points.list, cyclic, 1000.0, nullptr, scaling);
+}
+
+void TestCurvesReference::staticSampling()
+{
+    QFETCH(int, law);
+    QFETCH(Order, order);
+    QFETCH(bool, straightRuns);
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const PlanPoints points = randomPoints(random, 2 + random.bounded(60), order, straightRuns);
+    const std::unique_ptr<MotionPlan> plan = makePlan(law, points, seed % 2 == 0, &m_scaling);
+    for (double step : { 0.37, 1.0 / 7.0, 2.5, 0.01 }) {
+        plan->calculate(step);
+        QVERIFY(Reference::samePoints(plan->positions(), Reference::staticPositions(*plan, step, 0.001)));
+    }
+}
+
+void TestCurvesReference::dynamicSampling_data()
+{
+    staticSampling_data();
+}
+
+void TestCurvesReference::dynamicSampling()
+{
+    QFETCH(int, law);
+    QFETCH(Order, order);
+    QFETCH(bool, straightRuns);
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const PlanPoints points = randomPoints(random, 2 + random.bounded(60), order, straightRuns);
+    for (int resolution : { 100, 777, 4000 }) {
+        const std::unique_ptr<MotionPlan> plan = makePlan(law, points, seed % 2 == 1, &m_scaling);
+        plan->calculateWithResolution(resolution);
+        if (resolution <= plan->motionPoints().size())
+            continue;
+        QVERIFY(Reference::samePoints(plan->positions(), Reference::dynamicPositions(*plan, resolution, 0.001)));
+    }
+}
+
+void TestCurvesReference::straightCurvesStayCheap_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<int>("type");
+    QTest::newRow("two speed points") << 0 << int(speed);
+    QTest::newRow("spline through two points") << 1 << int(rest);
+}
+
+// A straight curve gets no step positions, so the refinement makes the step
+// tiny; the walk over it must still be cheap, and give what the rules give.
+void TestCurvesReference::straightCurvesStayCheap()
+{
+    QFETCH(int, law);
+    QFETCH(int, type);
+    PlanPoints points;
+    points.add(0.0, 0.0, movementRules(type));
+    points.add(360.0, 720.0, movementRules(type));
+    std::unique_ptr<MotionPlan> plan = makePlan(law, points, false, &m_scaling);
+    plan->calculateWithResolution(600);
+    QVERIFY(Reference::samePoints(plan->positions(), Reference::dynamicPositions(*plan, 600, 0.001)));
+    QCOMPARE(plan->positions().size(), 2);
+
+    QElapsedTimer timer;
+    timer.start();
+    plan = makePlan(law, points, false, &m_scaling);
+    plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+    QCOMPARE(plan->positions().size(), 2);
+    // Some 128 million positions to walk; evaluating each would take seconds.
+    QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
+}
+
+QTEST_GUILESS_MAIN(TestCurvesReference)
+#include "tst_curvesreference.moc"
