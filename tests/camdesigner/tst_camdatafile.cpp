@@ -1,5 +1,6 @@
 #include "camdesigner/camdatafile.h"
 #include "camdesigner/camdescriptionimplementation.h"
+#include "binaryjson.h"
 #include "camdesigner/controller.h"
 
 #include <QFile>
@@ -17,14 +18,6 @@ const char SampleJson[] = R"({"CircularLength": 360, "Cyclic": true, "MotionLaw"
 QJsonObject sample()
 {
     return QJsonDocument::fromJson(SampleJson).object();
-}
-
-QByteArray binaryOf(const QJsonObject &object)
-{
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    return QJsonDocument(object).toBinaryData();
-    QT_WARNING_POP
 }
 
 void writeFile(const QString &path, const QByteArray &bytes)
@@ -80,7 +73,7 @@ void tst_CamDataFile::readByContentAndSuffix_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("loaded");
     const QByteArray text = QJsonDocument(sample()).toJson();
-    const QByteArray binary = binaryOf(sample());
+    const QByteArray binary = binaryJsonOf(sample());
     QTest::newRow("text in plan.JSON") << "plan.JSON" << text << true;
     QTest::newRow("binary in plan.dat") << "plan.dat" << binary << true;
     QTest::newRow("binary without suffix") << "plan" << binary << true;
@@ -105,7 +98,7 @@ void tst_CamDataFile::readByContentAndSuffix()
 
 void tst_CamDataFile::saveWritesIndentedTextWhateverTheSuffix()
 {
-    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    CamDescriptionImplementation description(nullptr, binaryJsonOf(sample()));
     for (const QString &name : { QStringLiteral("saved.json"), QStringLiteral("saved.dat") }) {
         const QString path = m_dir.filePath(name);
         QString error;
@@ -121,7 +114,7 @@ void tst_CamDataFile::saveWritesIndentedTextWhateverTheSuffix()
 void tst_CamDataFile::savedDatReadsBackAsDefaults()
 {
     // Deliberate asymmetry: ".dat" is saved as text but read as binary.
-    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    CamDescriptionImplementation description(nullptr, binaryJsonOf(sample()));
     const QString path = m_dir.filePath(QStringLiteral("roundtrip.dat"));
     QVERIFY(description.saveToFile(path, nullptr));
     CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
@@ -170,7 +163,7 @@ void tst_CamDataFile::loadFromFileGoesThroughTheUndoStack()
 
 void tst_CamDataFile::loadFromMissingFileWarnsAndChangesNothing()
 {
-    CamDescriptionImplementation description(nullptr, binaryOf(sample()));
+    CamDescriptionImplementation description(nullptr, binaryJsonOf(sample()));
     Controller stack;
     description.setUndoStack(&stack);
     QTest::ignoreMessage(QtWarningMsg, "Couldn't open save file.");

@@ -1,4 +1,5 @@
 #include "camdesigner/camdescriptionimplementation.h"
+#include "binaryjson.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,18 +17,10 @@ QJsonObject parse(const char *json)
     return QJsonDocument::fromJson(QByteArray(json)).object();
 }
 
-QByteArray binaryOf(const QJsonObject &object)
-{
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    return QJsonDocument(object).toBinaryData();
-    QT_WARNING_POP
-}
-
 std::unique_ptr<CamDescriptionImplementation> create(const QJsonObject &object = QJsonObject())
 {
     return std::unique_ptr<CamDescriptionImplementation>(static_cast<CamDescriptionImplementation *>(
-        CamDescription::createCamDescription(nullptr, object.isEmpty() ? QByteArray() : binaryOf(object))));
+        CamDescription::createCamDescription(nullptr, object.isEmpty() ? QByteArray() : binaryJsonOf(object))));
 }
 
 // Records the description's signals in the order they arrive.
@@ -90,15 +83,15 @@ void tst_CamDescription::factoryDefaults_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("garbage") << QByteArray("not binary json at all");
     QTest::newRow("text json") << QByteArray(R"({"Cyclic": true})");
-    QByteArray truncated = binaryOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    QByteArray truncated = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
     truncated.chop(6);
     QTest::newRow("truncated binary") << truncated;
     // The header is "qbjs", a version and the size of the top-level object.
-    QByteArray oversized = binaryOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    QByteArray oversized = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
     for (int i = 8; i < 12; ++i)
         oversized[i] = char(0x7f);
     QTest::newRow("object size beyond the data") << oversized;
-    QByteArray wrongVersion = binaryOf(parse(R"({"Cyclic": true})"));
+    QByteArray wrongVersion = binaryJsonOf(parse(R"({"Cyclic": true})"));
     wrongVersion[4] = char(9);
     QTest::newRow("unknown version") << wrongVersion;
 }

@@ -1,3 +1,5 @@
+#include "binaryjson.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -26,14 +28,6 @@ Result runCamTool(const QStringList &arguments)
     result.out = process.readAllStandardOutput();
     result.err = process.readAllStandardError();
     return result;
-}
-
-QByteArray binaryOf(const QJsonObject &object)
-{
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    return QJsonDocument(object).toBinaryData();
-    QT_WARNING_POP
 }
 
 } // namespace
@@ -83,7 +77,7 @@ void tst_CamToolShow::showsNormalisedData_data()
     QTest::newRow("defaults, duplicates and order") << "messy.Json" << messy << normalised;
 
     const QJsonObject object = QJsonDocument::fromJson(exampleBytes).object();
-    QTest::newRow("binary .dat") << "example.dat" << binaryOf(object) << exampleBytes;
+    QTest::newRow("binary .dat") << "example.dat" << binaryJsonOf(object) << exampleBytes;
 }
 
 void tst_CamToolShow::showsNormalisedData()
