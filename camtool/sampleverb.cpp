@@ -1,0 +1,190 @@
+// The curve calculation verbs: "sample" prints the grid points and their
+// derivatives, "eval" the curve at given master positions.
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "curves/motionplancubicspline.h"
+#include "curves/motionplanvdi.h"
+#include "model/fixedscaling.h"
+#include "toolsupport.h"
+#include "verbs.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+constexpr int DefaultDecimals = 3;
+// Beyond this the decimal places no longer fit a double's digits.
+constexpr int MaximumDecimals = 15;
+
+// The plan the editor would build for the description's motion law.
+std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling)
+{
+    const QList<MotionPoint *> points = description.motionPoints();
+    if (description.motionLaw()->law() == MotionLaw::Spline)
+        return std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
+                                                       description.circularLength(), nullptr, scaling);
+    return std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(),
+                                           nullptr, scaling);
+}
+
+// JSON has no NaN or infinity; they are written as the strings "NaN",
+// "Infinity" and "-Infinity" so that the value is not lost. Finite numbers
+// are written in the shortest form that reads back to the same double; only
+// the sign of a zero is lost (Qt writes and reads -0.0 as 0).
+QJsonValue number(double value)
+{
+    if (std::isnan(value))
+        return QStringLiteral("NaN");
+    if (std::isinf(value))
+        return value > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
+    return value;
+}
+
+QJsonArray pointsToJson(const QPolygonF &points)
+{
+    QJsonArray array;
+    for (const QPointF &point : points)
+        array.append(QJsonArray{ number(point.x()), number(point.y()) });
+    return array;
+}
+
+bool parseDouble(const QString &text, double *value)
+{
+    bool ok = false;
+    *value = text.trimmed().toDouble(&ok);
+    return ok;
+}
+
+int failure(const QString &text)
+{
+    CamTool::printError(QStringLiteral("camtool: %1\n").arg(text));
+    return CamTool::Failure;
+}
+
+int runSample(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Samples the curve of FILE into grid points as the editor does and prints them with their "
+        "derivatives as JSON. Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\"."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
+    const QCommandLineOption decimalsOption(QStringLiteral("decimals"),
+                                            QStringLiteral("Decimal places of positions (default 3)."),
+                                            QStringLiteral("D"), QString::number(DefaultDecimals));
+    const QCommandLineOption staticOption(QStringLiteral("static"),
+                                          QStringLiteral("Sample with static step size H instead of the file's steps."),
+                                          QStringLiteral("H"));
+    const QCommandLineOption dynamicOption(QStringLiteral("dynamic"),
+                                           QStringLiteral("Sample with dynamic resolution N instead of the file's steps."),
+                                           QStringLiteral("N"));
+    parser.addOptions({ decimalsOption, staticOption, dynamicOption });
+    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
+    if (parsed >= 0)
+        return parsed;
+    if (parser.isSet(staticOption) && parser.isSet(dynamicOption)) {
+        CamTool::printError(QStringLiteral("camtool: --static and --dynamic exclude each other\n") + parser.helpText());
+        return CamTool::UsageError;
+    }
+
+    bool ok = false;
+    const int decimals = parser.value(decimalsOption).trimmed().toInt(&ok);
+    if (!ok || decimals < 0 || decimals > MaximumDecimals)
+        return failure(QStringLiteral("--decimals needs a whole number from 0 to %1, not '%2'")
+                           .arg(MaximumDecimals)
+                           .arg(parser.value(decimalsOption)));
+    double staticStep = 0.0;
+    if (parser.isSet(staticOption) && !parseDouble(parser.value(staticOption), &staticStep))
+        return failure(QStringLiteral("--static needs a number, not '%1'").arg(parser.value(staticOption)));
+    int resolution = 0;
+    if (parser.isSet(dynamicOption)) {
+        resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
+        if (!ok)
+            return failure(QStringLiteral("--dynamic needs a whole number, not '%1'").arg(parser.value(dynamicOption)));
+    }
+
+    CamDescriptionImplementation description(nullptr, QByteArray());
+    if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
+        return CamTool::Failure;
+    FixedScaling scaling(decimals);
+    const std::unique_ptr<MotionPlan> plan = createPlan(description, &scaling);
+    const Steps *steps = description.steps();
+    if (parser.isSet(staticOption))
+        plan->calculate(staticStep);
+    else if (parser.isSet(dynamicOption))
+        plan->calculateWithResolution(resolution);
+    else if (steps->isDynamicStepSize())
+        plan->calculateWithResolution(steps->dynamicStepResolution());
+    else
+        plan->calculate(steps->staticStepSize());
+
+    QJsonObject result;
+    result.insert(QStringLiteral("law"), description.motionLaw()->dataName());
+    result.insert(QStringLiteral("masterRange"), number(plan->masterRange()));
+    result.insert(QStringLiteral("maximumMasterPosition"), number(plan->maximumMasterPosition()));
+    result.insert(QStringLiteral("minimumStepSize"), number(plan->minimumStepSize()));
+    result.insert(QStringLiteral("positions"), pointsToJson(plan->positions()));
+    result.insert(QStringLiteral("velocities"), pointsToJson(plan->velocities()));
+    result.insert(QStringLiteral("accelerations"), pointsToJson(plan->accelerations()));
+    result.insert(QStringLiteral("jerks"), pointsToJson(plan->jerks()));
+    CamTool::printJson(QJsonDocument(result));
+    return CamTool::Success;
+}
+
+int runEval(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Evaluates the curve of FILE and its derivatives at master positions and prints them as JSON. "
+        "Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\"."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
+    const QCommandLineOption atOption(QStringLiteral("at"),
+                                      QStringLiteral("Master positions, separated by commas."),
+                                      QStringLiteral("X[,X...]"));
+    parser.addOption(atOption);
+    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
+    if (parsed >= 0)
+        return parsed;
+    if (!parser.isSet(atOption)) {
+        CamTool::printError(QStringLiteral("camtool: --at is required\n") + parser.helpText());
+        return CamTool::UsageError;
+    }
+
+    QVector<double> masters;
+    for (const QString &value : parser.values(atOption)) {
+        for (const QString &text : value.split(QLatin1Char(','))) {
+            double master = 0.0;
+            if (!parseDouble(text, &master))
+                return failure(QStringLiteral("--at needs numbers, not '%1'").arg(text));
+            masters.append(master);
+        }
+    }
+
+    CamDescriptionImplementation description(nullptr, QByteArray());
+    if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
+        return CamTool::Failure;
+    FixedScaling scaling(DefaultDecimals);
+    const std::unique_ptr<MotionPlan> plan = createPlan(description, &scaling);
+    QJsonArray result;
+    for (double master : qAsConst(masters)) {
+        result.append(QJsonObject{
+            { QStringLiteral("master"), number(master) },
+            { QStringLiteral("position"), number(plan->position(master)) },
+            { QStringLiteral("velocity"), number(plan->velocity(master)) },
+            { QStringLiteral("acceleration"), number(plan->acceleration(master)) },
+            { QStringLiteral("jerk"), number(plan->jerk(master)) },
+        });
+    }
+    CamTool::printJson(QJsonDocument(result));
+    return CamTool::Success;
+}
+
+const CamTool::Registration sampleRegistration({ "sample", "sample the curve of a file into grid points", runSample });
+const CamTool::Registration evalRegistration({ "eval", "evaluate the curve of a file at master positions", runEval });
+
+} // namespace
