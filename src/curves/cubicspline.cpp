@@ -38,6 +38,9 @@ void CubicSpline::setPoints(std::vector<double> knots, std::vector<double> value
     m_quadratic.clear();
     m_linear.clear();
     m_straightStretches.clear();
+    m_search = AscendingSearch();
+    m_ascending = std::none_of(m_knots.begin(), m_knots.end(), [](double knot) { return std::isnan(knot); })
+        && std::is_sorted(m_knots.begin(), m_knots.end());
     if (m_knots.size() >= 2 && m_knots.size() == m_values.size()) {
         computeCoefficients();
         findStraightStretches();
@@ -86,10 +89,12 @@ void CubicSpline::computeCoefficients()
 }
 
 // The last knot smaller than x, but at least the first.
-size_t CubicSpline::pieceIndex(double x) const
+std::size_t CubicSpline::pieceIndex(double x) const
 {
-    const auto it = std::lower_bound(m_knots.begin(), m_knots.end(), x);
-    return it == m_knots.begin() ? 0 : size_t(it - m_knots.begin()) - 1;
+    const std::size_t lower = m_ascending
+        ? m_search.lowerBound(m_knots, x)
+        : std::size_t(std::lower_bound(m_knots.begin(), m_knots.end(), x) - m_knots.begin());
+    return lower == 0 ? 0 : lower - 1;
 }
 
 double CubicSpline::position(double x) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ascendingsearch.h"
 #include "mxcamdesigner_export.h"
 
 #include <cstddef>
@@ -60,4 +61,8 @@ private:
     bool m_linearExtrapolation = false;
     // Per piece: the straight stretch it belongs to, empty for a bending one.
     std::vector<std::pair<double, double>> m_straightStretches;
+    // While the knots ascend (equal ones allowed) the search remembers where
+    // it found the last pieces.
+    bool m_ascending = false;
+    AscendingSearch m_search;
 };

@@ -152,8 +152,9 @@ std::vector<double> MotionPlan::sortedMotionPointMasters() const
     return masters;
 }
 
+// above: the index of the first master not below the position.
 MotionPlan::Curvature MotionPlan::curvature(double master, double stepSize,
-                                            const std::vector<double> &sortedMasters) const
+                                            const std::vector<double> &sortedMasters, std::size_t above) const
 {
     const double before = acceleration(master - stepSize);
     const double here = acceleration(master);
@@ -168,9 +169,8 @@ MotionPlan::Curvature MotionPlan::curvature(double master, double stepSize,
     const double quarterStep = stepSize / 4.0;
     const auto isNear = [master, quarterStep](double m) { return std::abs(m - master) < quarterStep; };
     if (std::isfinite(master)) {
-        const auto above = std::lower_bound(sortedMasters.begin(), sortedMasters.end(), master);
-        if ((above != sortedMasters.end() && isNear(*above))
-            || (above != sortedMasters.begin() && isNear(*std::prev(above))))
+        if ((above < sortedMasters.size() && isNear(sortedMasters[above]))
+            || (above > 0 && isNear(sortedMasters[above - 1])))
             return Curvature::NearMotionPoint;
     } else if (std::any_of(sortedMasters.begin(), sortedMasters.end(), isNear)) {
         return Curvature::NearMotionPoint;
@@ -190,8 +190,11 @@ std::vector<double> MotionPlan::stepPositions(double stepSize, const std::vector
     // Repeated addition, not first + k * step: the grid follows the rounding
     // of the running sum, as stored tables do.
     double x = first;
+    std::size_t above = 0; // first master not below x; x only grows
     while (x <= end) {
-        const Curvature test = curvature(x, stepSize, sortedMasters);
+        while (above < sortedMasters.size() && sortedMasters[above] < x)
+            ++above;
+        const Curvature test = curvature(x, stepSize, sortedMasters, above);
         if (test == Curvature::Bends) {
             positions.push_back(x);
             if (int(positions.size()) >= budget)

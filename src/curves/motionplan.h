@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPolygonF>
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -68,7 +69,8 @@ private:
     int decimalPlaces() const;
     double positionResolution() const;
     std::vector<double> sortedMotionPointMasters() const;
-    Curvature curvature(double master, double stepSize, const std::vector<double> &sortedMasters) const;
+    Curvature curvature(double master, double stepSize, const std::vector<double> &sortedMasters,
+                        std::size_t above) const;
     std::vector<double> stepPositions(double stepSize, const std::vector<double> &sortedMasters) const;
     QPolygonF gridPoints(const std::vector<double> &sortedPositions) const;
     QPolygonF sample(double stepSize, const std::vector<double> &sortedMasters) const;

@@ -129,10 +129,14 @@ bool MotionPlanVdi::containingSections(double master, int *first, int *last) con
 {
     if (m_sections.isEmpty() || std::isnan(master))
         return false;
-    const auto lower = std::lower_bound(m_boundaries.begin(), m_boundaries.end(), master);
-    const auto upper = std::upper_bound(lower, m_boundaries.end(), master);
-    *first = std::max(int(lower - m_boundaries.begin()) - 1, 0);
-    *last = std::min(int(upper - m_boundaries.begin()) - 1, m_sections.size() - 1);
+    const size_t count = m_boundaries.size();
+    const size_t lower = m_search.lowerBound(m_boundaries, master);
+    const size_t upper = lower < count && master < m_boundaries[lower]
+        ? lower
+        : size_t(std::upper_bound(m_boundaries.begin() + std::ptrdiff_t(lower), m_boundaries.end(), master)
+                 - m_boundaries.begin());
+    *first = std::max(int(lower) - 1, 0);
+    *last = std::min(int(upper) - 1, m_sections.size() - 1);
     return *first <= *last;
 }
 

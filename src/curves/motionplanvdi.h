@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ascendingsearch.h"
 #include "motionplan.h"
 
 #include <QList>
@@ -44,6 +45,7 @@ private:
     // contain a position are found by binary search.
     std::vector<double> m_boundaries;
     bool m_ascending = false;
+    AscendingSearch m_search;
     // Per section: the closed interval of the straight stretch it belongs to,
     // empty (first > second) for a bending section.
     std::vector<std::pair<double, double>> m_straightStretches;

@@ -1,4 +1,5 @@
 target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/ascendingsearch.h
     ${CMAKE_CURRENT_LIST_DIR}/camsection.h
     ${CMAKE_CURRENT_LIST_DIR}/camsection.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camsectionfifthpolynomial.h

@@ -1,0 +1,102 @@
+// Cost of sampling a cam curve into grid points, for both motion laws:
+// full dynamic sampling at the grid point limit over growing numbers of
+// motion points, static sampling at the limit, and the coarse sampling that
+// runs on every mouse move while a point is dragged.
+
+#include "curves/motionplancubicspline.h"
+#include "curves/motionplanvdi.h"
+#include "model/fixedscaling.h"
+#include "model/motionpoint.h"
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace {
+
+constexpr double CircularLength = 360.0;
+
+// A cam of the given number of points over 0..360 with mixed segment types,
+// the same for every run.
+struct Cam {
+    std::vector<std::unique_ptr<MotionPoint>> owned;
+    QList<MotionPoint *> points;
+
+    explicit Cam(int count)
+    {
+        std::mt19937 random(12345u + unsigned(count));
+        std::uniform_real_distribution<double> jitter(0.1, 0.9);
+        std::uniform_real_distribution<double> slave(-50.0, 50.0);
+        std::uniform_int_distribution<int> type(0, 3);
+        const double spacing = CircularLength / count;
+        for (int i = 0; i < count; ++i) {
+            const double master = i == 0 ? 0.0 : (i + jitter(random) - 0.5) * spacing;
+            owned.push_back(std::make_unique<MotionPoint>(master, slave(random), movementRules(type(random))));
+            points.append(owned.back().get());
+        }
+    }
+};
+
+std::unique_ptr<MotionPlan> makePlan(int law, const Cam &cam, Scaling *scaling)
+{
+    if (law == 1)
+        return std::make_unique<MotionPlanCubicSpline>(cam.points, true, CircularLength, nullptr, scaling);
+    return std::make_unique<MotionPlanVdi>(cam.points, true, CircularLength, nullptr, scaling);
+}
+
+// The model builds a new plan before every calculation; so do these.
+void dynamicSampling(benchmark::State &state, int law)
+{
+    const Cam cam(int(state.range(0)));
+    FixedScaling scaling(3);
+    qsizetype gridPoints = 0;
+    for (auto _ : state) {
+        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
+        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+        gridPoints = plan->positions().size();
+        benchmark::DoNotOptimize(gridPoints);
+    }
+    state.counters["gridPoints"] = double(gridPoints);
+}
+
+void staticSamplingAtLimit(benchmark::State &state, int law)
+{
+    const Cam cam(int(state.range(0)));
+    FixedScaling scaling(3);
+    qsizetype gridPoints = 0;
+    for (auto _ : state) {
+        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
+        plan->calculate(plan->masterRange() / (MotionPlan::MaximumGridPoints - plan->motionPoints().size()));
+        gridPoints = plan->positions().size();
+        benchmark::DoNotOptimize(gridPoints);
+    }
+    state.counters["gridPoints"] = double(gridPoints);
+}
+
+// A drag step: a new plan, sampled with the master range divided by 500.
+void coarseSampling(benchmark::State &state, int law)
+{
+    const Cam cam(int(state.range(0)));
+    FixedScaling scaling(3);
+    qsizetype gridPoints = 0;
+    for (auto _ : state) {
+        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
+        plan->calculate(plan->masterRange() / 500.0);
+        gridPoints = plan->positions().size();
+        benchmark::DoNotOptimize(gridPoints);
+    }
+    state.counters["gridPoints"] = double(gridPoints);
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(dynamicSampling, Vdi, 0)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dynamicSampling, Spline, 1)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, 0)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, 1)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(coarseSampling, Vdi, 0)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(coarseSampling, Spline, 1)->Arg(100)->Unit(benchmark::kMicrosecond);
+
+BENCHMARK_MAIN();
