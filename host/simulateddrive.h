@@ -30,6 +30,8 @@ public:
         QString text;
     };
 
+    static constexpr int MaximumAxes = 16;
+
     explicit SimulatedDrive(int axisCount = 2, QObject *parent = nullptr);
     ~SimulatedDrive() override;
 
@@ -92,6 +94,7 @@ private:
     const Entry *entry(const ParameterCoordinate &coordinate) const;
     const Values *values(const Entry &entry, eLivingSpace livingSpace) const;
     bool resize(Entry &entry, int count);
+    void announceDefinition(int key);
     QString unitOf(const Entry &entry, eLivingSpace livingSpace) const;
     bool acceptWrite(eLivingSpace livingSpace, const ParameterCoordinate &coordinate, int element,
                      const QString &text, bool native);

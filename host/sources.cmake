@@ -11,6 +11,7 @@ target_sources(MxHostSuite PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/parametertext.h
     ${CMAKE_CURRENT_LIST_DIR}/simulateddrive.h
     ${CMAKE_CURRENT_LIST_DIR}/simulateddrive.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/simulateddriveproject.cpp
     ${CMAKE_CURRENT_LIST_DIR}/system.h
     ${CMAKE_CURRENT_LIST_DIR}/system.cpp
 )
