@@ -6,6 +6,8 @@ target_sources(MxHostSuite PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/parametercatalogue.h
     ${CMAKE_CURRENT_LIST_DIR}/parametercatalogue.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parameterdefinition.h
+    ${CMAKE_CURRENT_LIST_DIR}/parameterelementlist.h
+    ${CMAKE_CURRENT_LIST_DIR}/parameterelementlist.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parameterdefinition.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parameterinstance.h
     ${CMAKE_CURRENT_LIST_DIR}/parametertext.h

@@ -2,11 +2,14 @@
 #include "defaultpathsetting.h"
 #include "helpwidget.h"
 #include "parameterdefinition.h"
+#include "parameterelementlist.h"
+#include "simulateddrive.h"
 #include "system.h"
 
 #include <QApplication>
 #include <QSettings>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -109,6 +112,50 @@ private slots:
         QVERIFY(browser->toPlainText().contains(QStringLiteral("Master-Stützstellen")));
         help.showHelpForId(QStringLiteral("G999"));
         QVERIFY(browser->toPlainText().contains(QStringLiteral("G999")));
+    }
+
+    void elementListRanges_data()
+    {
+        QTest::addColumn<QString>("indexes");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("101 elements") << "0-100" << 101;
+        QTest::newRow("no element") << "0--1" << 0;
+        QTest::newRow("single and range") << "3,5-6" << 3;
+        QTest::newRow("garbage") << "a-b" << 0;
+    }
+    void elementListRanges()
+    {
+        QFETCH(QString, indexes);
+        QFETCH(int, rows);
+        MxParameterControls::ParameterElementList list;
+        list.setCoordinates(QStringLiteral("G283,G284"));
+        list.setIndexes(indexes);
+        QCOMPARE(list.tree()->topLevelItemCount(), rows);
+        QCOMPARE(list.tree()->columnCount(), 3);
+    }
+
+    void elementListReadsAndWritesValues()
+    {
+        MxSimulation::SimulatedDrive drive;
+        QVERIFY(drive.definition(ParameterCoordinate(QStringLiteral("G283")))->setElementCount(3));
+        QVERIFY(drive.writeValue(1, ParameterCoordinate(QStringLiteral("G283")), 2, QStringLiteral("7.5")));
+        MxParameterControls::ParameterElementList list;
+        list.setCoordinates(QStringLiteral("G283,G284"));
+        list.setShowCoordinatesName(true);
+        list.initialize(&drive, 1);
+        list.setIndexes(QStringLiteral("0-2"));
+        QCOMPARE(list.tree()->headerItem()->text(1), QStringLiteral("G283"));
+        QCOMPARE(list.tree()->topLevelItem(2)->text(1), QStringLiteral("7.500 °"));
+
+        list.tree()->topLevelItem(1)->setText(1, QStringLiteral("1.25"));
+        QCOMPARE(drive.readValueNative(1, ParameterCoordinate(QStringLiteral("G283")), 1), QStringLiteral("0"));
+        list.setWritableForced(true);
+        list.tree()->topLevelItem(1)->setText(1, QStringLiteral("1.25"));
+        QCOMPARE(drive.readValueNative(1, ParameterCoordinate(QStringLiteral("G283")), 1), QStringLiteral("1250"));
+        list.setHiddenForced(true);
+        QVERIFY(list.tree()->isHidden());
+        list.setHiddenForced(false);
+        QVERIFY(!list.tree()->isHidden());
     }
 };
 
