@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <QtEndian>
 
 bool CamDataFile::isTextJsonPath(const QString &path)
 {
@@ -12,6 +13,17 @@ bool CamDataFile::isTextJsonPath(const QString &path)
 
 QJsonObject CamDataFile::parseBinary(const QByteArray &data, bool *valid)
 {
+    // Qt's reader adds the header size to the document size that the data
+    // claims without guarding the sum against overflow; a claim near 4 GiB
+    // then passes its bounds check and validation reads far past the data.
+    // Such bytes are no binary JSON, so they are refused here first.
+    const int headerSize = 8; // tag "qbjs" and version
+    if (data.size() >= headerSize + 4
+        && qFromLittleEndian<quint32>(data.constData() + headerSize) > quint32(data.size() - headerSize)) {
+        if (valid)
+            *valid = false;
+        return QJsonObject();
+    }
     // The host and older files carry the Qt 5 binary JSON form, which Qt keeps
     // only as a deprecated reader; there is no other reader of that format.
     QT_WARNING_PUSH

@@ -91,6 +91,11 @@ void tst_CamDescription::factoryDefaults_data()
     for (int i = 8; i < 12; ++i)
         oversized[i] = char(0x7f);
     QTest::newRow("object size beyond the data") << oversized;
+    // A claimed size near 4 GiB overflows the reader's own bounds check.
+    QByteArray wrapping = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    const char nearFourGiB[] = { char(0xf8), char(0xff), char(0xff), char(0xff) };
+    wrapping.replace(8, 4, nearFourGiB, 4);
+    QTest::newRow("object size wrapping around") << wrapping;
     QByteArray wrongVersion = binaryJsonOf(parse(R"({"Cyclic": true})"));
     wrongVersion[4] = char(9);
     QTest::newRow("unknown version") << wrongVersion;
