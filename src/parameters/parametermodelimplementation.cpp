@@ -193,8 +193,8 @@ QString ParameterModelImplementation::checkValue(double rounded, int index, cons
         return QString();
     const QString native = information->toNative(QString::number(rounded, 'g', 6));
     // Both axes quote the master array's limit texts, also for a slave value
-    // checked against the slave limits. Deliberate: the messages the users
-    // know read so, and the limits of both arrays are the same on the drive.
+    // checked against the slave limits. Deliberate and kept: the message is
+    // the editor's established text (the tests pin it).
     QString detail;
     if (rounded > maximum)
         detail = tr("%1 ist zu groß max: %2").arg(native, m_masterMaximumNative);

@@ -139,8 +139,9 @@ void ParameterModelImplementation::readBackGridPoints()
 bool ParameterModelImplementation::mustGrow(int count) const
 {
     // Only both arrays being too short makes them grow; with one long enough
-    // the write goes on and the shorter array silently keeps its size. This
-    // asymmetry is kept as the drives in the field were written with it.
+    // the write goes on and the shorter array silently keeps its size (its
+    // missing elements are simply not written). Deliberate and kept; the
+    // tests pin it.
     const ParameterInformation *master = definition(m_masterArray);
     const ParameterInformation *slave = definition(m_slaveArray);
     return master && slave && master->elementCount() < count && slave->elementCount() < count;
@@ -213,9 +214,9 @@ void ParameterModelImplementation::writeGridPoints(const QVector<QPointF> &point
             QCoreApplication::processEvents();
             emit saveProgressed(i, i, count);
             QCoreApplication::processEvents();
-            // The slave text takes the master's decimal places. Deliberate:
-            // the drive rounds it to its own, and tables written so far
-            // carry exactly these texts.
+            // The slave text takes the master's decimal places. Deliberate and
+            // kept as the editor has always written it: with fewer master than
+            // slave places the slave loses digits (the tests pin this).
             if (truncated(slaveScale * storedSlave) != truncated(slaveScale * slave))
                 m_container->writeValue(m_livingSpace, m_slaveArray, i, QString::number(slave, 'f', masterDecimals));
         }
