@@ -18,62 +18,62 @@ int firstArrayOfTable(int table)
     return table < 5 ? 283 + 2 * table : 415 + 2 * (table - 5);
 }
 
-ParameterSpec positionArray(int table, bool master)
+CatalogueEntry positionArray(int table, bool master)
 {
-    ParameterSpec spec;
-    spec.coordinate = master ? masterArrayCoordinate(table) : slaveArrayCoordinate(table);
-    spec.kind = ParameterSpec::Number;
-    spec.decimalPlaces = PositionDecimals;
-    spec.nativeMinimum = PositionMinimum;
-    spec.nativeMaximum = PositionMaximum;
-    spec.defaultElementCount = 1;
-    spec.maximumElementCount = MaximumArrayElements;
-    spec.shortText = master ? QStringLiteral("Kurvenscheibe %1 Master-Stützstelle").arg(table)
+    CatalogueEntry info;
+    info.coordinate = master ? masterArrayCoordinate(table) : slaveArrayCoordinate(table);
+    info.kind = CatalogueEntry::Number;
+    info.decimalPlaces = PositionDecimals;
+    info.nativeMinimum = PositionMinimum;
+    info.nativeMaximum = PositionMaximum;
+    info.defaultElementCount = 1;
+    info.maximumElementCount = MaximumArrayElements;
+    info.shortText = master ? QStringLiteral("Kurvenscheibe %1 Master-Stützstelle").arg(table)
                             : QStringLiteral("Kurvenscheibe %1 Slave-Stützstelle").arg(table);
-    spec.unitParameter = master ? QStringLiteral("G49") : QStringLiteral("I09");
-    return spec;
+    info.unitParameter = master ? QStringLiteral("G49") : QStringLiteral("I09");
+    return info;
 }
 
-ParameterSpec tableArray(const QString &coordinate, ParameterSpec::Kind kind, qint64 maximum,
+CatalogueEntry tableArray(const QString &coordinate, CatalogueEntry::Kind kind, qint64 maximum,
                          const QString &shortText)
 {
-    ParameterSpec spec;
-    spec.coordinate = coordinate;
-    spec.kind = kind;
-    spec.nativeMinimum = 0;
-    spec.nativeMaximum = maximum;
-    spec.defaultElementCount = CamTableCount;
-    spec.maximumElementCount = CamTableCount;
-    spec.shortText = shortText;
-    return spec;
+    CatalogueEntry info;
+    info.coordinate = coordinate;
+    info.kind = kind;
+    info.nativeMinimum = 0;
+    info.nativeMaximum = maximum;
+    info.defaultElementCount = CamTableCount;
+    info.maximumElementCount = CamTableCount;
+    info.shortText = shortText;
+    return info;
 }
 
-ParameterSpec positionUnit(const QString &coordinate, bool perAxis, qint64 defaultUnit, const QString &shortText)
+CatalogueEntry positionUnit(const QString &coordinate, bool perAxis, qint64 defaultUnit, const QString &shortText)
 {
-    ParameterSpec spec;
-    spec.coordinate = coordinate;
-    spec.kind = ParameterSpec::Enumeration;
-    spec.perAxis = perAxis;
-    spec.names = QStringList { QStringLiteral("Inc"), QStringLiteral("mm"), QStringLiteral("°"),
+    CatalogueEntry info;
+    info.coordinate = coordinate;
+    info.kind = CatalogueEntry::Enumeration;
+    info.perAxis = perAxis;
+    info.names = QStringList { QStringLiteral("Inc"), QStringLiteral("mm"), QStringLiteral("°"),
                                QStringLiteral("µm"), QStringLiteral("U") };
-    spec.nativeMinimum = 0;
-    spec.nativeMaximum = spec.names.size() - 1;
-    spec.defaultNative = defaultUnit;
-    spec.shortText = shortText;
-    return spec;
+    info.nativeMinimum = 0;
+    info.nativeMaximum = info.names.size() - 1;
+    info.defaultNative = defaultUnit;
+    info.shortText = shortText;
+    return info;
 }
 
-ParameterSpec decimalPlaces(const QString &coordinate, bool perAxis, const QString &shortText)
+CatalogueEntry decimalPlaces(const QString &coordinate, bool perAxis, const QString &shortText)
 {
-    ParameterSpec spec;
-    spec.coordinate = coordinate;
-    spec.kind = ParameterSpec::Number;
-    spec.perAxis = perAxis;
-    spec.nativeMinimum = 0;
-    spec.nativeMaximum = 6;
-    spec.defaultNative = PositionDecimals;
-    spec.shortText = shortText;
-    return spec;
+    CatalogueEntry info;
+    info.coordinate = coordinate;
+    info.kind = CatalogueEntry::Number;
+    info.perAxis = perAxis;
+    info.nativeMinimum = 0;
+    info.nativeMaximum = 6;
+    info.defaultNative = PositionDecimals;
+    info.shortText = shortText;
+    return info;
 }
 
 } // namespace
@@ -88,20 +88,20 @@ QString slaveArrayCoordinate(int table)
     return QStringLiteral("G%1").arg(firstArrayOfTable(table) + 1);
 }
 
-QList<ParameterSpec> parameterCatalogue()
+QList<CatalogueEntry> parameterCatalogue()
 {
-    QList<ParameterSpec> catalogue;
+    QList<CatalogueEntry> catalogue;
     for (int table = 0; table < CamTableCount; ++table) {
         catalogue.append(positionArray(table, true));
         catalogue.append(positionArray(table, false));
     }
-    catalogue.append(tableArray(QStringLiteral("G68"), ParameterSpec::Number, MaximumArrayElements,
+    catalogue.append(tableArray(QStringLiteral("G68"), CatalogueEntry::Number, MaximumArrayElements,
                                 QStringLiteral("Anzahl Stützstellen")));
-    catalogue.append(tableArray(QStringLiteral("G60"), ParameterSpec::Text, 0,
+    catalogue.append(tableArray(QStringLiteral("G60"), CatalogueEntry::Text, 0,
                                 QStringLiteral("Referenz Master-Stützstellen")));
-    catalogue.append(tableArray(QStringLiteral("G61"), ParameterSpec::Text, 0,
+    catalogue.append(tableArray(QStringLiteral("G61"), CatalogueEntry::Text, 0,
                                 QStringLiteral("Referenz Slave-Stützstellen")));
-    ParameterSpec crc = tableArray(QStringLiteral("G293"), ParameterSpec::Number,
+    CatalogueEntry crc = tableArray(QStringLiteral("G293"), CatalogueEntry::Number,
                                    std::numeric_limits<quint32>::max(), QStringLiteral("Prüfsumme Stützstellen"));
     crc.defaultElementCount = 1;
     catalogue.append(crc);

@@ -7,7 +7,7 @@
 namespace MxSimulation {
 
 // What the simulated drive knows about one parameter.
-struct ParameterSpec {
+struct CatalogueEntry {
     enum Kind { Number, Enumeration, Text };
 
     QString coordinate;
@@ -27,7 +27,7 @@ struct ParameterSpec {
 
 // Every parameter the cam editor uses: the 16 pairs of grid point arrays,
 // the per-table bookkeeping arrays and the position units and precision.
-QList<ParameterSpec> parameterCatalogue();
+QList<CatalogueEntry> parameterCatalogue();
 
 // Grid point arrays of a cam table (0..15): master odd, slave the next even.
 QString masterArrayCoordinate(int table);

@@ -75,28 +75,28 @@ public:
             return false;
         return m_drive->resize(m_drive->m_entries[m_coordinate.toNumber()], count);
     }
-    QString lowerLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().spec.nativeMinimum); }
-    QString upperLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().spec.nativeMaximum); }
+    QString lowerLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().info.nativeMinimum); }
+    QString upperLimit(MxParameterDefinition::eLivingSpace) const override { return limitText(entry().info.nativeMaximum); }
     MxMultilingual::ParameterText text(int element) const override
     {
-        const ParameterSpec &spec = entry().spec;
+        const CatalogueEntry &info = entry().info;
         // Texts exist for every element the parameter can have, also for
         // those beyond its present size.
-        if (element < 0 || element >= spec.maximumElementCount)
+        if (element < 0 || element >= info.maximumElementCount)
             return MxMultilingual::ParameterText();
-        return MxMultilingual::ParameterText(spec.shortText,
-                                             QStringLiteral("%1, Element %2").arg(spec.shortText).arg(element));
+        return MxMultilingual::ParameterText(info.shortText,
+                                             QStringLiteral("%1, Element %2").arg(info.shortText).arg(element));
     }
     QString toNative(const QString &valueText) const override
     {
-        const ParameterSpec &spec = entry().spec;
-        if (spec.kind == ParameterSpec::Text)
+        const CatalogueEntry &info = entry().info;
+        if (info.kind == CatalogueEntry::Text)
             return valueText;
         bool ok = false;
         const double value = valueText.trimmed().toDouble(&ok);
         if (!ok || !std::isfinite(value))
             return QString();
-        const double scaled = value * double(powerOfTen(spec.decimalPlaces));
+        const double scaled = value * double(powerOfTen(info.decimalPlaces));
         if (std::fabs(scaled) > LargestScaledValue)
             return QString();
         return QString::number(std::llround(scaled));
@@ -109,10 +109,10 @@ private:
     const SimulatedDrive::Entry &entry() const { return *m_drive->entry(m_coordinate); }
     QString limitText(qint64 native) const
     {
-        const ParameterSpec &spec = entry().spec;
-        if (spec.kind == ParameterSpec::Text)
+        const CatalogueEntry &info = entry().info;
+        if (info.kind == CatalogueEntry::Text)
             return QString();
-        return formatNative(native, spec.decimalPlaces, QLatin1Char('.'));
+        return formatNative(native, info.decimalPlaces, QLatin1Char('.'));
     }
 
     SimulatedDrive *m_drive;
@@ -125,7 +125,7 @@ SimulatedDrive::SimulatedDrive(int axisCount, QObject *parent)
     , m_entries(freshEntries(m_axisCount))
 {
     for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it) {
-        const ParameterCoordinate coordinate(it->spec.coordinate);
+        const ParameterCoordinate coordinate(it->info.coordinate);
         m_information.insert(it.key(), new SimulatedParameter(this, coordinate));
     }
 }
@@ -135,22 +135,22 @@ SimulatedDrive::~SimulatedDrive() = default;
 SimulatedDrive::Entries SimulatedDrive::freshEntries(int axisCount)
 {
     Entries entries;
-    for (const ParameterSpec &spec : parameterCatalogue()) {
+    for (const CatalogueEntry &info : parameterCatalogue()) {
         Entry entry;
-        entry.spec = spec;
-        entry.elementCount = spec.defaultElementCount;
+        entry.info = info;
+        entry.elementCount = info.defaultElementCount;
         Values values;
-        if (spec.kind == ParameterSpec::Text)
+        if (info.kind == CatalogueEntry::Text)
             values.texts = QVector<QString>(entry.elementCount).toList();
         else
-            values.numbers = QVector<qint64>(entry.elementCount, spec.defaultNative);
-        if (spec.perAxis) {
+            values.numbers = QVector<qint64>(entry.elementCount, info.defaultNative);
+        if (info.perAxis) {
             for (int axis = 0; axis < axisCount; ++axis)
                 entry.values.insert(axis + 1, values);
         } else {
             entry.values.insert(0, values);
         }
-        entries.insert(ParameterCoordinate(spec.coordinate).toNumber(), entry);
+        entries.insert(ParameterCoordinate(info.coordinate).toNumber(), entry);
     }
     return entries;
 }
@@ -164,7 +164,7 @@ const SimulatedDrive::Entry *SimulatedDrive::entry(const ParameterCoordinate &co
 const SimulatedDrive::Values *SimulatedDrive::values(const Entry &entry, eLivingSpace livingSpace) const
 {
     // A drive-wide parameter reads the same in every living space.
-    const int key = entry.spec.perAxis ? livingSpace : 0;
+    const int key = entry.info.perAxis ? livingSpace : 0;
     if (livingSpace < 0 || livingSpace > m_axisCount)
         return nullptr;
     const auto it = entry.values.constFind(key);
@@ -173,13 +173,13 @@ const SimulatedDrive::Values *SimulatedDrive::values(const Entry &entry, eLiving
 
 bool SimulatedDrive::resize(Entry &entry, int count)
 {
-    if (count < 1 || count > entry.spec.maximumElementCount)
+    if (count < 1 || count > entry.info.maximumElementCount)
         return false;
     if (count == entry.elementCount)
         return true;
     entry.elementCount = count;
     for (Values &values : entry.values) {
-        if (entry.spec.kind == ParameterSpec::Text) {
+        if (entry.info.kind == CatalogueEntry::Text) {
             while (values.texts.size() > count)
                 values.texts.removeLast();
             while (values.texts.size() < count)
@@ -188,7 +188,7 @@ bool SimulatedDrive::resize(Entry &entry, int count)
             values.numbers.resize(count);  // new elements are zero
         }
     }
-    announceDefinition(ParameterCoordinate(entry.spec.coordinate).toNumber());
+    announceDefinition(ParameterCoordinate(entry.info.coordinate).toNumber());
     return true;
 }
 
@@ -199,12 +199,12 @@ void SimulatedDrive::announceDefinition(int key)
 
 QString SimulatedDrive::unitOf(const Entry &entry, eLivingSpace livingSpace) const
 {
-    if (entry.spec.unitParameter.isEmpty())
-        return entry.spec.unit;
-    const ParameterCoordinate unitCoordinate(entry.spec.unitParameter);
+    if (entry.info.unitParameter.isEmpty())
+        return entry.info.unit;
+    const ParameterCoordinate unitCoordinate(entry.info.unitParameter);
     const Entry *unitEntry = this->entry(unitCoordinate);
     // Drive-wide arrays take the unit of the first axis when read drive-wide.
-    const eLivingSpace space = unitEntry && unitEntry->spec.perAxis && livingSpace == 0 ? 1 : livingSpace;
+    const eLivingSpace space = unitEntry && unitEntry->info.perAxis && livingSpace == 0 ? 1 : livingSpace;
     return readValue(space, unitCoordinate, 0, true);
 }
 
@@ -215,20 +215,20 @@ QString SimulatedDrive::readValue(eLivingSpace livingSpace, const ParameterCoord
     const Values *stored = found ? values(*found, livingSpace) : nullptr;
     if (!stored || element < 0 || element >= found->elementCount)
         return QString();
-    const ParameterSpec &spec = found->spec;
-    switch (spec.kind) {
-    case ParameterSpec::Text:
+    const CatalogueEntry &info = found->info;
+    switch (info.kind) {
+    case CatalogueEntry::Text:
         return stored->texts.at(element);
-    case ParameterSpec::Enumeration: {
+    case CatalogueEntry::Enumeration: {
         const qint64 index = stored->numbers.at(element);
-        if (displayText && index >= 0 && index < spec.names.size())
-            return spec.names.at(int(index));
+        if (displayText && index >= 0 && index < info.names.size())
+            return info.names.at(int(index));
         return QString::number(index);
     }
-    case ParameterSpec::Number:
+    case CatalogueEntry::Number:
         break;
     }
-    QString text = formatNative(stored->numbers.at(element), spec.decimalPlaces, QLocale::system().decimalPoint());
+    QString text = formatNative(stored->numbers.at(element), info.decimalPlaces, QLocale::system().decimalPoint());
     if (displayText) {
         const QString unit = unitOf(*found, livingSpace);
         if (!unit.isEmpty())
@@ -244,9 +244,9 @@ QString SimulatedDrive::readValueNative(eLivingSpace livingSpace, const Paramete
     const Values *stored = found ? values(*found, livingSpace) : nullptr;
     if (!stored || element < 0 || element >= found->elementCount)
         return QString();
-    if (found->spec.kind == ParameterSpec::Text)
+    if (found->info.kind == CatalogueEntry::Text)
         return stored->texts.at(element);
-    if (displayText && found->spec.kind == ParameterSpec::Enumeration)
+    if (displayText && found->info.kind == CatalogueEntry::Enumeration)
         return readValue(livingSpace, coordinate, element, true);
     return QString::number(stored->numbers.at(element));
 }
@@ -271,11 +271,11 @@ bool SimulatedDrive::acceptWrite(eLivingSpace livingSpace, const ParameterCoordi
     const Entry *found = entry(coordinate);
     if (!found || !values(*found, livingSpace) || element < 0 || element >= found->elementCount)
         return false;
-    const ParameterSpec &spec = found->spec;
+    const CatalogueEntry &info = found->info;
     Entry &target = m_entries[coordinate.toNumber()];
-    Values &stored = target.values[spec.perAxis ? livingSpace : 0];
+    Values &stored = target.values[info.perAxis ? livingSpace : 0];
     bool changed = false;
-    if (spec.kind == ParameterSpec::Text) {
+    if (info.kind == CatalogueEntry::Text) {
         changed = stored.texts.at(element) != text;
         stored.texts[element] = text;
     } else {
@@ -284,22 +284,22 @@ bool SimulatedDrive::acceptWrite(eLivingSpace livingSpace, const ParameterCoordi
         if (native) {
             value = text.trimmed().isEmpty() ? 0 : text.trimmed().toLongLong(&ok);
             ok = ok || text.trimmed().isEmpty();
-        } else if (spec.kind == ParameterSpec::Enumeration && spec.names.contains(text.trimmed())) {
-            value = spec.names.indexOf(text.trimmed());
+        } else if (info.kind == CatalogueEntry::Enumeration && info.names.contains(text.trimmed())) {
+            value = info.names.indexOf(text.trimmed());
             ok = true;
         } else {
             QString valueText = text.trimmed();
             const QString unit = unitOf(*found, livingSpace);
             if (!unit.isEmpty() && valueText.endsWith(unit))
                 valueText.chop(unit.size());
-            ok = parseScaled(valueText, spec.decimalPlaces, &value);
+            ok = parseScaled(valueText, info.decimalPlaces, &value);
         }
-        if (!ok || value < spec.nativeMinimum || value > spec.nativeMaximum)
+        if (!ok || value < info.nativeMinimum || value > info.nativeMaximum)
             return false;
         changed = stored.numbers.at(element) != value;
         stored.numbers[element] = value;
     }
-    afterWrite(spec.coordinate, element, text);
+    afterWrite(info.coordinate, element, text);
     if (changed)
         m_information.value(coordinate.toNumber())->announceValue(livingSpace - 1);
     if (m_writesDone == m_onlineAt) {
@@ -349,8 +349,8 @@ bool SimulatedDrive::setNativeLimits(const QString &coordinate, qint64 minimum, 
     if (!entry(parsed) || minimum > maximum)
         return false;
     Entry &target = m_entries[parsed.toNumber()];
-    target.spec.nativeMinimum = minimum;
-    target.spec.nativeMaximum = maximum;
+    target.info.nativeMinimum = minimum;
+    target.info.nativeMaximum = maximum;
     m_information.value(parsed.toNumber())->announceDefinition();
     return true;
 }

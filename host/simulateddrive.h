@@ -82,7 +82,7 @@ private:
         QStringList texts;
     };
     struct Entry {
-        ParameterSpec spec;
+        CatalogueEntry info;
         int elementCount = 1;
         QMap<int, Values> values;  // keyed by living space (0 for drive-wide)
     };

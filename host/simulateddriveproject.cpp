@@ -21,10 +21,10 @@ constexpr int FormatVersion = 1;
 
 namespace {
 
-QJsonArray valuesToJson(const ParameterSpec &spec, const QVector<qint64> &numbers, const QStringList &texts)
+QJsonArray valuesToJson(const CatalogueEntry &info, const QVector<qint64> &numbers, const QStringList &texts)
 {
     QJsonArray array;
-    if (spec.kind == ParameterSpec::Text) {
+    if (info.kind == CatalogueEntry::Text) {
         for (const QString &text : texts)
             array.append(text);
     } else {
@@ -40,15 +40,15 @@ QByteArray SimulatedDrive::toJson() const
 {
     QJsonObject parameters;
     for (const Entry &stored : m_entries) {
-        const ParameterSpec &spec = stored.spec;
-        if (spec.perAxis) {
+        const CatalogueEntry &info = stored.info;
+        if (info.perAxis) {
             QJsonObject perSpace;
             for (auto it = stored.values.cbegin(); it != stored.values.cend(); ++it)
-                perSpace.insert(QString::number(it.key()), valuesToJson(spec, it->numbers, it->texts));
-            parameters.insert(spec.coordinate, perSpace);
+                perSpace.insert(QString::number(it.key()), valuesToJson(info, it->numbers, it->texts));
+            parameters.insert(info.coordinate, perSpace);
         } else {
             const Values &values = stored.values.value(0);
-            parameters.insert(spec.coordinate, valuesToJson(spec, values.numbers, values.texts));
+            parameters.insert(info.coordinate, valuesToJson(info, values.numbers, values.texts));
         }
     }
     QJsonObject root;
@@ -62,33 +62,33 @@ QByteArray SimulatedDrive::toJson() const
 namespace {
 
 // Reads the elements of one parameter; false with a reason when damaged.
-bool valuesFromJson(const ParameterSpec &spec, const QJsonValue &json, QVector<qint64> *numbers,
+bool valuesFromJson(const CatalogueEntry &info, const QJsonValue &json, QVector<qint64> *numbers,
                     QStringList *texts, QString *reason)
 {
     if (!json.isArray()) {
-        *reason = QStringLiteral("%1 is not a list of elements").arg(spec.coordinate);
+        *reason = QStringLiteral("%1 is not a list of elements").arg(info.coordinate);
         return false;
     }
     const QJsonArray array = json.toArray();
-    if (array.isEmpty() || array.size() > spec.maximumElementCount) {
+    if (array.isEmpty() || array.size() > info.maximumElementCount) {
         *reason = QStringLiteral("%1 has %2 elements (1 to %3 allowed)")
-                      .arg(spec.coordinate).arg(array.size()).arg(spec.maximumElementCount);
+                      .arg(info.coordinate).arg(array.size()).arg(info.maximumElementCount);
         return false;
     }
     for (int i = 0; i < array.size(); ++i) {
         const QJsonValue value = array.at(i);
-        if (spec.kind == ParameterSpec::Text) {
+        if (info.kind == CatalogueEntry::Text) {
             if (!value.isString()) {
-                *reason = QStringLiteral("%1 element %2 is not a text").arg(spec.coordinate).arg(i);
+                *reason = QStringLiteral("%1 element %2 is not a text").arg(info.coordinate).arg(i);
                 return false;
             }
             texts->append(value.toString());
             continue;
         }
         const double number = value.toDouble(std::nan(""));
-        if (!value.isDouble() || number != std::floor(number) || number < double(spec.nativeMinimum)
-            || number > double(spec.nativeMaximum)) {
-            *reason = QStringLiteral("%1 element %2 is no value of the parameter").arg(spec.coordinate).arg(i);
+        if (!value.isDouble() || number != std::floor(number) || number < double(info.nativeMinimum)
+            || number > double(info.nativeMaximum)) {
+            *reason = QStringLiteral("%1 element %2 is no value of the parameter").arg(info.coordinate).arg(i);
             return false;
         }
         numbers->append(qint64(number));
@@ -126,26 +126,26 @@ bool SimulatedDrive::fromJson(const QByteArray &json, QString *errorString)
     for (auto it = parameters.constBegin(); it != parameters.constEnd(); ++it) {
         const ParameterCoordinate coordinate(it.key());
         const auto found = entries.find(coordinate.toNumber());
-        if (!coordinate.isValid() || found == entries.end() || found->spec.coordinate != it.key())
+        if (!coordinate.isValid() || found == entries.end() || found->info.coordinate != it.key())
             return fail(QStringLiteral("unknown parameter %1").arg(it.key()));
         Entry &target = *found;
-        const ParameterSpec &spec = target.spec;
+        const CatalogueEntry &info = target.info;
         QString reason;
         int count = -1;
         const QList<int> spaces = target.values.keys();
         for (int space : spaces) {
             QJsonValue elements = it.value();
-            if (spec.perAxis) {
+            if (info.perAxis) {
                 elements = it.value().toObject().value(QString::number(space));
                 if (!it.value().isObject() || elements.isUndefined())
-                    return fail(QStringLiteral("%1 has no value for living space %2").arg(spec.coordinate).arg(space));
+                    return fail(QStringLiteral("%1 has no value for living space %2").arg(info.coordinate).arg(space));
             }
             Values values;
-            if (!valuesFromJson(spec, elements, &values.numbers, &values.texts, &reason))
+            if (!valuesFromJson(info, elements, &values.numbers, &values.texts, &reason))
                 return fail(reason);
-            const int size = spec.kind == ParameterSpec::Text ? values.texts.size() : values.numbers.size();
+            const int size = info.kind == CatalogueEntry::Text ? values.texts.size() : values.numbers.size();
             if (count >= 0 && size != count)
-                return fail(QStringLiteral("%1 differs in size between living spaces").arg(spec.coordinate));
+                return fail(QStringLiteral("%1 differs in size between living spaces").arg(info.coordinate));
             count = size;
             target.values.insert(space, values);
         }
@@ -156,8 +156,8 @@ bool SimulatedDrive::fromJson(const QByteArray &json, QString *errorString)
     QList<int> resized;
     for (auto it = entries.begin(); it != entries.end(); ++it) {
         const Entry &old = m_entries.value(it.key());
-        it->spec.nativeMinimum = old.spec.nativeMinimum;
-        it->spec.nativeMaximum = old.spec.nativeMaximum;
+        it->info.nativeMinimum = old.info.nativeMinimum;
+        it->info.nativeMaximum = old.info.nativeMaximum;
         if (old.elementCount != it->elementCount)
             resized.append(it.key());
     }
