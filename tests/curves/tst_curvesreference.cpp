@@ -1,3 +1,4 @@
+#include "curves/ascendingsearch.h"
 #include "curves/camsectionfifthpolynomial.h"
 #include "curves/motionplancubicspline.h"
 #include "curves/motionplanvdi.h"
@@ -83,6 +84,8 @@ class TestCurvesReference : public QObject
 {
     Q_OBJECT
 private slots:
+    void ascendingSearch_data();
+    void ascendingSearch();
     void vdiSectionSearch_data();
     void vdiSectionSearch();
     void staticSampling_data();
@@ -95,6 +98,49 @@ private slots:
 private:
     FixedScaling m_scaling{ 3 };
 };
+
+void TestCurvesReference::ascendingSearch_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("distinct");
+    QTest::newRow("empty") << 0 << 1;
+    QTest::newRow("one") << 1 << 1;
+    QTest::newRow("two") << 2 << 2;
+    QTest::newRow("many distinct") << 3000 << 100000;
+    QTest::newRow("many equal runs") << 3000 << 40;
+    QTest::newRow("all equal") << 50 << 1;
+}
+
+// Random walks, jumps and repeated positions against std::lower_bound.
+void TestCurvesReference::ascendingSearch()
+{
+    QFETCH(int, count);
+    QFETCH(int, distinct);
+    QRandomGenerator random(quint32(count * 7 + distinct));
+    std::vector<double> values;
+    for (int i = 0; i < count; ++i)
+        values.push_back(random.bounded(distinct) * 0.5);
+    std::sort(values.begin(), values.end());
+    const double top = distinct * 0.5;
+    const AscendingSearch search;
+    double walk = -1.0;
+    for (int i = 0; i < 20000; ++i) {
+        double x = 0.0;
+        switch (random.bounded(6)) {
+        case 0: x = random.bounded(top + 2.0) - 1.0; break;
+        case 1: x = values.empty() ? 0.0 : values[random.bounded(int(values.size()))]; break;
+        case 2: x = walk = walk + random.bounded(top / 50.0 + 0.01); break;
+        case 3: x = walk - 1.0; break;
+        case 4: x = i % 2 ? qInf() : -qInf(); break;
+        default: x = i % 3 ? std::nan("") : std::nextafter(walk, -1e9); break;
+        }
+        const size_t expected = size_t(std::lower_bound(values.begin(), values.end(), x) - values.begin());
+        const size_t found = search.lowerBound(values, x);
+        if (found != expected)
+            qWarning("at %.17g: %zu, expected %zu", x, found, expected);
+        QCOMPARE(found, expected);
+    }
+}
 
 void TestCurvesReference::vdiSectionSearch_data()
 {
