@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -26,8 +27,12 @@ QString textOf(const uint8_t *data, size_t size, bool utf16)
 {
     // UTF-16 mode reaches code units that no file decoding gives, such as
     // lone surrogates, which an edited text in the dialog still may hold.
-    if (utf16)
-        return QString(reinterpret_cast<const QChar *>(data), static_cast<int>(size / 2));
+    if (utf16) {
+        // Copied bytewise: the text starts at an odd offset of the input.
+        QString text(static_cast<int>(size / 2), Qt::Uninitialized);
+        std::memcpy(text.data(), data, size / 2 * sizeof(QChar));
+        return text;
+    }
     return QString::fromUtf8(reinterpret_cast<const char *>(data), static_cast<int>(size));
 }
 
