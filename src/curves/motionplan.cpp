@@ -8,6 +8,18 @@
 #include <iterator>
 #include <limits>
 
+namespace {
+
+// Ascending motion points never need more curvature tests per sampling than
+// this: each test either yields a grid point, sits next to a motion point or
+// enters a straight stretch, which is then passed over untested. Motion points
+// out of order (only possible through the programming interface) defeat the
+// stretch detection; the limit keeps a straight curve from walking millions of
+// tiny steps with them.
+constexpr int CurvatureTestLimit = 8 * MotionPlan::MaximumGridPoints;
+
+} // namespace
+
 MotionPlan::MotionPlan(QList<MotionPoint *> motionPoints, bool cyclic, double circularLength, QObject *parent,
                        Scaling *scaling)
     : QObject(parent)
@@ -191,7 +203,8 @@ std::vector<double> MotionPlan::stepPositions(double stepSize, const std::vector
     // of the running sum, as stored tables do.
     double x = first;
     std::size_t above = 0; // first master not below x; x only grows
-    while (x <= end) {
+    int tests = 0;
+    while (x <= end && tests++ < CurvatureTestLimit) {
         while (above < sortedMasters.size() && sortedMasters[above] < x)
             ++above;
         const Curvature test = curvature(x, stepSize, sortedMasters, above);

@@ -94,6 +94,8 @@ private slots:
     void dynamicSampling();
     void straightCurvesStayCheap_data();
     void straightCurvesStayCheap();
+    void brokenOrderStaysBounded_data();
+    void brokenOrderStaysBounded();
 
 private:
     FixedScaling m_scaling{ 3 };
@@ -274,6 +276,40 @@ void TestCurvesReference::straightCurvesStayCheap()
     QCOMPARE(plan->positions().size(), 2);
     // Some 128 million positions to walk; evaluating each would take seconds.
     QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestCurvesReference::brokenOrderStaysBounded_data()
+{
+    QTest::addColumn<QVector<double>>("masters");
+    QTest::newRow("not a number inside") << QVector<double>{ 0.0, std::nan(""), 100.0 };
+    QTest::newRow("not a number among many") << [] {
+        QVector<double> masters;
+        for (int i = 0; i < 100; ++i)
+            masters << i << (i == 50 ? std::nan("") : i + 0.5);
+        return masters;
+    }();
+    QTest::newRow("descending") << QVector<double>{ 100.0, 50.0, 0.0, 200.0 };
+}
+
+// Without ascending masters the plans fall back to the literal rules, which
+// cost a pass over all sections per evaluation. A straight curve then makes
+// the refinement walk a tiny step; it must still end in reasonable time.
+void TestCurvesReference::brokenOrderStaysBounded()
+{
+    QFETCH(QVector<double>, masters);
+    PlanPoints points;
+    for (int i = 0; i < masters.size(); ++i)
+        points.add(masters.at(i), 2.0 * masters.at(i), speed);
+    QElapsedTimer timer;
+    timer.start();
+    for (int law : { 0, 1 }) {
+        const std::unique_ptr<MotionPlan> plan = makePlan(law, points, false, &m_scaling);
+        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+        QVERIFY(plan->positions().size() <= MotionPlan::MaximumGridPoints);
+        plan->calculate(0.0);
+        QVERIFY(plan->positions().size() <= MotionPlan::MaximumGridPoints);
+    }
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(TestCurvesReference)
