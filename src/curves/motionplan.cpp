@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <limits>
 
 namespace {
 
@@ -105,9 +104,9 @@ void MotionPlan::calculateWithResolution(int gridPointCount)
     gridPointCount = std::min(gridPointCount, int(MaximumGridPoints));
     const std::vector<double> masters = sortedMotionPointMasters();
     if (gridPointCount <= count) {
-        // Deliberately computes and drops the motion point grid: this branch
-        // changes nothing but the notification.
-        gridPoints(masters);
+        // Deliberately samples the motion points alone and drops the result:
+        // this branch changes nothing but the notification.
+        sample(0.0, masters);
         emit stepSizeChanged();
         return;
     }
@@ -122,8 +121,8 @@ void MotionPlan::calculateWithResolution(int gridPointCount)
     }
     m_positions = points;
     // Appended, not replaced: a second dynamic run on the same plan adds a
-    // second run of points. The model builds a new plan before every run that
-    // follows a change of the points, and the plots rely on nothing else.
+    // second run of points. Deliberate and kept; the model builds a new plan
+    // before every dynamic run that follows a change of the points.
     m_velocities.reserve(m_velocities.size() + points.size());
     m_accelerations.reserve(m_accelerations.size() + points.size());
     m_jerks.reserve(m_jerks.size() + points.size());
