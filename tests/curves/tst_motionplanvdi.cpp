@@ -28,6 +28,8 @@ private slots:
     void straightLines_data();
     void straightLines();
     void turningPoint();
+    void straightSectionRule_data();
+    void straightSectionRule();
     void startConditions_data();
     void startConditions();
     void cyclicLastSectionClosesOnFirst();
@@ -111,6 +113,44 @@ void TestMotionPlanVdi::turningPoint()
     QCOMPARE(plan.sections().at(1)->a2(), 1.5 * (-1.0 - 1.0) / 20.0);
     QCOMPARE(plan.position(10.0), 10.0);
     QCOMPARE(plan.position(20.0) + 1.0, 1.0);
+}
+
+void TestMotionPlanVdi::straightSectionRule_data()
+{
+    QTest::addColumn<QVector<PointData>>("points");
+    QTest::addColumn<bool>("cyclic");
+    QTest::addColumn<int>("section");
+    QTest::addColumn<bool>("straight");
+
+    // The slopes differ (1, 2, 0), so the general formulas bend the section.
+    const auto cam = [](movementRules a, movementRules b, movementRules c, movementRules d) {
+        return QVector<PointData>{ { 0, 0, a }, { 10, 10, b }, { 20, 30, c }, { 30, 30, d } };
+    };
+    QTest::newRow("speed pair after a rest point") << cam(rest, speed, speed, rest) << false << 1 << true;
+    QTest::newRow("speed pair after a speed point") << cam(speed, speed, speed, rest) << false << 1 << false;
+    QTest::newRow("first section") << cam(speed, speed, rest, rest) << false << 0 << true;
+    QTest::newRow("last section of open cam") << cam(rest, rest, speed, speed) << false << 2 << true;
+    QTest::newRow("last section after a speed point") << cam(rest, speed, speed, speed) << false << 2 << true;
+    QTest::newRow("rest to speed") << cam(rest, rest, speed, rest) << false << 1 << false;
+    QTest::newRow("speed to rest") << cam(rest, speed, rest, rest) << false << 1 << false;
+    QTest::newRow("last section of cyclic cam") << cam(speed, speed, speed, speed) << true << 2 << false;
+    QTest::newRow("same cam open") << cam(speed, speed, speed, speed) << false << 2 << true;
+}
+
+void TestMotionPlanVdi::straightSectionRule()
+{
+    QFETCH(QVector<PointData>, points);
+    QFETCH(bool, cyclic);
+    QFETCH(int, section);
+    QFETCH(bool, straight);
+    PlanPoints planPoints;
+    for (const PointData &point : points)
+        planPoints.add(point.master, point.slave, point.type);
+    // Circular length 30 adds no closing point: the last section ends at 30.
+    MotionPlanVdi plan(planPoints.list, cyclic, 30.0, nullptr, &m_scaling);
+    const CamSectionFifthPolynomial *s = plan.sections().at(section);
+    const bool withoutHigherTerms = s->a3() == 0.0 && s->a4() == 0.0 && s->a5() == 0.0;
+    QCOMPARE(withoutHigherTerms, straight);
 }
 
 void TestMotionPlanVdi::startConditions_data()
