@@ -114,11 +114,13 @@ double CurveTextConverter::toNumber(const QStringRef &capture, QString *buffer, 
 
 QPolygonF CurveTextConverter::convert()
 {
+    // The message tells about this run only.
     m_errorMessage.clear();
     QPolygonF points;
     const QRegularExpression &regularExpression = expression();
-    // Only reachable with a broken pattern; an empty one would match
-    // everywhere and yield nonsense instead of nothing.
+    // setFormat() keeps the format one of the four, so the pattern is never
+    // empty; if it were, it would match at every position and yield a pair
+    // of zeros for each instead of nothing.
     if (regularExpression.pattern().isEmpty() || !regularExpression.isValid())
         return points;
 
