@@ -4,6 +4,7 @@
 
 #include <QList>
 
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -11,6 +12,14 @@
 struct PlanPoints {
     std::vector<std::unique_ptr<MotionPoint>> owned;
     QList<MotionPoint *> list;
+
+    PlanPoints() = default;
+    // Points at the given masters, slave 0.
+    PlanPoints(std::initializer_list<double> masters, movementRules type = rest)
+    {
+        for (double master : masters)
+            add(master, 0.0, type);
+    }
 
     void add(double master, double slave, movementRules type = rest)
     {

@@ -1,6 +1,7 @@
 #include "curves/motionplan.h"
 #include "model/fixedscaling.h"
 #include "model/motionpoint.h"
+#include "planpoints.h"
 #include "referencesampling.h"
 
 #include <QSignalSpy>
@@ -41,22 +42,7 @@ private:
 const Function Parabola = [](double x) { return x * x / 1000.0; };
 const Function Bending = [](double) { return 1.0; };
 
-// Owns the motion points handed to a plan, as the cam description does.
-struct Points {
-    std::vector<std::unique_ptr<MotionPoint>> owned;
-    QList<MotionPoint *> list;
-    Points() = default;
-    Points(std::initializer_list<double> masters, movementRules type = rest)
-    {
-        for (double master : masters)
-            add(master, 0.0, type);
-    }
-    void add(double master, double slave, movementRules type = rest)
-    {
-        owned.push_back(std::make_unique<MotionPoint>(master, slave, type));
-        list.append(owned.back().get());
-    }
-};
+using Points = PlanPoints;
 
 QVector<double> mastersOf(const QPolygonF &points)
 {
