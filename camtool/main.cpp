@@ -2,8 +2,12 @@
 #include "verbs.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 
 #include <memory>
+
+#include <unistd.h>
 
 namespace CamTool {
 
@@ -26,6 +30,19 @@ const QList<Verb> &verbs()
 }
 
 } // namespace CamTool
+
+// Without XDG_RUNTIME_DIR Qt warns on stderr and then makes a private
+// directory itself; making it first keeps stderr to the tool's own messages.
+static void provideRuntimeDirectory()
+{
+    if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return;
+    const QString path = QDir::tempPath() + QStringLiteral("/runtime-") + QString::number(::getuid());
+    if (!QDir().mkpath(path))
+        return;
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
+}
 
 static void printUsage()
 {
@@ -56,6 +73,7 @@ int main(int argc, char *argv[])
             // The tool needs no screen: widgets are made offscreen.
             if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
                 qputenv("QT_QPA_PLATFORM", "offscreen");
+            provideRuntimeDirectory();
             application = std::make_unique<QApplication>(argc, argv);
         } else {
             application = std::make_unique<QCoreApplication>(argc, argv);
