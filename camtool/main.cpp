@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <memory>
+#include <vector>
 
 #include <unistd.h>
 
@@ -68,17 +69,25 @@ int main(int argc, char *argv[])
     for (const CamTool::Verb &verb : CamTool::verbs()) {
         if (verbName != QLatin1String(verb.name))
             continue;
+        // The application sees "camtool VERB" as its program name and the
+        // verb's own arguments after it, so that usage lines name the verb.
+        QByteArray program = QByteArray(argv[0]) + ' ' + verbName.toLocal8Bit();
+        std::vector<char *> verbArgv { program.data() };
+        verbArgv.insert(verbArgv.end(), argv + 2, argv + argc);
+        verbArgv.push_back(nullptr);
+        int verbArgc = argc - 1;
         std::unique_ptr<QCoreApplication> application;
         if (verb.needsWidgets) {
             // The tool needs no screen: widgets are made offscreen.
             if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
                 qputenv("QT_QPA_PLATFORM", "offscreen");
             provideRuntimeDirectory();
-            application = std::make_unique<QApplication>(argc, argv);
+            application = std::make_unique<QApplication>(verbArgc, verbArgv.data());
         } else {
-            application = std::make_unique<QCoreApplication>(argc, argv);
+            application = std::make_unique<QCoreApplication>(verbArgc, verbArgv.data());
         }
         QCoreApplication::setApplicationName(QStringLiteral("camtool"));
+        arguments[0] = QString::fromLocal8Bit(program);
         return verb.run(arguments);
     }
     CamTool::printError(QStringLiteral("camtool: unknown verb '%1'\n").arg(verbName));
