@@ -1,33 +1,17 @@
 #include "binaryjson.h"
+#include "camtoolrunner.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
-struct Result {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result runCamTool(const QStringList &arguments)
+CamToolResult camtool(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
-    Result result;
-    if (!process.waitForFinished(60000))
-        return result;
-    result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
+    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
 }
 
 } // namespace
@@ -52,10 +36,7 @@ private:
 QString tst_CamToolShow::writeTemporary(const QString &name, const QByteArray &bytes)
 {
     const QString path = m_dir.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return QString();
-    return path;
+    return writeFile(path, bytes) ? path : QString();
 }
 
 void tst_CamToolShow::showsNormalisedData_data()
@@ -87,7 +68,7 @@ void tst_CamToolShow::showsNormalisedData()
     QFETCH(QByteArray, expectedJson);
     const QString path = writeTemporary(fileName, bytes);
     QVERIFY(!path.isEmpty());
-    const Result result = runCamTool({ QStringLiteral("show"), path });
+    const CamToolResult result = camtool({ QStringLiteral("show"), path });
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.err, QByteArray());
     const QJsonObject expected = QJsonDocument::fromJson(expectedJson).object();
@@ -112,7 +93,7 @@ void tst_CamToolShow::invalidContentWarnsAndShowsDefaults()
     QFETCH(QByteArray, bytes);
     const QString path = writeTemporary(fileName, bytes);
     QVERIFY(!path.isEmpty());
-    const Result result = runCamTool({ QStringLiteral("show"), path });
+    const CamToolResult result = camtool({ QStringLiteral("show"), path });
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.err.count('\n'), 1);
     QVERIFY2(result.err.contains("warning") && result.err.contains(fileName.toUtf8()), result.err.constData());
@@ -125,7 +106,7 @@ void tst_CamToolShow::invalidContentWarnsAndShowsDefaults()
 void tst_CamToolShow::unreadableFileFails()
 {
     const QString path = m_dir.filePath(QStringLiteral("does-not-exist.json"));
-    const Result result = runCamTool({ QStringLiteral("show"), path });
+    const CamToolResult result = camtool({ QStringLiteral("show"), path });
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.out, QByteArray());
     QCOMPARE(result.err.count('\n'), 1);
@@ -146,7 +127,7 @@ void tst_CamToolShow::wrongUsage_data()
 void tst_CamToolShow::wrongUsage()
 {
     QFETCH(QStringList, arguments);
-    const Result result = runCamTool(arguments);
+    const CamToolResult result = camtool(arguments);
     QCOMPARE(result.exitCode, 2);
     QVERIFY(result.err.contains("Usage"));
 }

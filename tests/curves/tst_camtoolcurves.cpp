@@ -3,11 +3,11 @@
 #include "curves/motionplanvdi.h"
 #include "model/fixedscaling.h"
 #include "referencesampling.h"
+#include "camtoolrunner.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -18,26 +18,9 @@
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Run camtool(const QStringList &arguments)
+CamToolResult camtool(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
-    Run run;
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        return run;
-    }
-    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
+    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
 }
 
 QString example(const char *name)
@@ -47,10 +30,7 @@ QString example(const char *name)
 
 QJsonObject readObject(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QJsonDocument::fromJson(file.readAll()).object();
+    return QJsonDocument::fromJson(readFile(path)).object();
 }
 
 double toNumber(const QJsonValue &value)
@@ -149,9 +129,8 @@ void TestCamtoolCurves::initTestCase()
     QVERIFY(QFile::exists(QStringLiteral(CAMTOOL_PATH)));
     QVERIFY(m_directory.isValid());
     m_onePoint = m_directory.filePath(QStringLiteral("onepoint.json"));
-    QFile file(m_onePoint);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(camFile(QJsonArray{ QJsonArray{ 10, 5, "rest" } }, QJsonObject{ { "isDynamicStepSize", true } }));
+    QVERIFY(writeFile(m_onePoint, camFile(QJsonArray{ QJsonArray{ 10, 5, "rest" } },
+                                          QJsonObject{ { "isDynamicStepSize", true } })));
 }
 
 void TestCamtoolCurves::sampleExamples_data()
@@ -180,7 +159,7 @@ void TestCamtoolCurves::sampleExamples()
     QFETCH(int, decimals);
     QFETCH(bool, dynamic);
     QFETCH(double, step);
-    const Run run = camtool(QStringList{ "sample", file } + options);
+    const CamToolResult run = camtool(QStringList{ "sample", file } + options);
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.err.isEmpty());
     QJsonParseError error;
@@ -214,7 +193,7 @@ void TestCamtoolCurves::evalExamples_data()
 void TestCamtoolCurves::evalExamples()
 {
     QFETCH(QString, file);
-    const Run run = camtool({ "eval", file, "--at", "0,12.5,90,1e-3,-5,359.99", "--at", "nan" });
+    const CamToolResult run = camtool({ "eval", file, "--at", "0,12.5,90,1e-3,-5,359.99", "--at", "nan" });
     QCOMPARE(run.exitCode, 0);
     const QJsonArray output = QJsonDocument::fromJson(run.out).array();
     QCOMPARE(output.size(), 7);
@@ -257,7 +236,7 @@ void TestCamtoolCurves::badArguments()
 {
     QFETCH(QStringList, arguments);
     QFETCH(int, exitCode);
-    const Run run = camtool(arguments);
+    const CamToolResult run = camtool(arguments);
     QCOMPARE(run.exitCode, exitCode);
     QVERIFY(run.out.isEmpty());
     QVERIFY(!run.err.isEmpty());
@@ -267,7 +246,7 @@ void TestCamtoolCurves::badArguments()
 
 void TestCamtoolCurves::fewerThanTwoPointsGiveEmptyLists()
 {
-    const Run run = camtool({ "sample", m_onePoint });
+    const CamToolResult run = camtool({ "sample", m_onePoint });
     QCOMPARE(run.exitCode, 0);
     const QJsonObject output = QJsonDocument::fromJson(run.out).object();
     for (const char *key : { "positions", "velocities", "accelerations", "jerks" }) {
@@ -292,13 +271,10 @@ void TestCamtoolCurves::badStepSettingsStayBounded()
     QFETCH(QJsonObject, steps);
     QFETCH(int, minimumCount);
     const QString path = m_directory.filePath(QStringLiteral("steps.json"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(camFile(QJsonArray{ QJsonArray{ 0, 0, "rest" }, QJsonArray{ 100, 20, "turningPoint" },
-                                   QJsonArray{ 360, 5, "rest" } },
-                       steps));
-    file.close();
-    const Run run = camtool({ "sample", path });
+    QVERIFY(writeFile(path, camFile(QJsonArray{ QJsonArray{ 0, 0, "rest" }, QJsonArray{ 100, 20, "turningPoint" },
+                                            QJsonArray{ 360, 5, "rest" } },
+                                steps)));
+    const CamToolResult run = camtool({ "sample", path });
     QCOMPARE(run.exitCode, 0);
     const int count = QJsonDocument::fromJson(run.out).object().value("positions").toArray().size();
     QVERIFY2(count >= minimumCount && count <= MotionPlan::MaximumGridPoints, qPrintable(QString::number(count)));

@@ -1,40 +1,19 @@
+#include "camtoolrunner.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <cmath>
-#include <zlib.h>
-
 namespace {
 
-struct Result {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-    QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
-};
+using Result = CamToolResult;
 
 Result camtool(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
-    Result result;
-    if (!process.waitForFinished(120000))
-        return result;
-    result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
-}
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
 }
 
 const QString Example = QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json");
@@ -69,22 +48,17 @@ private slots:
         QCOMPARE(points.last().toArray().at(0).toDouble(), 360.0);  // the cyclic cam closes at its length
         QCOMPARE(points.last().toArray().at(1).toDouble(), points.first().toArray().at(1).toDouble());
 
-        // The stamp over index, master and slave in the drive's native form
-        // (thousandths), computed here straight through zlib.
-        QByteArray buffer;
         double previous = -1.0;
-        for (int i = 0; i < points.size(); ++i) {
-            const QJsonArray point = points.at(i).toArray();
-            QVERIFY(point.at(0).toDouble() > previous);
-            previous = point.at(0).toDouble();
-            buffer += QByteArray::number(i) + QByteArray::number(qlonglong(std::llround(point.at(0).toDouble() * 1000)))
-                + QByteArray::number(qlonglong(std::llround(point.at(1).toDouble() * 1000)));
+        for (const QJsonValue &point : points) {
+            QVERIFY(point.toArray().at(0).toDouble() > previous);
+            previous = point.toArray().at(0).toDouble();
         }
-        const uLong crc = crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef *>(buffer.constData()),
-                                static_cast<uInt>(buffer.size()));
-        QCOMPARE(table.value(QStringLiteral("storedCrc")).toDouble(), double(crc));
-        QCOMPARE(table.value(QStringLiteral("computedCrc")).toDouble(), double(crc));
-        QCOMPARE(written.json().value(QStringLiteral("crc")).toDouble(), double(crc));
+        // How the stamp is computed is held in the grid point table's test;
+        // here the tool must report the one it wrote, and find it again.
+        const double crc = written.json().value(QStringLiteral("crc")).toDouble();
+        QVERIFY(crc > 0.0);
+        QCOMPARE(table.value(QStringLiteral("storedCrc")).toDouble(), crc);
+        QCOMPARE(table.value(QStringLiteral("computedCrc")).toDouble(), crc);
         const QString summary = table.value(QStringLiteral("summary")).toString();
         QVERIFY(summary.contains(QStringLiteral("Anzahl: %1").arg(count)));
         QVERIFY(!summary.contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
@@ -93,48 +67,52 @@ private slots:
     void secondWriteLeavesProjectAsItWas()
     {
         QCOMPARE(camtool({ "write", Example, "--drive", m_project, "--table", "0" }).exitCode, 0);
-        const QByteArray first = contents(m_project);
+        const QByteArray first = readFile(m_project);
         QCOMPARE(camtool({ "write", Example, "--drive", m_project, "--table", "0" }).exitCode, 0);
-        QCOMPARE(contents(m_project), first);
+        QCOMPARE(readFile(m_project), first);
     }
 
     void refusalLeavesProjectUntouched_data()
     {
+        QTest::addColumn<QString>("verb");
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<QString>("camFile");
         QTest::addColumn<QString>("message");
-        QTest::newRow("read-only") << QStringList { "--read-only" } << QString()
+        QTest::newRow("read-only") << "write" << QStringList { "--read-only" } << QString()
                                    << "Antriebsregler ist schreibgeschützt.";
         QTest::newRow("online with arrays too small")
-            << QStringList { "--online", "--table", "3" } << QString()
+            << "write" << QStringList { "--online", "--table", "3" } << QString()
             << "Die Stützstellen-Arrays müssen vergrößert werden";
         QTest::newRow("slave beyond the array limit")
-            << QStringList() << QStringLiteral("far.json")
+            << "write" << QStringList() << QStringLiteral("far.json")
             << "Slave-Stützstelle [1] kann nicht geschrieben werden. Wert 3000000000 ist zu groß max: 2147483647";
+        QTest::newRow("delete online") << "delete" << QStringList { "--online" } << QString()
+                                       << "Bitte gehen Sie Offline";
     }
     void refusalLeavesProjectUntouched()
     {
+        QFETCH(QString, verb);
         QFETCH(QStringList, options);
         QFETCH(QString, camFile);
         QFETCH(QString, message);
         QCOMPARE(camtool({ "write", Example, "--drive", m_project, "--table", "2" }).exitCode, 0);
-        const QByteArray before = contents(m_project);
+        const QByteArray before = readFile(m_project);
         QString cam = Example;
         if (!camFile.isEmpty()) {
             cam = m_dir.filePath(camFile);
-            QFile file(cam);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(R"({"MotionLaw": "Vdi2142", "Cyclic": false, "CircularLength": 1,
+            QVERIFY(writeFile(cam, R"({"MotionLaw": "Vdi2142", "Cyclic": false, "CircularLength": 1,
                           "MotionPoints": [[0, 0, "rest"], [10, 3000000, "rest"]],
-                          "Steps": {"isDynamicStepSize": false, "staticStepSize": 5, "dynamicSteps": 500}})");
+                          "Steps": {"isDynamicStepSize": false, "staticStepSize": 5, "dynamicSteps": 500}})"));
         }
-        QStringList arguments { "write", cam, "--drive", m_project, "--table", "2" };
+        QStringList arguments { verb, "--drive", m_project, "--table", "2" };
+        if (verb == QLatin1String("write"))
+            arguments.insert(1, cam);
         arguments += options;  // a later --table wins
         const Result result = camtool(arguments);
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(QString::fromUtf8(result.err).contains(message), result.err.constData());
         QVERIFY(result.out.isEmpty());
-        QCOMPARE(contents(m_project), before);
+        QCOMPARE(readFile(m_project), before);
     }
 
     void refusedFirstWriteCreatesNoProject()
@@ -155,17 +133,14 @@ private slots:
     {
         QFETCH(QString, verb);
         const QByteArray damaged("{\"Drive\": \"MxSimulatedDrive\", \"Version\": 1, \"Axes\": 2, \"Parameters\": {\"G283\": [0.5]}}");
-        QFile file(m_project);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(damaged);
-        file.close();
+        QVERIFY(writeFile(m_project, damaged));
         QStringList arguments { verb, "--drive", m_project, "--table", "0" };
         if (verb == QLatin1String("write"))
             arguments.insert(1, Example);
         const Result result = camtool(arguments);
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(result.err.contains("cannot use drive project"), result.err.constData());
-        QCOMPARE(contents(m_project), damaged);
+        QCOMPARE(readFile(m_project), damaged);
     }
 
     void deleteOfflineEmptiesTable()
@@ -177,16 +152,6 @@ private slots:
         QCOMPARE(table.value(QStringLiteral("count")).toInt(), 0);
         QVERIFY(table.value(QStringLiteral("points")).toArray().isEmpty());
         QCOMPARE(table.value(QStringLiteral("summary")).toString(), QString());
-    }
-
-    void deleteOnlineIsRefused()
-    {
-        QCOMPARE(camtool({ "write", Example, "--drive", m_project, "--table", "9" }).exitCode, 0);
-        const QByteArray before = contents(m_project);
-        const Result result = camtool({ "delete", "--drive", m_project, "--table", "9", "--online" });
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY(QString::fromUtf8(result.err).contains(QStringLiteral("Bitte gehen Sie Offline")));
-        QCOMPARE(contents(m_project), before);
     }
 
     void wrongUse_data()
