@@ -96,6 +96,8 @@ private slots:
     void straightCurvesStayCheap();
     void brokenOrderStaysBounded_data();
     void brokenOrderStaysBounded();
+    void fewerThanTwoPointsEvaluateToZero_data();
+    void fewerThanTwoPointsEvaluateToZero();
 
 private:
     FixedScaling m_scaling{ 3 };
@@ -310,6 +312,34 @@ void TestCurvesReference::brokenOrderStaysBounded()
         QVERIFY(plan->positions().size() <= MotionPlan::MaximumGridPoints);
     }
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestCurvesReference::fewerThanTwoPointsEvaluateToZero_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("cyclic");
+    QTest::newRow("vdi, one point") << 0 << 1 << false;
+    QTest::newRow("vdi, no point, cyclic") << 0 << 0 << true;
+    QTest::newRow("spline, one point") << 1 << 1 << false;
+    QTest::newRow("spline, no point, cyclic") << 1 << 0 << true;
+}
+
+void TestCurvesReference::fewerThanTwoPointsEvaluateToZero()
+{
+    QFETCH(int, law);
+    QFETCH(int, count);
+    QFETCH(bool, cyclic);
+    PlanPoints points;
+    if (count == 1)
+        points.add(5.0, 10.0, ::acceleration);
+    const std::unique_ptr<MotionPlan> plan = makePlan(law, points, cyclic, &m_scaling);
+    for (double master : { 0.0, 1.0, 5.0 }) {
+        QVERIFY(plan->position(master) == 0.0);
+        QVERIFY(plan->velocity(master) == 0.0);
+        QVERIFY(plan->acceleration(master) == 0.0);
+        QVERIFY(plan->jerk(master) == 0.0);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestCurvesReference)

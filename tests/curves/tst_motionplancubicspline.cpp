@@ -13,15 +13,12 @@ class TestMotionPlanCubicSpline : public QObject
 private slots:
     void straightLine_data();
     void straightLine();
-    void middleKnot();
+    void threeKnots();
     void naturalBoundaries();
     void continuousAcrossKnots();
     void cyclicAddsClosingKnot_data();
     void cyclicAddsClosingKnot();
-    void jerkAtTheEnds();
-    void extrapolation();
     void ignoresSegmentTypes();
-    void fewerThanTwoPointsEvaluateToZero();
 
 private:
     FixedScaling m_scaling{ 3 };
@@ -50,7 +47,9 @@ void TestMotionPlanCubicSpline::straightLine()
     QVERIFY(plan.jerk(master) == 0.0);
 }
 
-void TestMotionPlanCubicSpline::middleKnot()
+// One bend in the middle: the value at the knot, the jerk up to the ends
+// and the quadratic continuation beyond them.
+void TestMotionPlanCubicSpline::threeKnots()
 {
     PlanPoints points;
     points.add(0.0, 0.0);
@@ -67,6 +66,24 @@ void TestMotionPlanCubicSpline::middleKnot()
     // Symmetric about the middle knot.
     QCOMPARE(plan.position(4.0), plan.position(16.0));
     QCOMPARE(plan.jerk(5.0), -plan.jerk(15.0));
+
+    // The jerk belongs to the knots, not beyond.
+    QVERIFY(spline.cubic().front() != 0.0);
+    QVERIFY(plan.jerk(std::nextafter(0.0, -1.0)) == 0.0);
+    QCOMPARE(plan.jerk(0.0), 6.0 * spline.cubic().front());
+    QCOMPARE(plan.jerk(20.0), 6.0 * spline.cubic().at(1));
+    QVERIFY(plan.jerk(std::nextafter(20.0, 21.0)) == 0.0);
+
+    // Beyond the ends the curve goes on as a quadratic; left of the first knot
+    // the acceleration is multiplied by the distance (deliberately kept).
+    const double slope = spline.linear().front();
+    QCOMPARE(plan.position(-4.0), -4.0 * slope);
+    QCOMPARE(plan.velocity(-4.0), slope);
+    QVERIFY(plan.acceleration(-4.0) == 0.0);
+    const double endSlope = spline.linear().back();
+    QCOMPARE(endSlope, plan.velocity(20.0));
+    QCOMPARE(plan.position(25.0), (spline.quadratic().back() * 5.0 + endSlope) * 5.0 + spline.values().back());
+    QCOMPARE(plan.acceleration(25.0), 2.0 * spline.quadratic().back());
 }
 
 void TestMotionPlanCubicSpline::naturalBoundaries()
@@ -144,41 +161,6 @@ void TestMotionPlanCubicSpline::cyclicAddsClosingKnot()
     }
 }
 
-void TestMotionPlanCubicSpline::jerkAtTheEnds()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(10.0, 10.0);
-    points.add(20.0, 0.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    const CubicSpline &spline = plan.spline();
-    QVERIFY(spline.cubic().front() != 0.0);
-    QVERIFY(plan.jerk(std::nextafter(0.0, -1.0)) == 0.0);
-    QCOMPARE(plan.jerk(0.0), 6.0 * spline.cubic().front());
-    QCOMPARE(plan.jerk(20.0), 6.0 * spline.cubic().at(1));
-    QVERIFY(plan.jerk(std::nextafter(20.0, 21.0)) == 0.0);
-}
-
-// Beyond the ends the curve goes on as a quadratic; left of the first knot
-// the acceleration is multiplied by the distance (deliberately kept).
-void TestMotionPlanCubicSpline::extrapolation()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(10.0, 10.0);
-    points.add(20.0, 0.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    const CubicSpline &spline = plan.spline();
-    const double slope = spline.linear().front();
-    QCOMPARE(plan.position(-4.0), -4.0 * slope);
-    QCOMPARE(plan.velocity(-4.0), slope);
-    QVERIFY(plan.acceleration(-4.0) == 0.0);
-    const double endSlope = spline.linear().back();
-    QCOMPARE(endSlope, plan.velocity(20.0));
-    QCOMPARE(plan.position(25.0), (spline.quadratic().back() * 5.0 + endSlope) * 5.0 + spline.values().back());
-    QCOMPARE(plan.acceleration(25.0), 2.0 * spline.quadratic().back());
-}
-
 void TestMotionPlanCubicSpline::ignoresSegmentTypes()
 {
     PlanPoints rests;
@@ -194,20 +176,6 @@ void TestMotionPlanCubicSpline::ignoresSegmentTypes()
     MotionPlanCubicSpline b(mixed.list, false, 0.0, nullptr, &m_scaling);
     for (double m = -1.0; m < 16.0; m += 0.75)
         QCOMPARE(a.position(m), b.position(m));
-}
-
-void TestMotionPlanCubicSpline::fewerThanTwoPointsEvaluateToZero()
-{
-    PlanPoints points;
-    points.add(5.0, 10.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    QVERIFY(plan.spline().isEmpty());
-    QVERIFY(plan.position(5.0) == 0.0);
-    QVERIFY(plan.velocity(5.0) == 0.0);
-    QVERIFY(plan.acceleration(5.0) == 0.0);
-    QVERIFY(plan.jerk(5.0) == 0.0);
-    MotionPlanCubicSpline empty({}, true, 360.0, nullptr, &m_scaling);
-    QVERIFY(empty.position(1.0) == 0.0);
 }
 
 QTEST_GUILESS_MAIN(TestMotionPlanCubicSpline)

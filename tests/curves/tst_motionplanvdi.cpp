@@ -3,7 +3,6 @@
 #include "model/fixedscaling.h"
 #include "planpoints.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <cmath>
@@ -15,6 +14,14 @@ struct PointData {
     double slave;
     movementRules type;
 };
+
+PlanPoints planPointsOf(const QVector<PointData> &data)
+{
+    PlanPoints points;
+    for (const PointData &point : data)
+        points.add(point.master, point.slave, point.type);
+    return points;
+}
 
 } // namespace
 
@@ -36,9 +43,7 @@ private slots:
     void zeroWinsAtSharedBoundary();
     void outsideAllSectionsIsZero_data();
     void outsideAllSectionsIsZero();
-    void fewerThanTwoPointsEvaluateToZero();
     void sectionsBelongToThePlan();
-    void sampledGridHitsEveryMotionPoint();
 
 private:
     FixedScaling m_scaling{ 3 };
@@ -81,9 +86,7 @@ void TestMotionPlanVdi::straightLines_data()
 void TestMotionPlanVdi::straightLines()
 {
     QFETCH(QVector<PointData>, points);
-    PlanPoints planPoints;
-    for (const PointData &point : points)
-        planPoints.add(point.master, point.slave, point.type);
+    const PlanPoints planPoints = planPointsOf(points);
     MotionPlanVdi plan(planPoints.list, false, 0.0, nullptr, &m_scaling);
     const QList<CamSectionFifthPolynomial *> sections = plan.sections();
     QCOMPARE(sections.size(), points.size() - 1);
@@ -143,9 +146,7 @@ void TestMotionPlanVdi::straightSectionRule()
     QFETCH(bool, cyclic);
     QFETCH(int, section);
     QFETCH(bool, straight);
-    PlanPoints planPoints;
-    for (const PointData &point : points)
-        planPoints.add(point.master, point.slave, point.type);
+    const PlanPoints planPoints = planPointsOf(points);
     // Circular length 30 adds no closing point: the last section ends at 30.
     MotionPlanVdi plan(planPoints.list, cyclic, 30.0, nullptr, &m_scaling);
     const CamSectionFifthPolynomial *s = plan.sections().at(section);
@@ -188,9 +189,7 @@ void TestMotionPlanVdi::startConditions()
     QFETCH(QVector<PointData>, points);
     QFETCH(bool, cyclic);
     QFETCH(int, section);
-    PlanPoints planPoints;
-    for (const PointData &point : points)
-        planPoints.add(point.master, point.slave, point.type);
+    const PlanPoints planPoints = planPointsOf(points);
     MotionPlanVdi plan(planPoints.list, cyclic, 0.0, nullptr, &m_scaling);
     QTEST(plan.sections().at(section)->a1(), "a1");
     QTEST(plan.sections().at(section)->a2(), "a2");
@@ -273,18 +272,6 @@ void TestMotionPlanVdi::outsideAllSectionsIsZero()
     QVERIFY(plan.position(100.0) != 0.0);
 }
 
-void TestMotionPlanVdi::fewerThanTwoPointsEvaluateToZero()
-{
-    PlanPoints points;
-    points.add(5.0, 10.0, rest);
-    MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
-    QVERIFY(plan.sections().isEmpty());
-    QCOMPARE(plan.position(5.0), 0.0);
-    QCOMPARE(plan.jerk(5.0), 0.0);
-    MotionPlanVdi empty({}, true, 360.0, nullptr, &m_scaling);
-    QCOMPARE(empty.position(0.0), 0.0);
-}
-
 void TestMotionPlanVdi::sectionsBelongToThePlan()
 {
     PlanPoints points;
@@ -296,24 +283,6 @@ void TestMotionPlanVdi::sectionsBelongToThePlan()
     QCOMPARE(section->parent(), plan);
     delete plan;
     QVERIFY(section.isNull());
-}
-
-void TestMotionPlanVdi::sampledGridHitsEveryMotionPoint()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0, rest);
-    points.add(90.0, 50.0, speed);
-    points.add(180.0, 100.0, ::turningPoint);
-    points.add(270.0, 40.0, ::acceleration);
-    MotionPlanVdi plan(points.list, true, 360.0, nullptr, &m_scaling);
-    QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
-    plan.calculateWithResolution(500);
-    QCOMPARE(spy.count(), 1);
-    const QPolygonF positions = plan.positions();
-    QVERIFY(positions.size() > 400 && positions.size() <= 550);
-    for (const MotionPoint *point : plan.motionPoints())
-        QVERIFY(positions.contains(QPointF(point->master(), plan.position(point->master()))));
-    QCOMPARE(positions.last(), QPointF(360.0, 0.0));
 }
 
 QTEST_GUILESS_MAIN(TestMotionPlanVdi)
