@@ -72,7 +72,6 @@ private slots:
     void quarterStepRule();
     void resolutionTestLooksOneMasterUnitBack_data();
     void resolutionTestLooksOneMasterUnitBack();
-    void tooSmallStaticStepIsEnlarged();
     void differenceQuotient();
     void fewerThanTwoPointsChangeNothing();
 
@@ -291,18 +290,6 @@ void TestMotionPlan::resolutionTestLooksOneMasterUnitBack()
     QCOMPARE(plan.positions().last().x(), 100.0);
 }
 
-void TestMotionPlan::tooSmallStaticStepIsEnlarged()
-{
-    Points points({ 0.0, 100.0, 300.0, 700.0, 1000.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
-    plan.calculate(0.001);
-    const QPolygonF positions = plan.positions();
-    QCOMPARE(positions.at(1).x(), 1000.0 / 15995.0);
-    QVERIFY(positions.size() <= MotionPlan::MaximumGridPoints);
-    QVERIFY(Reference::samePoints(positions, Reference::sample(plan, 1000.0 / 15995.0, 0.001)));
-}
-
 void TestMotionPlan::differenceQuotient()
 {
     const QPolygonF points(QVector<QPointF>{ QPointF(0.0, 0.0), QPointF(2.0, 4.0), QPointF(3.0, 10.0), QPointF(7.0, 2.0) });
@@ -386,25 +373,37 @@ void TestMotionPlan::dynamicDerivativesAreAppended()
 
 void TestMotionPlan::badStaticStepHeldToTheLimit_data()
 {
+    QTest::addColumn<QVector<double>>("masters");
     QTest::addColumn<double>("step");
-    QTest::newRow("zero") << 0.0;
-    QTest::newRow("negative") << -1.0;
-    QTest::newRow("negative infinity") << -std::numeric_limits<double>::infinity();
-    QTest::newRow("not a number") << std::nan("");
-    QTest::newRow("too small") << 1e-9;
+    // The step the plan must take instead: the range over the grid points
+    // left after the motion points.
+    QTest::addColumn<double>("limit");
+    const QVector<double> two{ 0.0, 360.0 };
+    QTest::newRow("zero") << two << 0.0 << 360.0 / 15998.0;
+    QTest::newRow("negative") << two << -1.0 << 360.0 / 15998.0;
+    QTest::newRow("negative infinity") << two << -std::numeric_limits<double>::infinity() << 360.0 / 15998.0;
+    QTest::newRow("not a number") << two << std::nan("") << 360.0 / 15998.0;
+    QTest::newRow("too small") << two << 1e-9 << 360.0 / 15998.0;
+    QTest::newRow("too small for five motion points")
+        << QVector<double>{ 0.0, 100.0, 300.0, 700.0, 1000.0 } << 0.001 << 1000.0 / 15995.0;
 }
 
 void TestMotionPlan::badStaticStepHeldToTheLimit()
 {
+    QFETCH(QVector<double>, masters);
     QFETCH(double, step);
-    Points points({ 0.0, 360.0 });
+    QFETCH(double, limit);
+    Points points;
+    for (double master : masters)
+        points.add(master, 0.0);
     FixedScaling scaling(3);
     FunctionPlan plan(points.list, Parabola, Bending, &scaling);
     plan.calculate(step);
     const QPolygonF positions = plan.positions();
     QVERIFY(positions.size() <= MotionPlan::MaximumGridPoints);
     QVERIFY(positions.size() > 15000);
-    QVERIFY(Reference::samePoints(positions, Reference::sample(plan, 360.0 / 15998.0, 0.001)));
+    QCOMPARE(positions.at(1).x(), limit);
+    QVERIFY(Reference::samePoints(positions, Reference::sample(plan, limit, 0.001)));
 }
 
 void TestMotionPlan::hugeDynamicResolutionTakenAsLimit()

@@ -7,12 +7,12 @@ class tst_MotionPoint : public QObject
 {
     Q_OBJECT
 private slots:
-    void typeFromDataName_data();
-    void typeFromDataName();
     void typeByIndex_data();
     void typeByIndex();
     void namesOfTypes_data();
     void namesOfTypes();
+    void unknownDataNameIsRest_data();
+    void unknownDataNameIsRest();
     void equality_data();
     void equality();
     void setPositionAlwaysEmitsMoved();
@@ -21,30 +21,6 @@ private slots:
     void displayNameFollowsTypeApplies();
     void copyAndAssignmentCarryValuesButNoSignal();
 };
-
-void tst_MotionPoint::typeFromDataName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("type");
-    QTest::newRow("rest") << "rest" << int(rest);
-    QTest::newRow("speed") << "speed" << int(speed);
-    QTest::newRow("turningPoint") << "turningPoint" << int(turningPoint);
-    QTest::newRow("acceleration") << "acceleration" << int(acceleration);
-    QTest::newRow("lower-case turningpoint is unknown") << "turningpoint" << int(rest);
-    QTest::newRow("empty") << "" << int(rest);
-    QTest::newRow("display name is not a data name") << "Umkehrpunkt" << int(rest);
-}
-
-void tst_MotionPoint::typeFromDataName()
-{
-    QFETCH(QString, name);
-    QFETCH(int, type);
-    MotionPoint point(1.0, 2.0, name);
-    QCOMPARE(point.type(), type);
-    QCOMPARE(point.master(), 1.0);
-    QCOMPARE(point.slave(), 2.0);
-    QVERIFY(point.typeApplies());
-}
 
 void tst_MotionPoint::typeByIndex_data()
 {
@@ -85,6 +61,7 @@ void tst_MotionPoint::namesOfTypes_data()
     QTest::newRow("unknown") << 9 << "" << "" << -1;
 }
 
+// Both directions: the names of a type, and the type read back from its data name.
 void tst_MotionPoint::namesOfTypes()
 {
     QFETCH(int, type);
@@ -95,6 +72,26 @@ void tst_MotionPoint::namesOfTypes()
     QCOMPARE(point.typeDataName(), dataName);
     QCOMPARE(point.typeDisplayName(), displayName);
     QCOMPARE(MotionPoint::indexForType(type), index);
+    if (!dataName.isEmpty()) {
+        MotionPoint read(1.0, 2.0, dataName);
+        QCOMPARE(read.type(), type);
+        QCOMPARE(read.position(), QPointF(1.0, 2.0));
+        QVERIFY(read.typeApplies());
+    }
+}
+
+void tst_MotionPoint::unknownDataNameIsRest_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("lower-case turningpoint") << "turningpoint";
+    QTest::newRow("empty") << "";
+    QTest::newRow("display name is not a data name") << "Umkehrpunkt";
+}
+
+void tst_MotionPoint::unknownDataNameIsRest()
+{
+    QFETCH(QString, name);
+    QCOMPARE(MotionPoint(1.0, 2.0, name).type(), int(rest));
 }
 
 void tst_MotionPoint::equality_data()

@@ -126,35 +126,36 @@ private slots:
     {
         QTest::addColumn<bool>("master");
         QTest::addColumn<double>("value");
+        QTest::addColumn<double>("minimum");
         QTest::addColumn<QString>("message");
-        QTest::newRow("master at maximum") << true << 360.0 << "";
-        QTest::newRow("master at minimum") << true << -1.0 << "";
+        const double nan = std::nan("");  // no minimum of the caller's own
+        QTest::newRow("master at maximum") << true << 360.0 << nan << "";
+        QTest::newRow("master at minimum") << true << -1.0 << nan << "";
         QTest::newRow("master above")
-            << true << 360.5 << "Der Wert 360.500 ° ist zu groß, das Maximum ist 360.000 °";
-        QTest::newRow("master below") << true << -2.0 << "Der Wert -2.000 ° ist zu klein, das Minimum ist -1.000 °";
-        QTest::newRow("slave above") << false << 100.25 << "Der Wert 100.250 mm ist zu groß, das Maximum ist 100.000 mm";
-        QTest::newRow("slave inside") << false << -100.0 << "";
+            << true << 360.5 << nan << "Der Wert 360.500 ° ist zu groß, das Maximum ist 360.000 °";
+        QTest::newRow("master below") << true << -2.0 << nan << "Der Wert -2.000 ° ist zu klein, das Minimum ist -1.000 °";
+        QTest::newRow("slave above") << false << 100.25 << nan << "Der Wert 100.250 mm ist zu groß, das Maximum ist 100.000 mm";
+        QTest::newRow("slave inside") << false << -100.0 << nan << "";
+        QTest::newRow("master below own minimum")
+            << true << 5.0 << 10.0 << "Der Wert 5.000 ° ist zu klein, das Minimum ist 10.000 °";
+        QTest::newRow("own minimum below the drive's") << true << -1.0 << -5.0 << "";
+        QTest::newRow("slave below own minimum")
+            << false << 1.0 << 2.0 << "Der Wert 1.000 mm ist zu klein, das Minimum ist 2.000 mm";
     }
     void valueCheckMessages()
     {
         QFETCH(bool, master);
         QFETCH(double, value);
+        QFETCH(double, minimum);
         QFETCH(QString, message);
         BoundTable bound;
         QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), -1000, 360000));
         QVERIFY(bound.drive.setNativeLimits(bound.slave().toText(), -100000, 100000));
-        QCOMPARE(master ? bound.model().checkMasterValue(value) : bound.model().checkSlaveValue(value), message);
-    }
-
-    void valueCheckWithOwnMinimum()
-    {
-        BoundTable bound;
-        QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), -1000, 360000));
-        QCOMPARE(bound.model().checkMasterValue(5.0, 10.0),
-                 QStringLiteral("Der Wert 5.000 ° ist zu klein, das Minimum ist 10.000 °"));
-        QCOMPARE(bound.model().checkMasterValue(-1.0, -5.0), QString());
-        QCOMPARE(bound.model().checkSlaveValue(1.0, 2.0),
-                 QStringLiteral("Der Wert 1.000 mm ist zu klein, das Minimum ist 2.000 mm"));
+        ParameterModel &model = bound.model();
+        if (std::isnan(minimum))
+            QCOMPARE(master ? model.checkMasterValue(value) : model.checkSlaveValue(value), message);
+        else
+            QCOMPARE(master ? model.checkMasterValue(value, minimum) : model.checkSlaveValue(value, minimum), message);
     }
 
     void gridPointCheck_data()
