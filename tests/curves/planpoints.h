@@ -3,6 +3,7 @@
 #include "model/motionpoint.h"
 
 #include <QList>
+#include <QVector>
 
 #include <initializer_list>
 #include <memory>
@@ -16,6 +17,12 @@ struct PlanPoints {
     PlanPoints() = default;
     // Points at the given masters, slave 0.
     PlanPoints(std::initializer_list<double> masters, movementRules type = rest)
+    {
+        for (double master : masters)
+            add(master, 0.0, type);
+    }
+
+    explicit PlanPoints(const QVector<double> &masters, movementRules type = rest)
     {
         for (double master : masters)
             add(master, 0.0, type);

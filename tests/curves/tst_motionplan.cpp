@@ -158,9 +158,7 @@ void TestMotionPlan::masterRange()
     QFETCH(QVector<double>, masters);
     QFETCH(bool, cyclic);
     QFETCH(double, circularLength);
-    Points points;
-    for (double master : masters)
-        points.add(master, 0.0);
+    Points points(masters);
     FixedScaling scaling(3);
     FunctionPlan plan(points.list, Parabola, Bending, &scaling, cyclic, circularLength);
     QTEST(plan.maximumMasterPosition(), "maximum");
@@ -393,9 +391,7 @@ void TestMotionPlan::badStaticStepHeldToTheLimit()
     QFETCH(QVector<double>, masters);
     QFETCH(double, step);
     QFETCH(double, limit);
-    Points points;
-    for (double master : masters)
-        points.add(master, 0.0);
+    Points points(masters);
     FixedScaling scaling(3);
     FunctionPlan plan(points.list, Parabola, Bending, &scaling);
     plan.calculate(step);
@@ -442,9 +438,7 @@ void TestMotionPlan::degenerateInputsTerminate()
     QFETCH(QVector<double>, masters);
     QFETCH(double, step);
     QFETCH(int, resolution);
-    Points points;
-    for (double master : masters)
-        points.add(master, 0.0);
+    Points points(masters);
     FixedScaling scaling(3);
     FunctionPlan plan(points.list, Parabola, Bending, &scaling);
     QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
