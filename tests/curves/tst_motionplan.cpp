@@ -85,6 +85,9 @@ private slots:
     void degenerateInputsTerminate_data();
     void degenerateInputsTerminate();
     void tooManyMotionPointsLeaveNoStepPositions();
+
+private:
+    FixedScaling m_scaling{ 3 };
 };
 
 void TestMotionPlan::closingPoint_data()
@@ -109,8 +112,7 @@ void TestMotionPlan::closingPoint()
     Points points;
     points.add(0.0, 7.5, turningPoint);
     points.add(200.0, 30.0, rest);
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling, cyclic, circularLength);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling, cyclic, circularLength);
 
     const QList<MotionPoint *> planPoints = plan.motionPoints();
     QCOMPARE(planPoints.size(), count);
@@ -129,8 +131,7 @@ void TestMotionPlan::closingPoint()
 void TestMotionPlan::closingPointIsDeletedWithThePlan()
 {
     Points points({ 0.0, 200.0 });
-    FixedScaling scaling(3);
-    auto plan = std::make_unique<FunctionPlan>(points.list, Parabola, Bending, &scaling, true, 360.0);
+    auto plan = std::make_unique<FunctionPlan>(points.list, Parabola, Bending, &m_scaling, true, 360.0);
     QPointer<MotionPoint> closing = plan->motionPoints().last();
     QPointer<MotionPoint> own = points.list.first();
     plan.reset();
@@ -159,8 +160,7 @@ void TestMotionPlan::masterRange()
     QFETCH(bool, cyclic);
     QFETCH(double, circularLength);
     Points points(masters);
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling, cyclic, circularLength);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling, cyclic, circularLength);
     QTEST(plan.maximumMasterPosition(), "maximum");
     QTEST(plan.masterRange(), "range");
 }
@@ -191,8 +191,7 @@ void TestMotionPlan::minimumStepSize()
 void TestMotionPlan::staticGridByRepeatedAddition()
 {
     Points points({ 0.0, 100.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
     plan.calculate(10.0);
     QCOMPARE(spy.count(), 1);
@@ -223,8 +222,7 @@ void TestMotionPlan::restStretchGetsNoGridPoints()
     // The slave rests between 30 and 70: no acceleration there.
     const Function acceleration = [](double x) { return x > 30.0 && x < 70.0 ? 0.0 : 1.0; };
     Points points({ 0.0, 30.0, 70.0, 100.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, acceleration, &scaling);
+    FunctionPlan plan(points.list, Parabola, acceleration, &m_scaling);
     for (double step : { 10.0, 1.0, 0.37 }) {
         plan.calculate(step);
         int between = 0;
@@ -254,8 +252,7 @@ void TestMotionPlan::quarterStepRule()
     QFETCH(double, motionPoint);
     QFETCH(bool, stepAt20Kept);
     Points points({ 0.0, motionPoint, 100.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     plan.calculate(10.0);
     const QVector<double> masters = mastersOf(plan.positions());
     // A motion point at 20 is a grid point itself.
@@ -280,8 +277,7 @@ void TestMotionPlan::resolutionTestLooksOneMasterUnitBack()
 {
     QFETCH(double, offset);
     Points points({ 0.0, 50.0, 100.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, [offset](double x) { return x + offset; }, Bending, &scaling);
+    FunctionPlan plan(points.list, [offset](double x) { return x + offset; }, Bending, &m_scaling);
     plan.calculate(10.0);
     QTEST(plan.positions().size(), "count");
     QCOMPARE(plan.positions().first().x(), 0.0);
@@ -300,8 +296,7 @@ void TestMotionPlan::differenceQuotient()
 void TestMotionPlan::fewerThanTwoPointsChangeNothing()
 {
     Points points({ 5.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
     plan.calculate(1.0);
     plan.calculateWithResolution(100);
@@ -313,8 +308,7 @@ void TestMotionPlan::fewerThanTwoPointsChangeNothing()
 void TestMotionPlan::dynamicNotAboveMotionPointCountOnlyNotifies()
 {
     Points points({ 0.0, 10.0, 20.0, 30.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     plan.calculate(1.0);
     const QPolygonF before = plan.positions();
     const QPolygonF velocitiesBefore = plan.velocities();
@@ -332,8 +326,7 @@ void TestMotionPlan::dynamicRefinesOnce()
     // points, the refinement halves the step once.
     const Function acceleration = [](double x) { return x > 500.0 ? 1.0 : 0.0; };
     Points points({ 0.0, 1000.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, acceleration, &scaling);
+    FunctionPlan plan(points.list, Parabola, acceleration, &m_scaling);
     plan.calculateWithResolution(1000);
     const QPolygonF positions = plan.positions();
 
@@ -347,8 +340,7 @@ void TestMotionPlan::dynamicRefinesOnce()
 void TestMotionPlan::dynamicDerivativesAreAppended()
 {
     Points points({ 0.0, 100.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     plan.calculateWithResolution(50);
     const QPolygonF positions = plan.positions();
     QCOMPARE(plan.velocities().size(), positions.size());
@@ -392,8 +384,7 @@ void TestMotionPlan::badStaticStepHeldToTheLimit()
     QFETCH(double, step);
     QFETCH(double, limit);
     Points points(masters);
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     plan.calculate(step);
     const QPolygonF positions = plan.positions();
     QVERIFY(positions.size() <= MotionPlan::MaximumGridPoints);
@@ -405,8 +396,7 @@ void TestMotionPlan::badStaticStepHeldToTheLimit()
 void TestMotionPlan::hugeDynamicResolutionTakenAsLimit()
 {
     Points points({ 0.0, 360.0 });
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     plan.calculateWithResolution(2000000000);
     const QPolygonF positions = plan.positions();
     QVERIFY(positions.size() <= MotionPlan::MaximumGridPoints);
@@ -439,8 +429,7 @@ void TestMotionPlan::degenerateInputsTerminate()
     QFETCH(double, step);
     QFETCH(int, resolution);
     Points points(masters);
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, Parabola, Bending, &scaling);
+    FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
     QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
     plan.calculate(step);
     QVERIFY(plan.positions().size() <= MotionPlan::MaximumGridPoints);
@@ -454,8 +443,7 @@ void TestMotionPlan::tooManyMotionPointsLeaveNoStepPositions()
     Points points;
     for (int i = 0; i < MotionPlan::MaximumGridPoints + 5; ++i)
         points.add(i * 0.5, 0.0);
-    FixedScaling scaling(3);
-    FunctionPlan plan(points.list, [](double) { return -1.0; }, Bending, &scaling);
+    FunctionPlan plan(points.list, [](double) { return -1.0; }, Bending, &m_scaling);
     plan.calculate(0.01);
     QCOMPARE(plan.positions().size(), points.list.size());
     plan.calculateWithResolution(16000);

@@ -68,6 +68,12 @@ private:
     std::unique_ptr<ParameterModelImplementation> m_model;
 };
 
+// A parameter coordinate from its text, e.g. "G283".
+inline MxParameterDefinition::ParameterCoordinate coordinate(const char *text)
+{
+    return MxParameterDefinition::ParameterCoordinate(QString::fromLatin1(text));
+}
+
 // Points on a smooth curve, master ascending with the given step; positions
 // carry more digits than the drive keeps so that rounding takes part.
 inline QVector<QPointF> curvePoints(int count, double step = 0.5)

@@ -6,16 +6,10 @@
 
 #include <zlib.h>
 
-using MxParameterDefinition::ParameterCoordinate;
 
 namespace {
 const QString WriteRefused = QStringLiteral("Schreiben in Parameter nicht möglich");
 constexpr int LivingSpace = BoundTable::LivingSpace;
-
-ParameterCoordinate coordinate(const char *text)
-{
-    return ParameterCoordinate(QString::fromLatin1(text));
-}
 } // namespace
 
 // Writing, reading back, deleting and stamping a cam table, under the test

@@ -9,11 +9,6 @@ using MxParameterDefinition::ParameterCoordinate;
 
 namespace {
 constexpr int LivingSpace = BoundTable::LivingSpace;
-
-ParameterCoordinate coordinate(const char *text)
-{
-    return ParameterCoordinate(QString::fromLatin1(text));
-}
 } // namespace
 
 // The parameter model under the test suite's C locale ("." as decimal point).

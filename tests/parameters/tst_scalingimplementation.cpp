@@ -6,8 +6,6 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-using MxParameterDefinition::ParameterCoordinate;
-
 class TestScalingImplementation : public QObject
 {
     Q_OBJECT
@@ -78,8 +76,8 @@ private slots:
     void decimalPlacesAreTheMastersOfTheDrive()
     {
         BoundTable bound;
-        QVERIFY(bound.drive.writeValue(0, ParameterCoordinate(QStringLiteral("G46")), 0, QStringLiteral("2")));
-        QVERIFY(bound.drive.writeValue(1, ParameterCoordinate(QStringLiteral("I06")), 0, QStringLiteral("4")));
+        QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("2")));
+        QVERIFY(bound.drive.writeValue(1, coordinate("I06"), 0, QStringLiteral("4")));
         ScalingImplementation scaling(&bound.model());
         QCOMPARE(scaling.decimalPlaces(), 2);
         QCOMPARE(scaling.slaveDecimalPlaces(), 4);
@@ -90,7 +88,7 @@ private slots:
 
         bound.model().setConnections();
         QSignalSpy changed(&scaling, &Scaling::changed);
-        QVERIFY(bound.drive.writeValue(0, ParameterCoordinate(QStringLiteral("G46")), 0, QStringLiteral("1")));
+        QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("1")));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(scaling.decimalPlaces(), 1);
         QCOMPARE(scaling.positionResolution(), 0.1);
