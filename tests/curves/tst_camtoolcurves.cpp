@@ -28,11 +28,6 @@ QString example(const char *name)
     return QStringLiteral(EXAMPLES_DIR "/") + QLatin1String(name);
 }
 
-QJsonObject readObject(const QString &path)
-{
-    return QJsonDocument::fromJson(readFile(path)).object();
-}
-
 double toNumber(const QJsonValue &value)
 {
     if (value.isString()) {
@@ -45,23 +40,26 @@ double toNumber(const QJsonValue &value)
 }
 
 // JSON as Qt writes and reads it keeps every double but the sign of zero.
+double unsignedZero(double value)
+{
+    return value == 0.0 ? 0.0 : value;
+}
+
 bool readsBack(double written, double expected)
 {
-    return Reference::sameBits(written, expected) || (written == 0.0 && expected == 0.0);
+    return Reference::sameBits(unsignedZero(written), unsignedZero(expected));
+}
+
+QPolygonF withoutSignedZeros(QPolygonF points)
+{
+    for (QPointF &point : points)
+        point = QPointF(unsignedZero(point.x()), unsignedZero(point.y()));
+    return points;
 }
 
 bool pointsReadBack(const QPolygonF &written, const QPolygonF &expected)
 {
-    if (written.size() != expected.size())
-        return false;
-    for (int i = 0; i < written.size(); ++i) {
-        if (!readsBack(written.at(i).x(), expected.at(i).x()) || !readsBack(written.at(i).y(), expected.at(i).y())) {
-            qWarning("point %d: (%.17g, %.17g), expected (%.17g, %.17g)", i, written.at(i).x(), written.at(i).y(),
-                     expected.at(i).x(), expected.at(i).y());
-            return false;
-        }
-    }
-    return true;
+    return Reference::samePoints(withoutSignedZeros(written), withoutSignedZeros(expected));
 }
 
 QPolygonF toPoints(const QJsonValue &value)
@@ -81,7 +79,7 @@ struct LocalPlan {
     LocalPlan(const QString &path, int decimals)
         : scaling(decimals)
     {
-        description.fromJson(readObject(path));
+        description.fromJson(QJsonDocument::fromJson(readFile(path)).object());
         const QList<MotionPoint *> points = description.motionPoints();
         if (description.motionLaw()->law() == MotionLaw::Spline)
             plan = std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
