@@ -8,7 +8,7 @@
 #include <QJsonArray>
 #include <QUndoStack>
 
-#include <new>
+#include <cmath>
 
 namespace {
 
@@ -89,7 +89,13 @@ void CamDescriptionImplementation::fromJson(const QJsonObject &data)
     }
     for (const QJsonValue &element : points) {
         const QJsonArray values = element.toArray();
-        auto *point = new MotionPoint(values.at(0).toDouble(0.0), values.at(1).toDouble(0.0),
+        double master = values.at(0).toDouble(0.0);
+        // Binary JSON can carry a NaN, which text JSON cannot. A NaN key has no
+        // place in the ordered map (it would silently take another point's
+        // entry), so it is read like any other value that is not a number.
+        if (std::isnan(master))
+            master = 0.0;
+        auto *point = new MotionPoint(master, values.at(1).toDouble(0.0),
                                       values.at(2).toString(QStringLiteral("rest")));
         connectPoint(point);
         // A later element at the same master position takes the entry; the

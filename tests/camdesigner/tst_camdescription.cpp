@@ -60,6 +60,7 @@ private slots:
     void binaryRoundTrip();
     void fromJsonReadsWithDefaults_data();
     void fromJsonReadsWithDefaults();
+    void nanMasterReadsAsZero();
     void fromJsonSignalOrder();
     void fromJsonEmitsChangedWhenNothingChanged();
     void typeAppliesKeptAfterConstructionAndSameLawLoad();
@@ -179,6 +180,19 @@ void tst_CamDescription::fromJsonReadsWithDefaults()
     QCOMPARE(description->steps()->dynamicStepResolution(), resolution);
     QCOMPARE(description->steps()->staticStepSize(), 1.0);
     QCOMPARE(description->steps()->isDynamicStepSize(), true);
+}
+
+void tst_CamDescription::nanMasterReadsAsZero()
+{
+    // Only binary JSON can carry a NaN; it must not take another point's entry.
+    QJsonObject object;
+    object.insert(QStringLiteral("MotionPoints"),
+                  QJsonArray { QJsonArray { 0.0, 1.0, QStringLiteral("rest") },
+                               QJsonArray { 10.0, 2.0, QStringLiteral("rest") },
+                               QJsonArray { std::numeric_limits<double>::quiet_NaN(), 3.0, QStringLiteral("speed") },
+                               QJsonArray { 20.0, 4.0, QStringLiteral("rest") } });
+    auto description = create(object);
+    QCOMPARE(describePoints(*description), QStringLiteral("0/3/speed 10/2/rest 20/4/rest"));
 }
 
 void tst_CamDescription::fromJsonSignalOrder()
