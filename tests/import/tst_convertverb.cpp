@@ -1,29 +1,16 @@
+#include "camtoolrunner.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QByteArray output;
-    QByteArray errors;
-};
-
-Run runCamtool(const QStringList &arguments)
+CamToolResult runCamtool(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
-    Run run;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return run;
-    run.exitCode = process.exitCode();
-    run.output = process.readAllStandardOutput();
-    run.errors = process.readAllStandardError();
-    return run;
+    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
 }
 
 } // namespace
@@ -111,13 +98,13 @@ void TestConvertVerb::converts()
 
     const QString path = writeFile(QStringLiteral("curve.txt"), bytes);
     QVERIFY(!path.isEmpty());
-    const Run run = runCamtool(QStringList { QStringLiteral("convert") } + options + QStringList { path });
-    QVERIFY2(run.exitCode == 0, run.errors.constData());
-    QVERIFY2(run.errors.isEmpty(), run.errors.constData());
+    const CamToolResult run = runCamtool(QStringList { QStringLiteral("convert") } + options + QStringList { path });
+    QVERIFY2(run.exitCode == 0, run.err.constData());
+    QVERIFY2(run.err.isEmpty(), run.err.constData());
 
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(run.output, &parseError);
-    QVERIFY2(parseError.error == QJsonParseError::NoError, run.output.constData());
+    const QJsonDocument document = QJsonDocument::fromJson(run.out, &parseError);
+    QVERIFY2(parseError.error == QJsonParseError::NoError, run.out.constData());
     const QJsonObject result = document.object();
     QCOMPARE(result.keys(), (QStringList { "error", "points" }));
     QCOMPARE(result.value(QLatin1String("points")).toArray(), QJsonDocument::fromJson(points).array());
@@ -144,28 +131,28 @@ void TestConvertVerb::usageErrors_data()
 void TestConvertVerb::usageErrors()
 {
     QFETCH(QStringList, arguments);
-    const Run run = runCamtool(arguments);
+    const CamToolResult run = runCamtool(arguments);
     QCOMPARE(run.exitCode, 2);
-    QVERIFY(run.output.isEmpty());
-    QVERIFY(!run.errors.isEmpty());
+    QVERIFY(run.out.isEmpty());
+    QVERIFY(!run.err.isEmpty());
 }
 
 void TestConvertVerb::missingFileIsAnError()
 {
     const QString path = m_directory.filePath(QStringLiteral("missing.txt"));
-    const Run run = runCamtool({ QStringLiteral("convert"), path });
+    const CamToolResult run = runCamtool({ QStringLiteral("convert"), path });
     QCOMPARE(run.exitCode, 1);
-    QVERIFY(run.output.isEmpty());
-    QCOMPARE(run.errors.count('\n'), 1);
-    QVERIFY2(run.errors.contains(path.toLocal8Bit()), run.errors.constData());
+    QVERIFY(run.out.isEmpty());
+    QCOMPARE(run.err.count('\n'), 1);
+    QVERIFY2(run.err.contains(path.toLocal8Bit()), run.err.constData());
 }
 
 void TestConvertVerb::helpNamesTheOptions()
 {
-    const Run run = runCamtool({ QStringLiteral("convert"), QStringLiteral("--help") });
+    const CamToolResult run = runCamtool({ QStringLiteral("convert"), QStringLiteral("--help") });
     QCOMPARE(run.exitCode, 0);
     for (const char *option : { "--format", "--decimal", "--separator" })
-        QVERIFY2(run.output.contains(option), option);
+        QVERIFY2(run.out.contains(option), option);
 }
 
 QTEST_GUILESS_MAIN(TestConvertVerb)
