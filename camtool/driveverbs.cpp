@@ -1,6 +1,5 @@
 #include "camdesigner/camdescriptionimplementation.h"
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
 #include "model/scalingimplementation.h"
 #include "drivesession.h"
 #include "toolsupport.h"
@@ -18,26 +17,11 @@ namespace {
 const QCommandLineOption OnlineOption(QStringLiteral("online"), QStringLiteral("Treat the drive as online."));
 const QCommandLineOption ReadOnlyOption(QStringLiteral("read-only"), QStringLiteral("Treat the drive as read-only."));
 
-QJsonArray pointsToJson(const QPolygonF &points)
-{
-    QJsonArray array;
-    for (const QPointF &point : points)
-        array.append(QJsonArray { point.x(), point.y() });
-    return array;
-}
-
 // The grid points of a cam as the editor computes them: a plan by the cam's
 // law, sampled by its step settings, with the drive's decimal places.
 QPolygonF gridPoints(CamDescriptionImplementation &description, Scaling *scaling)
 {
-    const QList<MotionPoint *> points = description.motionPoints();
-    std::unique_ptr<MotionPlan> plan;
-    if (description.motionLaw()->law() == MotionLaw::Spline)
-        plan = std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(), description.circularLength(),
-                                                       nullptr, scaling);
-    else
-        plan = std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(), nullptr,
-                                               scaling);
+    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, scaling);
     const Steps *steps = description.steps();
     if (steps->isDynamicStepSize())
         plan->calculateWithResolution(steps->dynamicStepResolution());
@@ -130,7 +114,7 @@ int runRead(const QStringList &arguments)
                                                            session.table());
     QJsonObject result;
     result.insert(QStringLiteral("count"), model.storedGridPointCount());
-    result.insert(QStringLiteral("points"), pointsToJson(model.storedGridPoints()));
+    result.insert(QStringLiteral("points"), CamTool::pointsToJson(model.storedGridPoints()));
     result.insert(QStringLiteral("storedCrc"), double(stored.toUInt(nullptr, 10)));
     result.insert(QStringLiteral("computedCrc"), double(model.computeCrc()));
     result.insert(QStringLiteral("summary"), model.storedTableSummary());

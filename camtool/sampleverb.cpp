@@ -2,8 +2,7 @@
 // derivatives, "eval" the curve at given master positions.
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
 #include "model/fixedscaling.h"
 #include "toolsupport.h"
 #include "verbs.h"
@@ -21,38 +20,6 @@ namespace {
 constexpr int DefaultDecimals = 3;
 // Beyond this the decimal places no longer fit a double's digits.
 constexpr int MaximumDecimals = 15;
-
-// The plan the editor would build for the description's motion law.
-std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling)
-{
-    const QList<MotionPoint *> points = description.motionPoints();
-    if (description.motionLaw()->law() == MotionLaw::Spline)
-        return std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
-                                                       description.circularLength(), nullptr, scaling);
-    return std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(),
-                                           nullptr, scaling);
-}
-
-// JSON has no NaN or infinity; they are written as the strings "NaN",
-// "Infinity" and "-Infinity" so that the value is not lost. Finite numbers
-// are written in the shortest form that reads back to the same double; only
-// the sign of a zero is lost (Qt writes and reads -0.0 as 0).
-QJsonValue number(double value)
-{
-    if (std::isnan(value))
-        return QStringLiteral("NaN");
-    if (std::isinf(value))
-        return value > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
-    return value;
-}
-
-QJsonArray pointsToJson(const QPolygonF &points)
-{
-    QJsonArray array;
-    for (const QPointF &point : points)
-        array.append(QJsonArray{ number(point.x()), number(point.y()) });
-    return array;
-}
 
 bool parseDouble(const QString &text, double *value)
 {
@@ -112,7 +79,7 @@ int runSample(const QStringList &arguments)
     if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
         return CamTool::Failure;
     FixedScaling scaling(decimals);
-    const std::unique_ptr<MotionPlan> plan = createPlan(description, &scaling);
+    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
     const Steps *steps = description.steps();
     if (parser.isSet(staticOption))
         plan->calculate(staticStep);
@@ -125,13 +92,13 @@ int runSample(const QStringList &arguments)
 
     QJsonObject result;
     result.insert(QStringLiteral("law"), description.motionLaw()->dataName());
-    result.insert(QStringLiteral("masterRange"), number(plan->masterRange()));
-    result.insert(QStringLiteral("maximumMasterPosition"), number(plan->maximumMasterPosition()));
-    result.insert(QStringLiteral("minimumStepSize"), number(plan->minimumStepSize()));
-    result.insert(QStringLiteral("positions"), pointsToJson(plan->positions()));
-    result.insert(QStringLiteral("velocities"), pointsToJson(plan->velocities()));
-    result.insert(QStringLiteral("accelerations"), pointsToJson(plan->accelerations()));
-    result.insert(QStringLiteral("jerks"), pointsToJson(plan->jerks()));
+    result.insert(QStringLiteral("masterRange"), CamTool::jsonNumber(plan->masterRange()));
+    result.insert(QStringLiteral("maximumMasterPosition"), CamTool::jsonNumber(plan->maximumMasterPosition()));
+    result.insert(QStringLiteral("minimumStepSize"), CamTool::jsonNumber(plan->minimumStepSize()));
+    result.insert(QStringLiteral("positions"), CamTool::pointsToJson(plan->positions()));
+    result.insert(QStringLiteral("velocities"), CamTool::pointsToJson(plan->velocities()));
+    result.insert(QStringLiteral("accelerations"), CamTool::pointsToJson(plan->accelerations()));
+    result.insert(QStringLiteral("jerks"), CamTool::pointsToJson(plan->jerks()));
     CamTool::printJson(QJsonDocument(result));
     return CamTool::Success;
 }
@@ -169,15 +136,15 @@ int runEval(const QStringList &arguments)
     if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
         return CamTool::Failure;
     FixedScaling scaling(DefaultDecimals);
-    const std::unique_ptr<MotionPlan> plan = createPlan(description, &scaling);
+    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
     QJsonArray result;
     for (double master : qAsConst(masters)) {
         result.append(QJsonObject{
-            { QStringLiteral("master"), number(master) },
-            { QStringLiteral("position"), number(plan->position(master)) },
-            { QStringLiteral("velocity"), number(plan->velocity(master)) },
-            { QStringLiteral("acceleration"), number(plan->acceleration(master)) },
-            { QStringLiteral("jerk"), number(plan->jerk(master)) },
+            { QStringLiteral("master"), CamTool::jsonNumber(master) },
+            { QStringLiteral("position"), CamTool::jsonNumber(plan->position(master)) },
+            { QStringLiteral("velocity"), CamTool::jsonNumber(plan->velocity(master)) },
+            { QStringLiteral("acceleration"), CamTool::jsonNumber(plan->acceleration(master)) },
+            { QStringLiteral("jerk"), CamTool::jsonNumber(plan->jerk(master)) },
         });
     }
     CamTool::printJson(QJsonDocument(result));

@@ -2,11 +2,14 @@
 
 #include "camdesigner/camdatafile.h"
 #include "camdesigner/camdescriptionimplementation.h"
+#include "curves/motionplancubicspline.h"
+#include "curves/motionplanvdi.h"
 #include "verbs.h"
 
 #include <QCommandLineParser>
 #include <QJsonDocument>
 
+#include <cmath>
 #include <cstdio>
 
 namespace CamTool {
@@ -66,6 +69,33 @@ bool loadCamFile(const QString &path, CamDescriptionImplementation &description)
     }
     description.fromJson(data);
     return true;
+}
+
+std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling)
+{
+    const QList<MotionPoint *> points = description.motionPoints();
+    if (description.motionLaw()->law() == MotionLaw::Spline)
+        return std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
+                                                       description.circularLength(), nullptr, scaling);
+    return std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(),
+                                           nullptr, scaling);
+}
+
+QJsonValue jsonNumber(double value)
+{
+    if (std::isnan(value))
+        return QStringLiteral("NaN");
+    if (std::isinf(value))
+        return value > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
+    return value;
+}
+
+QJsonArray pointsToJson(const QPolygonF &points)
+{
+    QJsonArray array;
+    for (const QPointF &point : points)
+        array.append(QJsonArray { jsonNumber(point.x()), jsonNumber(point.y()) });
+    return array;
 }
 
 } // namespace CamTool

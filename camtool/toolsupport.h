@@ -1,10 +1,17 @@
 #pragma once
 
+#include <QJsonArray>
+#include <QJsonValue>
+#include <QPolygonF>
 #include <QString>
 
+#include <memory>
+
 class CamDescriptionImplementation;
+class MotionPlan;
 class QCommandLineParser;
 class QJsonDocument;
+class Scaling;
 
 namespace CamTool {
 
@@ -22,5 +29,16 @@ int parseArguments(QCommandLineParser &parser, const QStringList &arguments,
 // false and a one-line error; an invalid one loads the defaults with a
 // one-line warning on stderr.
 bool loadCamFile(const QString &path, CamDescriptionImplementation &description);
+
+// The plan the editor builds for the description's motion law (not yet sampled).
+std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling);
+
+// JSON has no NaN or infinity; they are written as the strings "NaN",
+// "Infinity" and "-Infinity" so that the value is not lost. Finite numbers
+// are written in the shortest form that reads back to the same double; only
+// the sign of a zero is lost (Qt writes and reads -0.0 as 0).
+QJsonValue jsonNumber(double value);
+// [[x, y], ...] in the list's order.
+QJsonArray pointsToJson(const QPolygonF &points);
 
 } // namespace CamTool
