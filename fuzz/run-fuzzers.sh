@@ -16,7 +16,7 @@ fi
 build="$(cd "$1" && pwd)" || exit 2
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 seconds="${MX_FUZZ_SECONDS:-60}"
-harnesses=(curvetextconverter_fuzzer camdescriptionbinary_fuzzer camdescriptionjson_fuzzer)
+harnesses=(curvetextconverter_fuzzer camdescriptionbinary_fuzzer camdescriptionjson_fuzzer driveproject_fuzzer)
 
 # Every sanitizer finding is fatal.
 export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1:halt_on_error=1:symbolize=1"
@@ -40,7 +40,7 @@ harness_asan() {
     case "$1" in
         # The Qt parser's own leak is suppressed by its frame, which only a
         # full unwind finds (Qt is built without frame pointers).
-        camdescriptionjson_fuzzer) echo ":fast_unwind_on_malloc=0" ;;
+        camdescriptionjson_fuzzer | driveproject_fuzzer) echo ":fast_unwind_on_malloc=0" ;;
         *) echo "" ;;
     esac
 }
