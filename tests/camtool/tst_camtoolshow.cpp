@@ -7,15 +7,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
-
-CamToolResult camtool(const QStringList &arguments)
-{
-    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
-}
-
-} // namespace
-
 class tst_CamToolShow : public QObject
 {
     Q_OBJECT

@@ -18,10 +18,6 @@
 
 namespace {
 
-CamToolResult camtool(const QStringList &arguments)
-{
-    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
-}
 
 QString example(const char *name)
 {

@@ -6,15 +6,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-namespace {
-
-CamToolResult runCamtool(const QStringList &arguments)
-{
-    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
-}
-
-} // namespace
-
 class TestConvertVerb : public QObject
 {
     Q_OBJECT
@@ -98,7 +89,7 @@ void TestConvertVerb::converts()
 
     const QString path = writeFile(QStringLiteral("curve.txt"), bytes);
     QVERIFY(!path.isEmpty());
-    const CamToolResult run = runCamtool(QStringList { QStringLiteral("convert") } + options + QStringList { path });
+    const CamToolResult run = camtool(QStringList { QStringLiteral("convert") } + options + QStringList { path });
     QVERIFY2(run.exitCode == 0, run.err.constData());
     QVERIFY2(run.err.isEmpty(), run.err.constData());
 
@@ -131,7 +122,7 @@ void TestConvertVerb::usageErrors_data()
 void TestConvertVerb::usageErrors()
 {
     QFETCH(QStringList, arguments);
-    const CamToolResult run = runCamtool(arguments);
+    const CamToolResult run = camtool(arguments);
     QCOMPARE(run.exitCode, 2);
     QVERIFY(run.out.isEmpty());
     QVERIFY(!run.err.isEmpty());
@@ -140,7 +131,7 @@ void TestConvertVerb::usageErrors()
 void TestConvertVerb::missingFileIsAnError()
 {
     const QString path = m_directory.filePath(QStringLiteral("missing.txt"));
-    const CamToolResult run = runCamtool({ QStringLiteral("convert"), path });
+    const CamToolResult run = camtool({ QStringLiteral("convert"), path });
     QCOMPARE(run.exitCode, 1);
     QVERIFY(run.out.isEmpty());
     QCOMPARE(run.err.count('\n'), 1);
@@ -149,7 +140,7 @@ void TestConvertVerb::missingFileIsAnError()
 
 void TestConvertVerb::helpNamesTheOptions()
 {
-    const CamToolResult run = runCamtool({ QStringLiteral("convert"), QStringLiteral("--help") });
+    const CamToolResult run = camtool({ QStringLiteral("convert"), QStringLiteral("--help") });
     QCOMPARE(run.exitCode, 0);
     for (const char *option : { "--format", "--decimal", "--separator" })
         QVERIFY2(run.out.contains(option), option);

@@ -11,10 +11,6 @@ namespace {
 
 using Result = CamToolResult;
 
-Result camtool(const QStringList &arguments)
-{
-    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
-}
 
 const QString Example = QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json");
 

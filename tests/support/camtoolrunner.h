@@ -31,3 +31,11 @@ inline CamToolResult runCamTool(const QString &program, const QStringList &argum
     result.err = process.readAllStandardError();
     return result;
 }
+
+#ifdef CAMTOOL_PATH
+// The tool the test was built against (its path is given by the build).
+inline CamToolResult camtool(const QStringList &arguments)
+{
+    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
+}
+#endif
