@@ -1,4 +1,6 @@
 target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/cameditormodel.h
+    ${CMAKE_CURRENT_LIST_DIR}/cameditormodel.cpp
     ${CMAKE_CURRENT_LIST_DIR}/jsondifference.h
     ${CMAKE_CURRENT_LIST_DIR}/jsondifference.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionlaw.h

@@ -1,0 +1,143 @@
+#include "cameditormodel.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "curves/motionplancubicspline.h"
+#include "curves/motionplanvdi.h"
+#include "motionlaw.h"
+#include "motionpoint.h"
+#include "scalingimplementation.h"
+#include "steps.h"
+
+#include <algorithm>
+
+CamEditorModel::CamEditorModel(QObject *parent, ParameterModel *parameterModel,
+                               CamDescriptionImplementation *camDescription)
+    : QObject(parent)
+    , m_scaling(new ScalingImplementation(parameterModel, this))
+    , m_camDescription(camDescription)
+{
+    if (camDescription) {
+        connect(camDescription, &CamDescription::changed, this, &CamEditorModel::update);
+        connect(camDescription, &CamDescriptionImplementation::motionPointChanged, this,
+                &CamEditorModel::calculateNewMotionPlan);
+        connect(camDescription->motionLaw(), &MotionLaw::motionLawChanged, this, &CamEditorModel::update);
+        // The plan points at the description's points; when the description
+        // goes first, a plan without points takes its place so that nothing
+        // is left pointing at deleted points.
+        connect(camDescription, &QObject::destroyed, this, &CamEditorModel::update);
+    }
+    calculateNewMotionPlan();
+}
+
+CamEditorModel::~CamEditorModel()
+{
+    delete m_motionPlan;
+}
+
+void CamEditorModel::update()
+{
+    calculateNewMotionPlan();
+    emit changed();
+}
+
+void CamEditorModel::calculateNewMotionPlan()
+{
+    createNewMotionPlan();
+    sample(m_coarseSteps);
+    connect(m_motionPlan, &MotionPlan::stepSizeChanged, this, &CamEditorModel::changed);
+}
+
+void CamEditorModel::applySteps()
+{
+    sample(m_coarseSteps);
+}
+
+void CamEditorModel::setRealSteps()
+{
+    sample(false);
+}
+
+void CamEditorModel::createNewMotionPlan()
+{
+    delete m_motionPlan;
+    m_motionPlan = nullptr;
+
+    const CamDescriptionImplementation *description = m_camDescription;
+    const QList<MotionPoint *> points = motionPoints();
+    const bool cyclic = description && description->isCyclic();
+    const double circularLength =
+        description ? description->circularLength() : CamDescriptionImplementation::DefaultCircularLength;
+    if (description && description->motionLaw()->law() == MotionLaw::Spline)
+        m_motionPlan = new MotionPlanCubicSpline(points, cyclic, circularLength, this, m_scaling);
+    else
+        m_motionPlan = new MotionPlanVdi(points, cyclic, circularLength, this, m_scaling);
+}
+
+void CamEditorModel::sample(bool coarse)
+{
+    if (coarse) {
+        m_motionPlan->calculate(m_motionPlan->masterRange() / CoarseStepCount);
+        return;
+    }
+    const Steps *settings = steps();
+    if (!settings || settings->isDynamicStepSize())
+        m_motionPlan->calculateWithResolution(settings ? settings->dynamicStepResolution()
+                                                       : Steps::DefaultDynamicStepResolution);
+    else
+        m_motionPlan->calculate(settings->staticStepSize());
+}
+
+void CamEditorModel::beginCoarseSteps()
+{
+    m_coarseSteps = true;
+}
+
+void CamEditorModel::endCoarseSteps()
+{
+    m_coarseSteps = false;
+    calculateNewMotionPlan();
+    emit changed();
+}
+
+double CamEditorModel::masterEnd() const
+{
+    const QList<MotionPoint *> points = motionPoints();
+    const double last = points.isEmpty() ? DefaultMasterEnd : points.constLast()->master();
+    if (m_camDescription && m_camDescription->isCyclic())
+        return std::max(last, m_camDescription->circularLength());
+    return last;
+}
+
+bool CamEditorModel::tooManyGridPoints() const
+{
+    const Steps *settings = steps();
+    if (!settings || settings->isDynamicStepSize())
+        return false;
+    const int budget = MotionPlan::MaximumGridPoints - motionPoints().size();
+    return m_motionPlan->masterRange() / settings->staticStepSize() > budget;
+}
+
+CamDescriptionImplementation *CamEditorModel::camDescription() const
+{
+    return m_camDescription;
+}
+
+MotionLaw *CamEditorModel::motionLaw() const
+{
+    return m_camDescription ? m_camDescription->motionLaw() : nullptr;
+}
+
+QList<MotionPoint *> CamEditorModel::motionPoints() const
+{
+    return m_camDescription ? m_camDescription->motionPoints() : QList<MotionPoint *>();
+}
+
+Steps *CamEditorModel::steps() const
+{
+    return m_camDescription ? m_camDescription->steps() : nullptr;
+}
+
+Scaling *CamEditorModel::scaling() const
+{
+    return m_scaling;
+}
