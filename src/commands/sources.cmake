@@ -1,4 +1,32 @@
 target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/valuecommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointlookup.h
+    ${CMAKE_CURRENT_LIST_DIR}/addmotionpointcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/addmotionpointcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/removemotionpointcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/removemotionpointcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/editmotionpointcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/editmotionpointcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/changemotionlawcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/changemotionlawcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/changestepmodecommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/changestepmodecommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/changedynamicstepresolutioncommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/changedynamicstepresolutioncommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setstepscommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setstepscommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setcircularlengthcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setcircularlengthcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setiscycliccamcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setiscycliccamcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setcyletimecommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setcyletimecommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setmasteraxisscalingcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setmasteraxisscalingcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/setvelocityscalingcommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/setvelocityscalingcommand.cpp
     ${CMAKE_CURRENT_LIST_DIR}/loadnewmotionplancommand.h
     ${CMAKE_CURRENT_LIST_DIR}/loadnewmotionplancommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/undoview.h
+    ${CMAKE_CURRENT_LIST_DIR}/undoview.cpp
 )

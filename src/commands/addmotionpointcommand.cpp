@@ -1,0 +1,63 @@
+#include "addmotionpointcommand.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/messagebox.h"
+#include "model/motionpoint.h"
+#include "motionpointlookup.h"
+
+#include <QObject>
+
+AddMotionPointCommand::AddMotionPointCommand(CamDescriptionImplementation *camDescription,
+                                             const QPointer<MotionPoint> &motionPoint, QUndoCommand *parent)
+    : QUndoCommand(parent)
+    , m_camDescription(camDescription)
+    , m_motionPoint(motionPoint)
+    , m_master(motionPoint ? motionPoint->master() : 0.0)
+    , m_slave(motionPoint ? motionPoint->slave() : 0.0)
+    , m_type(motionPoint ? motionPoint->type() : rest)
+{
+    setText(QObject::tr("Füge Bewegungspunkt [%1,%2] hinzu").arg(m_master).arg(m_slave));
+    // Without a point there is nothing to record.
+    if (!motionPoint)
+        setObsolete(true);
+}
+
+AddMotionPointCommand::~AddMotionPointCommand()
+{
+    if (m_owned)
+        delete m_motionPoint.data();
+}
+
+void AddMotionPointCommand::redo()
+{
+    if (!m_camDescription || isObsolete())
+        return;
+    // Exact comparison on purpose: the map is keyed by the exact master
+    // value, so a position one bit away is a different point.
+    if (m_camDescription->pointAt(m_master)) {
+        MessageBox::critical(nullptr, QObject::tr("Master-Position schon vorhanden"),
+                             QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
+                                         "vorhanden. Überschreiben nicht möglich.")
+                                 .arg(m_master));
+        delete m_motionPoint.data();
+        m_motionPoint = nullptr;
+        m_owned = false;
+        setObsolete(true);
+        return;
+    }
+    if (!m_motionPoint)
+        m_motionPoint = new MotionPoint(m_master, m_slave, movementRules(m_type));
+    m_camDescription->appendPoint(m_motionPoint);
+    m_owned = false;
+}
+
+void AddMotionPointCommand::undo()
+{
+    if (!m_camDescription || isObsolete())
+        return;
+    MotionPoint *point = MotionPointLookup::find(m_camDescription, m_motionPoint, m_master);
+    if (!point)
+        return;
+    m_motionPoint = m_camDescription->takePoint(point);
+    m_owned = true;
+}

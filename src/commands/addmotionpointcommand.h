@@ -1,0 +1,34 @@
+#pragma once
+
+#include "mxcamdesigner_export.h"
+
+#include <QPointer>
+#include <QUndoCommand>
+
+class CamDescriptionImplementation;
+class MotionPoint;
+
+// Adds a new motion point. A point at exactly the same master position is
+// refused with a message box; the command then turns obsolete and the stack
+// drops it, so nothing is recorded.
+class MXCAMDESIGNER_EXPORT AddMotionPointCommand : public QUndoCommand
+{
+public:
+    AddMotionPointCommand(CamDescriptionImplementation *camDescription, const QPointer<MotionPoint> &motionPoint,
+                          QUndoCommand *parent = nullptr);
+    ~AddMotionPointCommand() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    QPointer<CamDescriptionImplementation> m_camDescription;
+    QPointer<MotionPoint> m_motionPoint;
+    // The point belongs to the command while it is not in the description.
+    bool m_owned = true;
+    // The point as it was added, for when a whole-data load in between has
+    // replaced the point object by an equal one.
+    double m_master;
+    double m_slave;
+    int m_type;
+};
