@@ -1,0 +1,112 @@
+#include "camdesigner/controller.h"
+#include "commands/undoview.h"
+
+#include <QApplication>
+#include <QLayout>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUndoView>
+
+#include <cmath>
+
+namespace {
+
+// A command that only carries its text.
+class TextCommand : public QUndoCommand
+{
+public:
+    explicit TextCommand(const QString &text) { setText(text); }
+    void undo() override { }
+    void redo() override { }
+};
+
+} // namespace
+
+class tst_UndoView : public QObject
+{
+    Q_OBJECT
+private slots:
+    void popUpOnTheStack();
+    void showTakesFocusAndWidensToTheTexts();
+    void losingFocusHides();
+    void focusInsideKeepsItOpen();
+    void cleanup();
+};
+
+void tst_UndoView::cleanup()
+{
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void tst_UndoView::popUpOnTheStack()
+{
+    Controller stack;
+    UndoView view(&stack);
+    QCOMPARE(view.parent(), nullptr);
+    QVERIFY(view.windowFlags().testFlag(Qt::FramelessWindowHint));
+    QVERIFY(view.windowFlags().testFlag(Qt::WindowSystemMenuHint));
+    QCOMPARE(view.focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(view.layout()->spacing(), 0);
+    QCOMPARE(view.layout()->contentsMargins(), QMargins());
+
+    auto *list = view.findChild<QUndoView *>(QStringLiteral("undoList"));
+    QVERIFY(list);
+    QCOMPARE(list->stack(), &stack);
+    stack.push(new TextCommand(QStringLiteral("Ändere Schrittweite von 1 -> 2")));
+    QCOMPARE(list->model()->rowCount(), 2);
+}
+
+void tst_UndoView::showTakesFocusAndWidensToTheTexts()
+{
+    Controller stack;
+    stack.push(new TextCommand(QStringLiteral("Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline")));
+    UndoView view(&stack);
+    QSignalSpy visible(&view, &UndoView::isVisibleChanged);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    view.activateWindow();
+    QTRY_VERIFY(view.hasFocus());
+    const int expected = int(std::lround(1.1 * view.undoList()->sizeHintForColumn(0)));
+    QVERIFY(expected > 0);
+    QCOMPARE(view.minimumWidth(), expected);
+
+    view.hide();
+    QCOMPARE(visible.count(), 1);
+    QCOMPARE(visible.first().first().toBool(), false);
+}
+
+void tst_UndoView::losingFocusHides()
+{
+    Controller stack;
+    UndoView view(&stack);
+    QSignalSpy visible(&view, &UndoView::isVisibleChanged);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    view.activateWindow();
+    QTRY_VERIFY(view.hasFocus());
+
+    QLineEdit elsewhere;
+    elsewhere.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&elsewhere));
+    elsewhere.activateWindow();
+    elsewhere.setFocus();
+    QTRY_VERIFY(!view.isVisible());
+    QCOMPARE(visible.count(), 1);
+}
+
+void tst_UndoView::focusInsideKeepsItOpen()
+{
+    Controller stack;
+    UndoView view(&stack);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    view.activateWindow();
+    QTRY_VERIFY(view.hasFocus());
+    view.undoList()->setFocus();
+    QTRY_VERIFY(view.undoList()->hasFocus());
+    QVERIFY(view.isVisible());
+}
+
+QTEST_MAIN(tst_UndoView)
+#include "tst_undoview.moc"
