@@ -1,8 +1,6 @@
 #include "addmotionpointcommand.h"
 
-#include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/messagebox.h"
-#include "model/motionpoint.h"
 #include "motionpointlookup.h"
 
 #include <QObject>
@@ -12,11 +10,9 @@ AddMotionPointCommand::AddMotionPointCommand(CamDescriptionImplementation *camDe
     : QUndoCommand(parent)
     , m_camDescription(camDescription)
     , m_motionPoint(motionPoint)
-    , m_master(motionPoint ? motionPoint->master() : 0.0)
-    , m_slave(motionPoint ? motionPoint->slave() : 0.0)
-    , m_type(motionPoint ? motionPoint->type() : rest)
+    , m_values(motionPoint)
 {
-    setText(QObject::tr("Füge Bewegungspunkt [%1,%2] hinzu").arg(m_master).arg(m_slave));
+    setText(QObject::tr("Füge Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
     // Without a point there is nothing to record.
     if (!motionPoint)
         setObsolete(true);
@@ -34,11 +30,11 @@ void AddMotionPointCommand::redo()
         return;
     // Exact comparison on purpose: the map is keyed by the exact master
     // value, so a position one bit away is a different point.
-    if (m_camDescription->pointAt(m_master)) {
+    if (m_camDescription->pointAt(m_values.master)) {
         MessageBox::critical(nullptr, QObject::tr("Master-Position schon vorhanden"),
                              QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
                                          "vorhanden. Überschreiben nicht möglich.")
-                                 .arg(m_master));
+                                 .arg(m_values.master));
         delete m_motionPoint.data();
         m_motionPoint = nullptr;
         m_owned = false;
@@ -46,7 +42,7 @@ void AddMotionPointCommand::redo()
         return;
     }
     if (!m_motionPoint)
-        m_motionPoint = new MotionPoint(m_master, m_slave, movementRules(m_type));
+        m_motionPoint = m_values.create();
     m_camDescription->appendPoint(m_motionPoint);
     m_owned = false;
 }
@@ -55,7 +51,7 @@ void AddMotionPointCommand::undo()
 {
     if (!m_camDescription || isObsolete())
         return;
-    MotionPoint *point = MotionPointLookup::find(m_camDescription, m_motionPoint, m_master);
+    MotionPoint *point = MotionPointLookup::find(m_camDescription, m_motionPoint, m_values.master);
     if (!point)
         return;
     m_motionPoint = m_camDescription->takePoint(point);

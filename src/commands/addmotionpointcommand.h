@@ -1,12 +1,13 @@
 #pragma once
 
+#include "motionpointvalues.h"
+
 #include "mxcamdesigner_export.h"
 
 #include <QPointer>
 #include <QUndoCommand>
 
 class CamDescriptionImplementation;
-class MotionPoint;
 
 // Adds a new motion point. A point at exactly the same master position is
 // refused with a message box; the command then turns obsolete and the stack
@@ -28,7 +29,5 @@ private:
     bool m_owned = true;
     // The point as it was added, for when a whole-data load in between has
     // replaced the point object by an equal one.
-    double m_master;
-    double m_slave;
-    int m_type;
+    MotionPointValues m_values;
 };

@@ -1,7 +1,5 @@
 #include "removemotionpointcommand.h"
 
-#include "camdesigner/camdescriptionimplementation.h"
-#include "model/motionpoint.h"
 #include "motionpointlookup.h"
 
 #include <QObject>
@@ -12,12 +10,10 @@ RemoveMotionPointCommand::RemoveMotionPointCommand(MotionPoint *motionPoint,
     : QUndoCommand(parent)
     , m_camDescription(camDescription)
     , m_motionPoint(motionPoint)
-    , m_master(motionPoint ? motionPoint->master() : 0.0)
-    , m_slave(motionPoint ? motionPoint->slave() : 0.0)
-    , m_type(motionPoint ? motionPoint->type() : rest)
+    , m_values(motionPoint)
 {
     // "hinzu" (add) in a removal text is the program's own wording and is kept.
-    setText(QObject::tr("Entferne Bewegungspunkt [%1,%2] hinzu").arg(m_master).arg(m_slave));
+    setText(QObject::tr("Entferne Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
 }
 
 RemoveMotionPointCommand::~RemoveMotionPointCommand()
@@ -30,7 +26,7 @@ void RemoveMotionPointCommand::redo()
 {
     if (!m_camDescription)
         return;
-    MotionPoint *point = MotionPointLookup::find(m_camDescription, m_motionPoint, m_master);
+    MotionPoint *point = MotionPointLookup::find(m_camDescription, m_motionPoint, m_values.master);
     if (!point)
         return;
     m_motionPoint = m_camDescription->takePoint(point);
@@ -42,7 +38,7 @@ void RemoveMotionPointCommand::undo()
     if (!m_camDescription || !m_owned)
         return;
     if (!m_motionPoint)
-        m_motionPoint = new MotionPoint(m_master, m_slave, movementRules(m_type));
+        m_motionPoint = m_values.create();
     m_camDescription->appendPoint(m_motionPoint);
     m_owned = false;
 }

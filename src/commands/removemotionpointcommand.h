@@ -1,12 +1,13 @@
 #pragma once
 
+#include "motionpointvalues.h"
+
 #include "mxcamdesigner_export.h"
 
 #include <QPointer>
 #include <QUndoCommand>
 
 class CamDescriptionImplementation;
-class MotionPoint;
 
 // Removes a motion point and keeps the very point object for undo, which
 // puts it back; the point is never copied while it lives.
@@ -27,7 +28,5 @@ private:
     bool m_owned = false;
     // Kept for when a whole-data load has deleted the point object while it
     // was in the description: undo then puts back an equal point.
-    double m_master;
-    double m_slave;
-    int m_type;
+    MotionPointValues m_values;
 };

@@ -1,4 +1,5 @@
 #include "commandfixture.h"
+#include "checkstate.h"
 #include "messagecapture.h"
 
 #include "commands/addmotionpointcommand.h"
@@ -39,13 +40,6 @@ struct ValueCase {
 
 Q_DECLARE_METATYPE(MakeCommand)
 Q_DECLARE_METATYPE(ValueCase)
-
-#define CHECK_STATE(...)                \
-    do {                                \
-        checkState(__VA_ARGS__);        \
-        if (QTest::currentTestFailed()) \
-            return;                     \
-    } while (false)
 
 class tst_EditingCommands : public QObject
 {

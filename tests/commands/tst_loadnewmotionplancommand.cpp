@@ -1,3 +1,5 @@
+#include "checkstate.h"
+
 #include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/controller.h"
 #include "commands/loadnewmotionplancommand.h"
@@ -14,13 +16,6 @@ QJsonObject parse(const char *json)
 }
 
 } // namespace
-
-#define CHECK_STATE(...)                  \
-    do {                                  \
-        checkState(__VA_ARGS__);          \
-        if (QTest::currentTestFailed())   \
-            return;                       \
-    } while (false)
 
 class tst_LoadNewMotionPlanCommand : public QObject
 {
