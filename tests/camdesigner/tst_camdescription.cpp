@@ -1,5 +1,6 @@
 #include "camdesigner/camdescriptionimplementation.h"
 #include "binaryjson.h"
+#include "jsontext.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -11,11 +12,6 @@
 #include <memory>
 
 namespace {
-
-QJsonObject parse(const char *json)
-{
-    return QJsonDocument::fromJson(QByteArray(json)).object();
-}
 
 std::unique_ptr<CamDescriptionImplementation> create(const QJsonObject &object = QJsonObject())
 {
@@ -81,20 +77,20 @@ void tst_CamDescription::factoryDefaults_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("garbage") << QByteArray("not binary json at all");
     QTest::newRow("text json") << QByteArray(R"({"Cyclic": true})");
-    QByteArray truncated = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    QByteArray truncated = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
     truncated.chop(6);
     QTest::newRow("truncated binary") << truncated;
     // The header is "qbjs", a version and the size of the top-level object.
-    QByteArray oversized = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    QByteArray oversized = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
     for (int i = 8; i < 12; ++i)
         oversized[i] = char(0x7f);
     QTest::newRow("object size beyond the data") << oversized;
     // A claimed size near 4 GiB overflows the reader's own bounds check.
-    QByteArray wrapping = binaryJsonOf(parse(R"({"Cyclic": true, "CircularLength": 5})"));
+    QByteArray wrapping = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
     const char nearFourGiB[] = { char(0xf8), char(0xff), char(0xff), char(0xff) };
     wrapping.replace(8, 4, nearFourGiB, 4);
     QTest::newRow("object size wrapping around") << wrapping;
-    QByteArray wrongVersion = binaryJsonOf(parse(R"({"Cyclic": true})"));
+    QByteArray wrongVersion = binaryJsonOf(parseJson(R"({"Cyclic": true})"));
     wrongVersion[4] = char(9);
     QTest::newRow("unknown version") << wrongVersion;
 }
@@ -170,7 +166,7 @@ void tst_CamDescription::fromJsonReadsWithDefaults()
     QFETCH(int, resolution);
 
     // Start from a description that differs everywhere, so that every default is applied.
-    auto description = create(parse(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 77,
+    auto description = create(parseJson(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 77,
         "MotionPoints": [[1, 1, "speed"], [2, 2, "speed"]],
         "Steps": {"dynamicSteps": 3, "isDynamicStepSize": false, "staticStepSize": 9}})"));
     description->fromJson(QJsonDocument::fromJson(json).object());
@@ -203,7 +199,7 @@ void tst_CamDescription::fromJsonSignalOrder()
     SignalLog log(description.get());
     QSignalSpy lawSpy(description->motionLaw(), &MotionLaw::motionLawChanged);
 
-    description->fromJson(parse(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 360,
+    description->fromJson(parseJson(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 360,
         "MotionPoints": [[0, 0, "rest"]], "Steps": {"dynamicSteps": 100}})"));
 
     const QStringList expected {
@@ -231,11 +227,11 @@ void tst_CamDescription::fromJsonEmitsChangedWhenNothingChanged()
 void tst_CamDescription::typeAppliesKeptAfterConstructionAndSameLawLoad()
 {
     // Deliberate: the law-change handling runs only on a real change of law.
-    auto description = create(parse(R"({"MotionLaw": "Spline", "MotionPoints": [[0, 0, "rest"], [5, 1, "speed"]]})"));
+    auto description = create(parseJson(R"({"MotionLaw": "Spline", "MotionPoints": [[0, 0, "rest"], [5, 1, "speed"]]})"));
     for (const MotionPoint *point : description->motionPoints())
         QVERIFY(point->typeApplies());
 
-    description->fromJson(parse(R"({"MotionLaw": "Spline", "MotionPoints": [[1, 1, "speed"]]})"));
+    description->fromJson(parseJson(R"({"MotionLaw": "Spline", "MotionPoints": [[1, 1, "speed"]]})"));
     QVERIFY(description->motionPoints().constFirst()->typeApplies());
 
     description->motionLaw()->setLaw(0);
@@ -321,7 +317,7 @@ void tst_CamDescription::takePoint()
 
 void tst_CamDescription::movedPointIsRekeyed()
 {
-    auto description = create(parse(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"], [20, 0, "rest"]]})"));
+    auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"], [20, 0, "rest"]]})"));
     QSignalSpy pointChanged(description.get(), &CamDescriptionImplementation::motionPointChanged);
     QSignalSpy changed(description.get(), &CamDescription::changed);
 
@@ -345,7 +341,7 @@ void tst_CamDescription::movedPointIsRekeyed()
 
 void tst_CamDescription::editedPointNotifies()
 {
-    auto description = create(parse(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"]]})"));
+    auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"]]})"));
     SignalLog log(description.get());
     description->pointAt(10.0)->setFrom(MotionPoint(12.0, 4.0, speed));
     QCOMPARE(log.names, QStringList({ "motionPointChanged", "changed" }));
@@ -382,7 +378,7 @@ void tst_CamDescription::summaryHtml()
 {
     auto description = create();
     QCOMPARE(description->summaryHtml(), QString());
-    description->fromJson(parse(R"({"MotionPoints": [[0, 0], [1, 1]]})"));
+    description->fromJson(parseJson(R"({"MotionPoints": [[0, 0], [1, 1]]})"));
     QCOMPARE(description->summaryHtml(),
              QString::fromUtf8("<html><head/><body><p>Kurvendefinitionsdaten:</p><p>\tBewegungsgesetz: Polynom fünften Grades</p>"
                                "<p>\tBewegungspunkte: 2</p><p><br/></p></body></html>"));

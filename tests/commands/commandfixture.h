@@ -5,8 +5,7 @@
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
+#include "jsontext.h"
 
 #include <memory>
 
@@ -37,8 +36,3 @@ struct CommandFixture {
         return point;
     }
 };
-
-inline QJsonObject parseJson(const char *json)
-{
-    return QJsonDocument::fromJson(QByteArray(json)).object();
-}

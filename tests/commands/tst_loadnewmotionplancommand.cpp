@@ -1,21 +1,12 @@
 #include "checkstate.h"
+#include "jsontext.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/controller.h"
 #include "commands/loadnewmotionplancommand.h"
 
-#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTest>
-
-namespace {
-
-QJsonObject parse(const char *json)
-{
-    return QJsonDocument::fromJson(QByteArray(json)).object();
-}
-
-} // namespace
 
 class tst_LoadNewMotionPlanCommand : public QObject
 {
@@ -70,10 +61,10 @@ void tst_LoadNewMotionPlanCommand::checkState(const QJsonObject &data, int index
 void tst_LoadNewMotionPlanCommand::pushUndoRedo()
 {
     const QJsonObject initial = m_description->toJson();
-    const QJsonObject first = parse(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
+    const QJsonObject first = parseJson(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
         "MotionPoints": [[0, 0, "rest"], [90, 45, "speed"]],
         "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})");
-    const QJsonObject second = parse(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
+    const QJsonObject second = parseJson(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
         "MotionPoints": [[0, 0, "rest"]],
         "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})");
 
@@ -101,7 +92,7 @@ void tst_LoadNewMotionPlanCommand::pushUndoRedo()
 void tst_LoadNewMotionPlanCommand::loadWithUndoWithoutStackDoesNothing()
 {
     m_description->setUndoStack(nullptr);
-    m_description->loadWithUndo(parse(R"({"Cyclic": true})"), QStringLiteral("x"));
+    m_description->loadWithUndo(parseJson(R"({"Cyclic": true})"), QStringLiteral("x"));
     QCOMPARE(m_description->isCyclic(), false);
     QCOMPARE(m_changed->count(), 0);
 
@@ -109,7 +100,7 @@ void tst_LoadNewMotionPlanCommand::loadWithUndoWithoutStackDoesNothing()
     m_description->setUndoStack(m_stack);
     delete m_stack;
     m_stack = nullptr;
-    m_description->loadWithUndo(parse(R"({"Cyclic": true})"), QStringLiteral("x"));
+    m_description->loadWithUndo(parseJson(R"({"Cyclic": true})"), QStringLiteral("x"));
     QCOMPARE(m_description->isCyclic(), false);
 }
 
