@@ -33,7 +33,7 @@ struct Cam {
         const double spacing = CircularLength / count;
         for (int i = 0; i < count; ++i) {
             const double master = i == 0 ? 0.0 : (i + jitter(random) - 0.5) * spacing;
-            owned.push_back(std::make_unique<MotionPoint>(master, slave(random), movementRules(type(random))));
+            owned.push_back(std::make_unique<MotionPoint>(master, slave(random), MotionPoint::movementRules(type(random))));
             points.append(owned.back().get());
         }
     }

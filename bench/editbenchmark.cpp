@@ -33,7 +33,7 @@ void editPoint(benchmark::State &state)
     std::uniform_real_distribution<double> slave(-50.0, 50.0);
     std::uniform_int_distribution<int> type(0, 3);
     for (int i = 0; i < PointCount; ++i)
-        description.appendPoint(new MotionPoint(i * MasterEnd / PointCount, slave(random), movementRules(type(random))));
+        description.appendPoint(new MotionPoint(i * MasterEnd / PointCount, slave(random), MotionPoint::movementRules(type(random))));
     description.motionLaw()->setLaw(law);
     description.steps()->setDynamicStepResolution(resolution);
 
@@ -52,7 +52,7 @@ void editPoint(benchmark::State &state)
         up = !up;
         // A drag step: the slave position moves a little, the master stays.
         stack.push(new EditMotionPointCommand(&description, point,
-                                              MotionPoint(master, up ? 10.0 : 10.5, movementRules(point->type())),
+                                              MotionPoint(master, up ? 10.0 : 10.5, MotionPoint::movementRules(point->type())),
                                               model.scaling()));
         benchmark::DoNotOptimize(model.motionPlan()->positions().size());
     }

@@ -191,7 +191,7 @@ bool CamDescriptionImplementation::loadFromFile(const QString &path)
     return true;
 }
 
-void CamDescriptionImplementation::attachNewPoint(int x, int y, movementRules rule)
+void CamDescriptionImplementation::attachNewPoint(int x, int y, MotionPoint::movementRules rule)
 {
     auto *point = new MotionPoint(static_cast<double>(x), static_cast<double>(y), rule);
     appendPoint(point);

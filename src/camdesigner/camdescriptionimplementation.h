@@ -53,7 +53,7 @@ public:
     bool loadFromFile(const QString &path);
 
 public slots:
-    void attachNewPoint(int x, int y, movementRules rule);
+    void attachNewPoint(int x, int y, MotionPoint::movementRules rule);
     void appendPoint(MotionPoint *point);
     void onMotionPointChanged();
     void onMotionLawChanged();

@@ -8,10 +8,10 @@ struct MotionPointValues {
     explicit MotionPointValues(const MotionPoint *point)
         : master(point ? point->master() : 0.0)
         , slave(point ? point->slave() : 0.0)
-        , type(point ? point->type() : rest)
+        , type(point ? point->type() : MotionPoint::rest)
     {
     }
-    MotionPoint *create() const { return new MotionPoint(master, slave, movementRules(type)); }
+    MotionPoint *create() const { return new MotionPoint(master, slave, MotionPoint::movementRules(type)); }
 
     double master;
     double slave;

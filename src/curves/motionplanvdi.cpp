@@ -54,24 +54,24 @@ void MotionPlanVdi::setStartConditions(int i)
     const bool firstOfOpenCam = i == 0 && !m_cyclic;
 
     switch (point->type()) {
-    case ::rest:
+    case MotionPoint::rest:
         section->setA1(0.0);
         section->setA2(0.0);
         break;
-    case ::speed:
+    case MotionPoint::speed:
         section->setA2(0.0);
-        if (previous && previous->type() == speed)
+        if (previous && previous->type() == MotionPoint::speed)
             section->setA1((point->slave() - previous->slave()) / (point->master() - previous->master()));
-        else if (next->type() == speed)
+        else if (next->type() == MotionPoint::speed)
             section->setA1((next->slave() - point->slave()) / (next->master() - point->master()));
         else
             section->setA1(K * (s * P + Q * T) / (P + T));
         break;
-    case ::turningPoint:
+    case MotionPoint::turningPoint:
         section->setA1(0.0);
         section->setA2(firstOfOpenCam ? K * s / T : K * (s - Q) / (P + T));
         break;
-    case ::acceleration:
+    case MotionPoint::acceleration:
         if (firstOfOpenCam) {
             section->setA1(0.0);
             section->setA2(K * s / T);
@@ -98,8 +98,8 @@ void MotionPlanVdi::setEndCoefficients(int i)
     // Straight sections between constant-velocity points. The rule is
     // asymmetric on purpose (it looks at the point before, never after) and
     // is kept: stored tables were computed with it.
-    if (point->type() == speed && next->type() == speed) {
-        const bool straight = last ? !m_cyclic : (i == 0 || points.at(i - 1)->type() != speed);
+    if (point->type() == MotionPoint::speed && next->type() == MotionPoint::speed) {
+        const bool straight = last ? !m_cyclic : (i == 0 || points.at(i - 1)->type() != MotionPoint::speed);
         if (straight)
             return;
     }

@@ -15,10 +15,10 @@ struct TypeNames {
 
 // Combo-box order: Rast, Konstante Geschwindigkeit, Beschleunigung, Umkehrpunkt.
 const std::array<TypeNames, 4> TypeTable = {{
-    { rest, 0, "rest", QT_TRANSLATE_NOOP("MotionPoint", "Rast") },
-    { speed, 1, "speed", QT_TRANSLATE_NOOP("MotionPoint", "Konstante Geschwindigkeit") },
-    { turningPoint, 3, "turningPoint", QT_TRANSLATE_NOOP("MotionPoint", "Umkehrpunkt") },
-    { acceleration, 2, "acceleration", QT_TRANSLATE_NOOP("MotionPoint", "Beschleunigung") },
+    { MotionPoint::rest, 0, "rest", QT_TRANSLATE_NOOP("MotionPoint", "Rast") },
+    { MotionPoint::speed, 1, "speed", QT_TRANSLATE_NOOP("MotionPoint", "Konstante Geschwindigkeit") },
+    { MotionPoint::turningPoint, 3, "turningPoint", QT_TRANSLATE_NOOP("MotionPoint", "Umkehrpunkt") },
+    { MotionPoint::acceleration, 2, "acceleration", QT_TRANSLATE_NOOP("MotionPoint", "Beschleunigung") },
 }};
 
 const TypeNames *namesOfType(int type)
@@ -47,10 +47,10 @@ MotionPoint::MotionPoint(double master, double slave, const QString &typeDataNam
 {
 }
 
-MotionPoint::MotionPoint(double master, double slave, int comboBoxIndex)
+MotionPoint::MotionPoint(double master, double slave, ComboBoxIndex index)
     : m_master(master)
     , m_slave(slave)
-    , m_type(typeForIndex(comboBoxIndex))
+    , m_type(typeForIndex(index.value))
 {
 }
 

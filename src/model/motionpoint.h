@@ -6,28 +6,34 @@
 #include <QPointF>
 #include <QString>
 
-// The segment types of a motion point. The stored values (used by the data
-// and the curve calculation) differ from the combo-box order on purpose:
-// turning point is 2 and acceleration 3, while the combo box lists
-// acceleration before turning point.
-enum movementRules : int {
-    rest = 0,
-    speed = 1,
-    turningPoint = 2,
-    acceleration = 3
-};
-
 // One user-defined support point of the cam: master position, slave position
 // and the segment type that the VDI law uses from this point on.
 class MXCAMDESIGNER_EXPORT MotionPoint : public QObject
 {
     Q_OBJECT
 public:
+    // The segment types. The stored values (used by the data and the curve
+    // calculation) differ from the combo-box order on purpose: turning point
+    // is 2 and acceleration 3, while the combo box lists acceleration before
+    // turning point. Qualified by the class, so that names like "rest" and
+    // "acceleration" stay free elsewhere.
+    enum movementRules : int {
+        rest = 0,
+        speed = 1,
+        turningPoint = 2,
+        acceleration = 3
+    };
+
+    // A position in the segment type combo box. A type of its own, so that
+    // passing type() can never select a type by its combo-box index.
+    struct ComboBoxIndex {
+        explicit constexpr ComboBoxIndex(int index) : value(index) {}
+        int value;
+    };
+
     MotionPoint(const MotionPoint &other);
     MotionPoint(double master, double slave, const QString &typeDataName);
-    // An int selects the type by its combo-box index, a movementRules value
-    // gives the type itself.
-    MotionPoint(double master, double slave, int comboBoxIndex);
+    MotionPoint(double master, double slave, ComboBoxIndex index);
     MotionPoint(double master, double slave, movementRules type);
     ~MotionPoint() override;
 

@@ -194,8 +194,8 @@ void tst_CamDescription::nanMasterReadsAsZero()
 void tst_CamDescription::fromJsonSignalOrder()
 {
     auto description = create();
-    description->appendPoint(new MotionPoint(0.0, 0.0, rest));
-    description->appendPoint(new MotionPoint(10.0, 5.0, rest));
+    description->appendPoint(new MotionPoint(0.0, 0.0, MotionPoint::rest));
+    description->appendPoint(new MotionPoint(10.0, 5.0, MotionPoint::rest));
     SignalLog log(description.get());
     QSignalSpy lawSpy(description->motionLaw(), &MotionLaw::motionLawChanged);
 
@@ -246,13 +246,13 @@ void tst_CamDescription::appendPoint()
     auto description = create();
     QSignalSpy changed(description.get(), &CamDescription::changed);
 
-    auto *first = new MotionPoint(10.0, 5.0, rest);
+    auto *first = new MotionPoint(10.0, 5.0, MotionPoint::rest);
     description->appendPoint(first);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(first->parent(), description.get());
     QCOMPARE(description->pointAt(10.0), first);
 
-    auto *replacement = new MotionPoint(10.0, 6.0, rest);
+    auto *replacement = new MotionPoint(10.0, 6.0, MotionPoint::rest);
     description->appendPoint(replacement);
     QCOMPARE(changed.count(), 2);
     QCOMPARE(description->pointAt(10.0), replacement);
@@ -270,19 +270,19 @@ void tst_CamDescription::appendPoint()
 void tst_CamDescription::appendEqualPointChangesNothing()
 {
     auto description = create();
-    description->attachNewPoint(10, 5, speed);
+    description->attachNewPoint(10, 5, MotionPoint::speed);
     QCOMPARE(describePoints(*description), QStringLiteral("10/5/speed"));
     QSignalSpy changed(description.get(), &CamDescription::changed);
     MotionPoint *original = description->pointAt(10.0);
-    description->attachNewPoint(10, 5, speed);  // the refused new point must not leak
+    description->attachNewPoint(10, 5, MotionPoint::speed);  // the refused new point must not leak
 
-    MotionPoint equal(10.0, 5.0 + 1e-12 * 2.0, speed);
+    MotionPoint equal(10.0, 5.0 + 1e-12 * 2.0, MotionPoint::speed);
     description->appendPoint(&equal);
     QCOMPARE(changed.count(), 0);
     QCOMPARE(description->pointAt(10.0), original);
     QCOMPARE(equal.parent(), nullptr);
 
-    MotionPoint otherType(10.0, 5.0, rest);
+    MotionPoint otherType(10.0, 5.0, MotionPoint::rest);
     description->appendPoint(&otherType);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(description->pointAt(10.0), &otherType);
@@ -292,12 +292,12 @@ void tst_CamDescription::appendEqualPointChangesNothing()
 void tst_CamDescription::takePoint()
 {
     auto description = create();
-    auto *point = new MotionPoint(10.0, 5.0, rest);
+    auto *point = new MotionPoint(10.0, 5.0, MotionPoint::rest);
     description->appendPoint(point);
     QSignalSpy changed(description.get(), &CamDescription::changed);
 
     QCOMPARE(description->takePoint(nullptr), nullptr);
-    MotionPoint elsewhere(11.0, 5.0, rest);
+    MotionPoint elsewhere(11.0, 5.0, MotionPoint::rest);
     QCOMPARE(description->takePoint(&elsewhere), nullptr);
     QCOMPARE(changed.count(), 0);
 
@@ -343,7 +343,7 @@ void tst_CamDescription::editedPointNotifies()
 {
     auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"]]})"));
     SignalLog log(description.get());
-    description->pointAt(10.0)->setFrom(MotionPoint(12.0, 4.0, speed));
+    description->pointAt(10.0)->setFrom(MotionPoint(12.0, 4.0, MotionPoint::speed));
     QCOMPARE(log.names, QStringList({ "motionPointChanged", "changed" }));
     QCOMPARE(describePoints(*description), QStringLiteral("0/0/rest 12/4/speed"));
 }

@@ -29,7 +29,7 @@ struct CommandFixture {
         stack.reset();
     }
 
-    MotionPoint *add(double master, double slave, movementRules type = rest)
+    MotionPoint *add(double master, double slave, MotionPoint::movementRules type = MotionPoint::rest)
     {
         auto *point = new MotionPoint(master, slave, type);
         description.appendPoint(point);

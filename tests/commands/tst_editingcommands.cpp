@@ -76,7 +76,7 @@ void tst_EditingCommands::init()
 {
     m_cam = new CommandFixture;
     m_cam->add(0, 0);
-    m_cam->add(10, 5, speed);
+    m_cam->add(10, 5, MotionPoint::speed);
     m_cam->add(20, 0);
     m_descriptionChanged = new QSignalSpy(&m_cam->description, &CamDescription::changed);
     m_modelChanged = new QSignalSpy(m_cam->model.get(), &CamEditorModel::changed);
@@ -107,7 +107,7 @@ void tst_EditingCommands::undoTexts_data()
     QTest::addColumn<MakeCommand>("make");
     QTest::addColumn<QString>("text");
 
-    const auto point = [](double master, double slave) { return new MotionPoint(master, slave, rest); };
+    const auto point = [](double master, double slave) { return new MotionPoint(master, slave, MotionPoint::rest); };
     QTest::newRow("add") << MakeCommand([&](CommandFixture &c) {
         return new AddMotionPointCommand(&c.description, point(10, 5));
     }) << "Füge Bewegungspunkt [10,5] hinzu";
@@ -118,7 +118,7 @@ void tst_EditingCommands::undoTexts_data()
         return new RemoveMotionPointCommand(c.description.pointAt(10), &c.description);
     }) << "Entferne Bewegungspunkt [10,5] hinzu";
     QTest::newRow("edit") << MakeCommand([](CommandFixture &c) {
-        return new EditMotionPointCommand(c.description.pointAt(10), MotionPoint(12.5, 7, acceleration),
+        return new EditMotionPointCommand(c.description.pointAt(10), MotionPoint(12.5, 7, MotionPoint::acceleration),
                                           c.model->scaling());
     }) << "Ändere Bewegungspunkt [10.000;5.000,Konstante Geschwindigkeit]) -> [12.500;7.000;Beschleunigung]";
     QTest::newRow("law") << MakeCommand([](CommandFixture &c) {
@@ -273,7 +273,7 @@ void tst_EditingCommands::togglesUndoToTheNegation()
 void tst_EditingCommands::addUndoRedoKeepsThePoint()
 {
     const QJsonObject start = m_cam->description.toJson();
-    QPointer<MotionPoint> point = new MotionPoint(15, 2, acceleration);
+    QPointer<MotionPoint> point = new MotionPoint(15, 2, MotionPoint::acceleration);
     m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, point));
     const QJsonObject added = m_cam->description.toJson();
     QCOMPARE(m_cam->description.pointAt(15), point.data());
@@ -292,7 +292,7 @@ void tst_EditingCommands::addUndoRedoKeepsThePoint()
     QCOMPARE(m_cam->description.pointAt(15), point.data());
 
     // An undone add that is dropped takes its point along.
-    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(16, 0, rest)));
+    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(16, 0, MotionPoint::rest)));
     QPointer<MotionPoint> second = m_cam->description.pointAt(16);
     m_cam->stack->undo();
     m_cam->stack->push(new SetCircularLengthCommand(&m_cam->description, 5.0));
@@ -303,7 +303,7 @@ void tst_EditingCommands::addRefusesAnExactlyEqualMaster()
 {
     MessageCapture messages;
     const QJsonObject start = m_cam->description.toJson();
-    QPointer<MotionPoint> point = new MotionPoint(10, 99, rest);
+    QPointer<MotionPoint> point = new MotionPoint(10, 99, MotionPoint::rest);
     m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, point));
 
     QCOMPARE(messages.count(), 1);
@@ -320,7 +320,7 @@ void tst_EditingCommands::addAcceptsAMasterOneBitAway()
 {
     MessageCapture messages;
     const double nextToTen = std::nextafter(10.0, 11.0);
-    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(nextToTen, 5, speed)));
+    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(nextToTen, 5, MotionPoint::speed)));
     QCOMPARE(messages.count(), 0);
     QCOMPARE(m_cam->stack->count(), 1);
     QCOMPARE(m_cam->description.motionPoints().size(), 4);
@@ -355,10 +355,10 @@ void tst_EditingCommands::editIsOneExchange()
     const double master = 0.1 + 0.2;
     const double slave = 1.0 / 3.0;
     m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, point,
-                                                  MotionPoint(master, slave, turningPoint), m_cam->model->scaling()));
+                                                  MotionPoint(master, slave, MotionPoint::turningPoint), m_cam->model->scaling()));
     QCOMPARE(point->master(), master);
     QCOMPARE(point->slave(), slave);
-    QCOMPARE(point->type(), int(turningPoint));
+    QCOMPARE(point->type(), int(MotionPoint::turningPoint));
     QCOMPARE(m_cam->description.pointAt(master), point);
     // The point's edited() reaches the description's changed() once.
     const QJsonObject edited = m_cam->description.toJson();
@@ -368,11 +368,11 @@ void tst_EditingCommands::editIsOneExchange()
         m_cam->stack->undo();
         QCOMPARE(point->master(), 10.0);
         QCOMPARE(point->slave(), 5.0);
-        QCOMPARE(point->type(), int(speed));
+        QCOMPARE(point->type(), int(MotionPoint::speed));
         m_cam->stack->redo();
         QCOMPARE(point->master(), master);
         QCOMPARE(point->slave(), slave);
-        QCOMPARE(point->type(), int(turningPoint));
+        QCOMPARE(point->type(), int(MotionPoint::turningPoint));
     }
     CHECK_STATE(edited, 1, 1, 6, 6);
 }
@@ -382,7 +382,7 @@ void tst_EditingCommands::editOntoAnotherPointGivesItBackOnUndo()
     const QJsonObject start = m_cam->description.toJson();
     MotionPoint *point = m_cam->description.pointAt(10);
     QPointer<MotionPoint> other = m_cam->description.pointAt(20);
-    m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, point, MotionPoint(20, 8, rest),
+    m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, point, MotionPoint(20, 8, MotionPoint::rest),
                                                   m_cam->model->scaling()));
     QCOMPARE(m_cam->description.motionPoints().size(), 2);
     QCOMPARE(m_cam->description.pointAt(20), point);
@@ -401,7 +401,7 @@ void tst_EditingCommands::editOntoAnotherPointGivesItBackOnUndo()
 void tst_EditingCommands::editWithoutDescriptionFindsItThroughTheParent()
 {
     MotionPoint *point = m_cam->description.pointAt(20);
-    m_cam->stack->push(new EditMotionPointCommand(point, MotionPoint(10, 1, rest), m_cam->model->scaling()));
+    m_cam->stack->push(new EditMotionPointCommand(point, MotionPoint(10, 1, MotionPoint::rest), m_cam->model->scaling()));
     QCOMPARE(m_cam->description.pointAt(10), point);
     m_cam->stack->undo();
     QCOMPARE(m_cam->description.pointAt(10)->slave(), 5.0);
@@ -414,9 +414,9 @@ void tst_EditingCommands::pointCommandsSurviveAWholeLoad()
 {
     const QJsonObject start = m_cam->description.toJson();
     Controller &stack = *m_cam->stack;
-    stack.push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(30, 3, rest)));
+    stack.push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(30, 3, MotionPoint::rest)));
     stack.push(new EditMotionPointCommand(&m_cam->description, m_cam->description.pointAt(30),
-                                          MotionPoint(35, 4, speed), m_cam->model->scaling()));
+                                          MotionPoint(35, 4, MotionPoint::speed), m_cam->model->scaling()));
     stack.push(new RemoveMotionPointCommand(m_cam->description.pointAt(10), &m_cam->description));
     const QJsonObject edited = m_cam->description.toJson();
     stack.push(new LoadNewMotionPlanCommand(&m_cam->description,

@@ -107,7 +107,7 @@ public:
         case 1: {
             // Now and then exactly on an existing point: refused.
             const double at = point && chance(0.2) ? point->master() : master();
-            stack.push(new AddMotionPointCommand(&description, new MotionPoint(at, slave(), movementRules(pick(0, 3)))));
+            stack.push(new AddMotionPointCommand(&description, new MotionPoint(at, slave(), MotionPoint::movementRules(pick(0, 3)))));
             break;
         }
         case 2:
@@ -123,7 +123,7 @@ public:
                 // Now and then onto another point's master position.
                 const double to = chance(0.15) ? points.at(pick(0, points.size() - 1))->master() : master();
                 stack.push(new EditMotionPointCommand(&description, point,
-                                                      MotionPoint(to, slave(), movementRules(pick(0, 3))), scaling));
+                                                      MotionPoint(to, slave(), MotionPoint::movementRules(pick(0, 3))), scaling));
             }
             break;
         case 5:

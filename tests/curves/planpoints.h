@@ -16,19 +16,19 @@ struct PlanPoints {
 
     PlanPoints() = default;
     // Points at the given masters, slave 0.
-    PlanPoints(std::initializer_list<double> masters, movementRules type = rest)
+    PlanPoints(std::initializer_list<double> masters, MotionPoint::movementRules type = MotionPoint::rest)
     {
         for (double master : masters)
             add(master, 0.0, type);
     }
 
-    explicit PlanPoints(const QVector<double> &masters, movementRules type = rest)
+    explicit PlanPoints(const QVector<double> &masters, MotionPoint::movementRules type = MotionPoint::rest)
     {
         for (double master : masters)
             add(master, 0.0, type);
     }
 
-    void add(double master, double slave, movementRules type = rest)
+    void add(double master, double slave, MotionPoint::movementRules type = MotionPoint::rest)
     {
         owned.push_back(std::make_unique<MotionPoint>(master, slave, type));
         list.append(owned.back().get());

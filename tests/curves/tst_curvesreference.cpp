@@ -36,9 +36,9 @@ PlanPoints randomPoints(QRandomGenerator &random, int count, Order order, bool s
     PlanPoints points;
     double slave = 0.0;
     for (int i = 0; i < count; ++i) {
-        const int type = straightRuns && random.bounded(3) != 0 ? int(speed) : random.bounded(4);
-        slave += straightRuns && type == speed ? 2.0 : random.bounded(100) * 0.1 - 5.0;
-        points.add(masters.at(i), slave, movementRules(type));
+        const int type = straightRuns && random.bounded(3) != 0 ? int(MotionPoint::speed) : random.bounded(4);
+        slave += straightRuns && type == MotionPoint::speed ? 2.0 : random.bounded(100) * 0.1 - 5.0;
+        points.add(masters.at(i), slave, MotionPoint::movementRules(type));
     }
     return points;
 }
@@ -239,8 +239,8 @@ void TestCurvesReference::straightCurvesStayCheap_data()
 {
     QTest::addColumn<int>("law");
     QTest::addColumn<int>("type");
-    QTest::newRow("two speed points") << 0 << int(speed);
-    QTest::newRow("spline through two points") << 1 << int(rest);
+    QTest::newRow("two speed points") << 0 << int(MotionPoint::speed);
+    QTest::newRow("spline through two points") << 1 << int(MotionPoint::rest);
 }
 
 // A straight curve gets no step positions, so the refinement makes the step
@@ -250,8 +250,8 @@ void TestCurvesReference::straightCurvesStayCheap()
     QFETCH(int, law);
     QFETCH(int, type);
     PlanPoints points;
-    points.add(0.0, 0.0, movementRules(type));
-    points.add(360.0, 720.0, movementRules(type));
+    points.add(0.0, 0.0, MotionPoint::movementRules(type));
+    points.add(360.0, 720.0, MotionPoint::movementRules(type));
     std::unique_ptr<MotionPlan> plan = makePlan(law, points, false, &m_scaling);
     plan->calculateWithResolution(600);
     QVERIFY(Reference::samePoints(plan->positions(), Reference::dynamicPositions(*plan, 600, 0.001)));
@@ -287,7 +287,7 @@ void TestCurvesReference::brokenOrderStaysBounded()
     QFETCH(QVector<double>, masters);
     PlanPoints points;
     for (int i = 0; i < masters.size(); ++i)
-        points.add(masters.at(i), 2.0 * masters.at(i), speed);
+        points.add(masters.at(i), 2.0 * masters.at(i), MotionPoint::speed);
     QElapsedTimer timer;
     timer.start();
     for (int law : { 0, 1 }) {
@@ -318,7 +318,7 @@ void TestCurvesReference::fewerThanTwoPointsEvaluateToZero()
     QFETCH(bool, cyclic);
     PlanPoints points;
     if (count == 1)
-        points.add(5.0, 10.0, ::acceleration);
+        points.add(5.0, 10.0, MotionPoint::acceleration);
     const std::unique_ptr<MotionPlan> plan = makePlan(law, points, cyclic, &m_scaling);
     for (double master : { 0.0, 1.0, 5.0 }) {
         QVERIFY(plan->position(master) == 0.0);

@@ -110,8 +110,8 @@ void TestMotionPlan::closingPoint()
     QFETCH(double, circularLength);
     QFETCH(int, count);
     Points points;
-    points.add(0.0, 7.5, turningPoint);
-    points.add(200.0, 30.0, rest);
+    points.add(0.0, 7.5, MotionPoint::turningPoint);
+    points.add(200.0, 30.0, MotionPoint::rest);
     FunctionPlan plan(points.list, Parabola, Bending, &m_scaling, cyclic, circularLength);
 
     const QList<MotionPoint *> planPoints = plan.motionPoints();
@@ -123,7 +123,7 @@ void TestMotionPlan::closingPoint()
         const MotionPoint *closing = planPoints.last();
         QCOMPARE(closing->master(), 360.0);
         QCOMPARE(closing->slave(), 7.5);
-        QCOMPARE(closing->type(), int(turningPoint));
+        QCOMPARE(closing->type(), int(MotionPoint::turningPoint));
         QCOMPARE(closing->parent(), nullptr);
     }
 }

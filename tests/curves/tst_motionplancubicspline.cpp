@@ -157,9 +157,9 @@ void TestMotionPlanCubicSpline::ignoresSegmentTypes()
     PlanPoints mixed;
     const double masters[] = { 0.0, 4.0, 9.0, 15.0 };
     const double slaves[] = { 1.0, 3.0, -2.0, 0.5 };
-    const movementRules types[] = { ::turningPoint, speed, ::acceleration, speed };
+    const MotionPoint::movementRules types[] = { MotionPoint::turningPoint, MotionPoint::speed, MotionPoint::acceleration, MotionPoint::speed };
     for (int i = 0; i < 4; ++i) {
-        rests.add(masters[i], slaves[i], rest);
+        rests.add(masters[i], slaves[i], MotionPoint::rest);
         mixed.add(masters[i], slaves[i], types[i]);
     }
     MotionPlanCubicSpline a(rests.list, false, 0.0, nullptr, &m_scaling);

@@ -12,7 +12,7 @@ namespace {
 struct PointData {
     double master;
     double slave;
-    movementRules type;
+    MotionPoint::movementRules type;
 };
 
 PlanPoints planPointsOf(const QVector<PointData> &data)
@@ -52,8 +52,8 @@ private:
 void TestMotionPlanVdi::twoRestPoints()
 {
     PlanPoints points;
-    points.add(0.0, 0.0, rest);
-    points.add(100.0, 50.0, rest);
+    points.add(0.0, 0.0, MotionPoint::rest);
+    points.add(100.0, 50.0, MotionPoint::rest);
     MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
     QCOMPARE(plan.sections().size(), 1);
     const CamSectionFifthPolynomial *section = plan.sections().first();
@@ -78,9 +78,9 @@ void TestMotionPlanVdi::straightLines_data()
 {
     QTest::addColumn<QVector<PointData>>("points");
     QTest::newRow("three speed points")
-        << QVector<PointData>{ { 0, 0, speed }, { 10, 10, speed }, { 20, 20, speed } };
+        << QVector<PointData>{ { 0, 0, MotionPoint::speed }, { 10, 10, MotionPoint::speed }, { 20, 20, MotionPoint::speed } };
     QTest::newRow("four speed points, middle by the general formulas")
-        << QVector<PointData>{ { 0, 0, speed }, { 10, 10, speed }, { 20, 20, speed }, { 30, 30, speed } };
+        << QVector<PointData>{ { 0, 0, MotionPoint::speed }, { 10, 10, MotionPoint::speed }, { 20, 20, MotionPoint::speed }, { 30, 30, MotionPoint::speed } };
 }
 
 void TestMotionPlanVdi::straightLines()
@@ -107,9 +107,9 @@ void TestMotionPlanVdi::straightLines()
 void TestMotionPlanVdi::turningPoint()
 {
     PlanPoints points;
-    points.add(0.0, 0.0, rest);
-    points.add(10.0, 10.0, ::turningPoint);
-    points.add(20.0, 0.0, rest);
+    points.add(0.0, 0.0, MotionPoint::rest);
+    points.add(10.0, 10.0, MotionPoint::turningPoint);
+    points.add(20.0, 0.0, MotionPoint::rest);
     MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
     QCOMPARE(plan.velocity(10.0) + 1.0, 1.0);
     QCOMPARE(plan.acceleration(10.0), 2.0 * 1.5 * (-1.0 - 1.0) / 20.0);
@@ -126,18 +126,18 @@ void TestMotionPlanVdi::straightSectionRule_data()
     QTest::addColumn<bool>("straight");
 
     // The slopes differ (1, 2, 0), so the general formulas bend the section.
-    const auto cam = [](movementRules a, movementRules b, movementRules c, movementRules d) {
+    const auto cam = [](MotionPoint::movementRules a, MotionPoint::movementRules b, MotionPoint::movementRules c, MotionPoint::movementRules d) {
         return QVector<PointData>{ { 0, 0, a }, { 10, 10, b }, { 20, 30, c }, { 30, 30, d } };
     };
-    QTest::newRow("speed pair after a rest point") << cam(rest, speed, speed, rest) << false << 1 << true;
-    QTest::newRow("speed pair after a speed point") << cam(speed, speed, speed, rest) << false << 1 << false;
-    QTest::newRow("first section") << cam(speed, speed, rest, rest) << false << 0 << true;
-    QTest::newRow("last section of open cam") << cam(rest, rest, speed, speed) << false << 2 << true;
-    QTest::newRow("last section after a speed point") << cam(rest, speed, speed, speed) << false << 2 << true;
-    QTest::newRow("rest to speed") << cam(rest, rest, speed, rest) << false << 1 << false;
-    QTest::newRow("speed to rest") << cam(rest, speed, rest, rest) << false << 1 << false;
-    QTest::newRow("last section of cyclic cam") << cam(speed, speed, speed, speed) << true << 2 << false;
-    QTest::newRow("same cam open") << cam(speed, speed, speed, speed) << false << 2 << true;
+    QTest::newRow("speed pair after a rest point") << cam(MotionPoint::rest, MotionPoint::speed, MotionPoint::speed, MotionPoint::rest) << false << 1 << true;
+    QTest::newRow("speed pair after a speed point") << cam(MotionPoint::speed, MotionPoint::speed, MotionPoint::speed, MotionPoint::rest) << false << 1 << false;
+    QTest::newRow("first section") << cam(MotionPoint::speed, MotionPoint::speed, MotionPoint::rest, MotionPoint::rest) << false << 0 << true;
+    QTest::newRow("last section of open cam") << cam(MotionPoint::rest, MotionPoint::rest, MotionPoint::speed, MotionPoint::speed) << false << 2 << true;
+    QTest::newRow("last section after a speed point") << cam(MotionPoint::rest, MotionPoint::speed, MotionPoint::speed, MotionPoint::speed) << false << 2 << true;
+    QTest::newRow("rest to speed") << cam(MotionPoint::rest, MotionPoint::rest, MotionPoint::speed, MotionPoint::rest) << false << 1 << false;
+    QTest::newRow("speed to rest") << cam(MotionPoint::rest, MotionPoint::speed, MotionPoint::rest, MotionPoint::rest) << false << 1 << false;
+    QTest::newRow("last section of cyclic cam") << cam(MotionPoint::speed, MotionPoint::speed, MotionPoint::speed, MotionPoint::speed) << true << 2 << false;
+    QTest::newRow("same cam open") << cam(MotionPoint::speed, MotionPoint::speed, MotionPoint::speed, MotionPoint::speed) << false << 2 << true;
 }
 
 void TestMotionPlanVdi::straightSectionRule()
@@ -163,25 +163,25 @@ void TestMotionPlanVdi::startConditions_data()
     QTest::addColumn<double>("a2");
 
     // Neighbouring slopes: Q = 2 over P = 10 behind, s = -1 over T = 30 ahead.
-    const auto around = [](movementRules before, movementRules type, movementRules after) {
+    const auto around = [](MotionPoint::movementRules before, MotionPoint::movementRules type, MotionPoint::movementRules after) {
         return QVector<PointData>{ { 0, 0, before }, { 10, 20, type }, { 40, -10, after } };
     };
-    QTest::newRow("rest") << around(rest, rest, rest) << false << 1 << 0.0 << 0.0;
-    QTest::newRow("speed after speed takes the slope behind") << around(speed, speed, rest) << false << 1 << 2.0 << 0.0;
-    QTest::newRow("speed before speed takes the slope ahead") << around(rest, speed, speed) << false << 1 << -1.0 << 0.0;
-    QTest::newRow("speed between speeds prefers the slope behind") << around(speed, speed, speed) << false << 1 << 2.0 << 0.0;
+    QTest::newRow("rest") << around(MotionPoint::rest, MotionPoint::rest, MotionPoint::rest) << false << 1 << 0.0 << 0.0;
+    QTest::newRow("speed after speed takes the slope behind") << around(MotionPoint::speed, MotionPoint::speed, MotionPoint::rest) << false << 1 << 2.0 << 0.0;
+    QTest::newRow("speed before speed takes the slope ahead") << around(MotionPoint::rest, MotionPoint::speed, MotionPoint::speed) << false << 1 << -1.0 << 0.0;
+    QTest::newRow("speed between speeds prefers the slope behind") << around(MotionPoint::speed, MotionPoint::speed, MotionPoint::speed) << false << 1 << 2.0 << 0.0;
     QTest::newRow("speed alone takes the weighted mean")
-        << around(rest, speed, rest) << false << 1 << 1.5 * (-1.0 * 10.0 + 2.0 * 30.0) / 40.0 << 0.0;
-    QTest::newRow("turning point") << around(rest, ::turningPoint, rest) << false << 1 << 0.0 << 1.5 * (-1.0 - 2.0) / 40.0;
+        << around(MotionPoint::rest, MotionPoint::speed, MotionPoint::rest) << false << 1 << 1.5 * (-1.0 * 10.0 + 2.0 * 30.0) / 40.0 << 0.0;
+    QTest::newRow("turning point") << around(MotionPoint::rest, MotionPoint::turningPoint, MotionPoint::rest) << false << 1 << 0.0 << 1.5 * (-1.0 - 2.0) / 40.0;
     QTest::newRow("acceleration")
-        << around(rest, ::acceleration, rest) << false << 1 << 1.5 * (-1.0 * 10.0 + 2.0 * 30.0) / 40.0
+        << around(MotionPoint::rest, MotionPoint::acceleration, MotionPoint::rest) << false << 1 << 1.5 * (-1.0 * 10.0 + 2.0 * 30.0) / 40.0
         << 1.5 * (-1.0 - 2.0) / 40.0;
-    QTest::newRow("turning point first of open cam") << around(::turningPoint, rest, rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
-    QTest::newRow("acceleration first of open cam") << around(::acceleration, rest, rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
+    QTest::newRow("turning point first of open cam") << around(MotionPoint::turningPoint, MotionPoint::rest, MotionPoint::rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
+    QTest::newRow("acceleration first of open cam") << around(MotionPoint::acceleration, MotionPoint::rest, MotionPoint::rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
     QTest::newRow("acceleration first of cyclic cam")
-        << around(::acceleration, rest, rest) << true << 0 << 1.5 * (2.0 * 0.0 + 0.0 * 10.0) / 10.0 << 1.5 * 2.0 / 10.0;
+        << around(MotionPoint::acceleration, MotionPoint::rest, MotionPoint::rest) << true << 0 << 1.5 * (2.0 * 0.0 + 0.0 * 10.0) / 10.0 << 1.5 * 2.0 / 10.0;
     QTest::newRow("speed first without speed neighbour")
-        << around(speed, rest, rest) << false << 0 << 1.5 * (2.0 * 0.0 + 0.0) / 10.0 << 0.0;
+        << around(MotionPoint::speed, MotionPoint::rest, MotionPoint::rest) << false << 0 << 1.5 * (2.0 * 0.0 + 0.0) / 10.0 << 0.0;
 }
 
 void TestMotionPlanVdi::startConditions()
@@ -201,10 +201,10 @@ void TestMotionPlanVdi::startConditions()
 void TestMotionPlanVdi::cyclicLastSectionClosesOnFirst()
 {
     PlanPoints points;
-    points.add(0.0, 0.0, ::acceleration);
-    points.add(90.0, 50.0, speed);
-    points.add(180.0, 100.0, ::turningPoint);
-    points.add(270.0, 40.0, ::acceleration);
+    points.add(0.0, 0.0, MotionPoint::acceleration);
+    points.add(90.0, 50.0, MotionPoint::speed);
+    points.add(180.0, 100.0, MotionPoint::turningPoint);
+    points.add(270.0, 40.0, MotionPoint::acceleration);
     MotionPlanVdi plan(points.list, true, 360.0, nullptr, &m_scaling);
     QCOMPARE(plan.sections().size(), 4);
     const CamSectionFifthPolynomial *first = plan.sections().first();
@@ -227,10 +227,10 @@ void TestMotionPlanVdi::zeroWinsAtSharedBoundary()
     // A rest point between two moves: either side is exactly zero at 10 in
     // velocity and acceleration, while the jerk of both sides is not.
     PlanPoints points;
-    points.add(0.0, 0.0, rest);
-    points.add(10.0, 10.0, rest);
-    points.add(20.0, 0.0, ::acceleration);
-    points.add(30.0, 5.0, rest);
+    points.add(0.0, 0.0, MotionPoint::rest);
+    points.add(10.0, 10.0, MotionPoint::rest);
+    points.add(20.0, 0.0, MotionPoint::acceleration);
+    points.add(30.0, 5.0, MotionPoint::rest);
     MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
     const CamSectionFifthPolynomial *left = plan.sections().at(0);
     const CamSectionFifthPolynomial *right = plan.sections().at(1);
@@ -262,8 +262,8 @@ void TestMotionPlanVdi::outsideAllSectionsIsZero()
 {
     QFETCH(double, master);
     PlanPoints points;
-    points.add(0.0, 10.0, ::acceleration);
-    points.add(100.0, 50.0, ::turningPoint);
+    points.add(0.0, 10.0, MotionPoint::acceleration);
+    points.add(100.0, 50.0, MotionPoint::turningPoint);
     MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
     QCOMPARE(plan.position(master), 0.0);
     QCOMPARE(plan.velocity(master), 0.0);
@@ -275,8 +275,8 @@ void TestMotionPlanVdi::outsideAllSectionsIsZero()
 void TestMotionPlanVdi::sectionsBelongToThePlan()
 {
     PlanPoints points;
-    points.add(0.0, 0.0, rest);
-    points.add(10.0, 1.0, rest);
+    points.add(0.0, 0.0, MotionPoint::rest);
+    points.add(10.0, 1.0, MotionPoint::rest);
     auto *plan = new MotionPlanVdi(points.list, true, 20.0, nullptr, &m_scaling);
     QCOMPARE(plan->sections().size(), 2);
     QPointer<CamSectionFifthPolynomial> section = plan->sections().last();

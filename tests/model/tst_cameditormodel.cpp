@@ -26,7 +26,7 @@ struct EditedCam {
         description.setCyclic(cyclic);
         description.setCircularLength(circularLength);
         for (const QPointF &point : points)
-            description.appendPoint(new MotionPoint(point.x(), point.y(), rest));
+            description.appendPoint(new MotionPoint(point.x(), point.y(), MotionPoint::rest));
         model = std::make_unique<CamEditorModel>(nullptr, &bound.model(), &description);
     }
 
@@ -223,7 +223,7 @@ void tst_CamEditorModel::changedSignals()
     switch (change) {
     case 0: cam.description.setCyclic(true); break;
     case 1: cam.description.motionLaw()->setLaw(MotionLaw::Spline); break;
-    case 2: point->setFrom(MotionPoint(95, 12, acceleration)); break;
+    case 2: point->setFrom(MotionPoint(95, 12, MotionPoint::acceleration)); break;
     case 3: point->setPosition(QPointF(95, 12)); break;
     case 4: cam.description.steps()->setStaticStepSize(2.0); break;
     case 5: cam.model->applySteps(); break;
@@ -275,8 +275,8 @@ void tst_CamEditorModel::descriptionGoneLeavesAnEmptyPlan()
 {
     BoundTable bound;
     auto *description = new CamDescriptionImplementation(nullptr, QByteArray());
-    description->appendPoint(new MotionPoint(0, 0, rest));
-    description->appendPoint(new MotionPoint(50, 5, rest));
+    description->appendPoint(new MotionPoint(0, 0, MotionPoint::rest));
+    description->appendPoint(new MotionPoint(50, 5, MotionPoint::rest));
     CamEditorModel model(nullptr, &bound.model(), description);
     QCOMPARE(model.motionPlan()->motionPoints().size(), 2);
 

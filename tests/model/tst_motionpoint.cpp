@@ -24,29 +24,29 @@ void tst_MotionPoint::typeByIndex_data()
 {
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("type");
-    QTest::newRow("0 Rast") << 0 << int(rest);
-    QTest::newRow("1 Konstante Geschwindigkeit") << 1 << int(speed);
-    QTest::newRow("2 Beschleunigung") << 2 << int(acceleration);
-    QTest::newRow("3 Umkehrpunkt") << 3 << int(turningPoint);
-    QTest::newRow("7 unknown") << 7 << int(rest);
-    QTest::newRow("-1 unknown") << -1 << int(rest);
+    QTest::newRow("0 Rast") << 0 << int(MotionPoint::rest);
+    QTest::newRow("1 Konstante Geschwindigkeit") << 1 << int(MotionPoint::speed);
+    QTest::newRow("2 Beschleunigung") << 2 << int(MotionPoint::acceleration);
+    QTest::newRow("3 Umkehrpunkt") << 3 << int(MotionPoint::turningPoint);
+    QTest::newRow("7 unknown") << 7 << int(MotionPoint::rest);
+    QTest::newRow("-1 unknown") << -1 << int(MotionPoint::rest);
 }
 
 void tst_MotionPoint::typeByIndex()
 {
     QFETCH(int, index);
     QFETCH(int, type);
-    MotionPoint byConstructor(0.0, 0.0, index);
+    MotionPoint byConstructor(0.0, 0.0, MotionPoint::ComboBoxIndex(index));
     QCOMPARE(byConstructor.type(), type);
 
     // The setter notifies only a real change of rule.
-    MotionPoint bySetter(0.0, 0.0, speed);
+    MotionPoint bySetter(0.0, 0.0, MotionPoint::speed);
     QSignalSpy rule(&bySetter, &MotionPoint::movementRuleChanged);
     bySetter.setTypeByIndex(index);
     QCOMPARE(bySetter.type(), type);
     bySetter.setTypeByIndex(index);
-    QCOMPARE(rule.count(), type == speed ? 0 : 1);
-    if (type != rest || index == 0)
+    QCOMPARE(rule.count(), type == MotionPoint::speed ? 0 : 1);
+    if (type != MotionPoint::rest || index == 0)
         QCOMPARE(MotionPoint::indexForType(type), index);
 }
 
@@ -56,10 +56,10 @@ void tst_MotionPoint::namesOfTypes_data()
     QTest::addColumn<QString>("dataName");
     QTest::addColumn<QString>("displayName");
     QTest::addColumn<int>("index");
-    QTest::newRow("rest") << int(rest) << "rest" << QString::fromUtf8("Rast") << 0;
-    QTest::newRow("speed") << int(speed) << "speed" << QString::fromUtf8("Konstante Geschwindigkeit") << 1;
-    QTest::newRow("turningPoint") << int(turningPoint) << "turningPoint" << QString::fromUtf8("Umkehrpunkt") << 3;
-    QTest::newRow("acceleration") << int(acceleration) << "acceleration" << QString::fromUtf8("Beschleunigung") << 2;
+    QTest::newRow("rest") << int(MotionPoint::rest) << "rest" << QString::fromUtf8("Rast") << 0;
+    QTest::newRow("speed") << int(MotionPoint::speed) << "speed" << QString::fromUtf8("Konstante Geschwindigkeit") << 1;
+    QTest::newRow("turningPoint") << int(MotionPoint::turningPoint) << "turningPoint" << QString::fromUtf8("Umkehrpunkt") << 3;
+    QTest::newRow("acceleration") << int(MotionPoint::acceleration) << "acceleration" << QString::fromUtf8("Beschleunigung") << 2;
     QTest::newRow("unknown") << 9 << "" << "" << -1;
 }
 
@@ -70,7 +70,7 @@ void tst_MotionPoint::namesOfTypes()
     QFETCH(QString, dataName);
     QFETCH(QString, displayName);
     QFETCH(int, index);
-    MotionPoint point(0.0, 0.0, static_cast<movementRules>(type));
+    MotionPoint point(0.0, 0.0, static_cast<MotionPoint::movementRules>(type));
     QCOMPARE(point.typeDataName(), dataName);
     QCOMPARE(point.typeDisplayName(), displayName);
     QCOMPARE(MotionPoint::indexForType(type), index);
@@ -100,7 +100,7 @@ void tst_MotionPoint::unknownDataNameIsRest_data()
 void tst_MotionPoint::unknownDataNameIsRest()
 {
     QFETCH(QString, name);
-    QCOMPARE(MotionPoint(1.0, 2.0, name).type(), int(rest));
+    QCOMPARE(MotionPoint(1.0, 2.0, name).type(), int(MotionPoint::rest));
 }
 
 void tst_MotionPoint::equality_data()
@@ -126,20 +126,20 @@ void tst_MotionPoint::equality()
     QFETCH(double, master2);
     QFETCH(double, slave2);
     QFETCH(bool, equal);
-    MotionPoint a(master1, slave1, speed);
-    MotionPoint b(master2, slave2, speed);
+    MotionPoint a(master1, slave1, MotionPoint::speed);
+    MotionPoint b(master2, slave2, MotionPoint::speed);
     QCOMPARE(a.isEqual(b), equal);
     QCOMPARE(b.isEqual(a), equal);
     QCOMPARE(a.differs(&b), !equal);
 
-    MotionPoint otherType(master2, slave2, rest);
+    MotionPoint otherType(master2, slave2, MotionPoint::rest);
     QVERIFY(a.differs(&otherType));
     QVERIFY(a.differs(nullptr));
 }
 
 void tst_MotionPoint::setPositionAlwaysEmitsMoved()
 {
-    MotionPoint point(10.0, 5.0, rest);
+    MotionPoint point(10.0, 5.0, MotionPoint::rest);
     QSignalSpy moved(&point, &MotionPoint::moved);
     QSignalSpy edited(&point, &MotionPoint::edited);
     point.setPosition(QPointF(10.0, 5.0));
@@ -152,38 +152,38 @@ void tst_MotionPoint::setPositionAlwaysEmitsMoved()
 
 void tst_MotionPoint::setFromEmitsOnlyOnChange()
 {
-    MotionPoint point(10.0, 5.0, rest);
+    MotionPoint point(10.0, 5.0, MotionPoint::rest);
     QSignalSpy edited(&point, &MotionPoint::edited);
     QSignalSpy rule(&point, &MotionPoint::movementRuleChanged);
 
-    point.setFrom(MotionPoint(10.0 + 1e-13, 5.0, rest));
+    point.setFrom(MotionPoint(10.0 + 1e-13, 5.0, MotionPoint::rest));
     QCOMPARE(edited.count(), 0);
     QCOMPARE(point.master(), 10.0);
 
-    point.setFrom(MotionPoint(12.0, 7.0, acceleration));
+    point.setFrom(MotionPoint(12.0, 7.0, MotionPoint::acceleration));
     QCOMPARE(edited.count(), 1);
     QCOMPARE(point.master(), 12.0);
     QCOMPARE(point.slave(), 7.0);
-    QCOMPARE(point.type(), int(acceleration));
+    QCOMPARE(point.type(), int(MotionPoint::acceleration));
     QCOMPARE(rule.count(), 0);
 
-    point.setFrom(MotionPoint(12.0, 7.0, turningPoint));
+    point.setFrom(MotionPoint(12.0, 7.0, MotionPoint::turningPoint));
     QCOMPARE(edited.count(), 2);
 }
 
 void tst_MotionPoint::copyAndAssignmentCarryValuesButNoSignal()
 {
-    MotionPoint source(3.0, 4.0, acceleration);
+    MotionPoint source(3.0, 4.0, MotionPoint::acceleration);
     MotionPoint copy(source);
     QCOMPARE(copy.position(), QPointF(3.0, 4.0));
-    QCOMPARE(copy.type(), int(acceleration));
+    QCOMPARE(copy.type(), int(MotionPoint::acceleration));
 
-    MotionPoint target(0.0, 0.0, rest);
+    MotionPoint target(0.0, 0.0, MotionPoint::rest);
     QSignalSpy edited(&target, &MotionPoint::edited);
     QSignalSpy moved(&target, &MotionPoint::moved);
     target = source;
     QCOMPARE(target.position(), QPointF(3.0, 4.0));
-    QCOMPARE(target.type(), int(acceleration));
+    QCOMPARE(target.type(), int(MotionPoint::acceleration));
     QCOMPARE(edited.count() + moved.count(), 0);
 }
 
