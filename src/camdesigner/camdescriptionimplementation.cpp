@@ -8,7 +8,9 @@
 #include <QJsonArray>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -76,14 +78,19 @@ void CamDescriptionImplementation::loadWithUndo(const QJsonObject &data, QString
 
 void CamDescriptionImplementation::fromJson(const QJsonObject &data)
 {
+    beginBulkChange();
     m_motionLaw.setFromData(data.value(MotionLawKey));
     setCyclic(data.value(CyclicKey).toBool(false));
 
     const QJsonArray points = data.value(MotionPointsKey).toArray();
-    const QList<MotionPoint *> oldPoints = m_motionPoints.values();
-    for (MotionPoint *point : oldPoints) {
-        m_motionPoints.remove(point->master());
+    emit pointsAboutToBeReset();
+    m_resetting = true;
+    while (!m_motionPoints.isEmpty()) {
+        MotionPoint *point = m_motionPoints.first();
+        m_motionPoints.erase(m_motionPoints.begin());
+        m_rowsValid = false;
         point->setParent(nullptr);
+        point->setCamDescription(nullptr);
         emit changed();
         delete point;
     }
@@ -102,12 +109,16 @@ void CamDescriptionImplementation::fromJson(const QJsonObject &data)
         // earlier point is of no further use.
         delete m_motionPoints.value(point->master(), nullptr);
         m_motionPoints.insert(point->master(), point);
+        m_rowsValid = false;
     }
-    onMotionPointChanged();
+    rebuildMap(nullptr);
+    m_resetting = false;
+    emit pointsReset();
 
     m_steps.fromJson(data.value(StepsKey).toObject());
     setCircularLength(data.value(CircularLengthKey).toDouble(DefaultCircularLength));
     emit changed();
+    endBulkChange();
 }
 
 QJsonObject CamDescriptionImplementation::toJson() const
@@ -166,12 +177,51 @@ MotionPoint *CamDescriptionImplementation::takePoint(MotionPoint *point)
 {
     if (!point)
         return nullptr;
-    MotionPoint *removed = m_motionPoints.take(point->master());
-    if (!removed)
+    const auto entry = m_motionPoints.constFind(point->master());
+    if (entry == m_motionPoints.cend())
         return nullptr;
+    const int row = int(std::distance(m_motionPoints.cbegin(), entry));
+    if (!m_resetting)
+        emit pointsAboutToBeRemoved(row, row);
+    MotionPoint *removed = m_motionPoints.take(point->master());
+    m_rowsValid = false;
     removed->setParent(nullptr);
+    removed->setCamDescription(nullptr);
+    if (!m_resetting)
+        emit pointsRemoved(row, row);
     emit changed();
     return removed;
+}
+
+MotionPoint *CamDescriptionImplementation::pointAtRow(int row) const
+{
+    const QVector<MotionPoint *> &points = rows();
+    return row >= 0 && row < points.size() ? points.at(row) : nullptr;
+}
+
+int CamDescriptionImplementation::rowOf(const MotionPoint *point) const
+{
+    if (!point || point->camDescription() != this)
+        return -1;
+    const QVector<MotionPoint *> &points = rows();
+    const auto found = std::lower_bound(points.cbegin(), points.cend(), point->master(),
+                                        [](const MotionPoint *p, double master) { return p->master() < master; });
+    if (found != points.cend() && *found == point)
+        return int(found - points.cbegin());
+    // Only while a moved point waits for its new place is the order off.
+    return points.indexOf(const_cast<MotionPoint *>(point));
+}
+
+void CamDescriptionImplementation::beginBulkChange()
+{
+    if (m_bulkChangeDepth++ == 0)
+        emit bulkChangeStarted();
+}
+
+void CamDescriptionImplementation::endBulkChange()
+{
+    if (m_bulkChangeDepth > 0 && --m_bulkChangeDepth == 0)
+        emit bulkChangeFinished();
 }
 
 bool CamDescriptionImplementation::saveToFile(const QString &path, QString *errorString) const
@@ -210,28 +260,90 @@ void CamDescriptionImplementation::appendPoint(MotionPoint *point)
         return;
     connectPoint(point);
     point->setParent(this);
+    const int row = int(std::distance(m_motionPoints.begin(), m_motionPoints.lowerBound(point->master())));
+    if (!existing && !m_resetting)
+        emit pointsAboutToBeInserted(row, row);
     m_motionPoints.insert(point->master(), point);
+    m_rowsValid = false;
     if (existing)
         releaseDroppedPoint(existing);
+    if (!m_resetting) {
+        if (existing)
+            emit pointsChanged(row, row);
+        else
+            emit pointsInserted(row, row);
+    }
     emit changed();
 }
 
 void CamDescriptionImplementation::onMotionPointChanged()
 {
-    const QList<MotionPoint *> points = m_motionPoints.values();
-    m_motionPoints.clear();
-    for (MotionPoint *point : points)
-        m_motionPoints.insert(point->master(), point);
+    rebuildMap(qobject_cast<MotionPoint *>(sender()));
+}
 
+void CamDescriptionImplementation::rebuildMap(MotionPoint *changedPoint)
+{
+    const QVector<MotionPoint *> before = rows();
+    QMap<double, MotionPoint *> map;
+    for (MotionPoint *point : before)
+        map.insert(point->master(), point);
     // The point that moved takes the entry at its new position, whichever
     // order the map held them in before.
-    if (auto *moved = qobject_cast<MotionPoint *>(sender()); moved && points.contains(moved))
-        m_motionPoints.insert(moved->master(), moved);
-    for (MotionPoint *point : points) {
+    if (changedPoint && changedPoint->camDescription() == this)
+        map.insert(changedPoint->master(), changedPoint);
+    else
+        changedPoint = nullptr;
+    const QVector<MotionPoint *> after = map.values().toVector();
+
+    announceRows(before, after, changedPoint, false);
+    m_motionPoints.swap(map);
+    m_rowsValid = false;
+    for (MotionPoint *point : before) {
         if (m_motionPoints.value(point->master(), nullptr) != point)
             releaseDroppedPoint(point);
     }
+    announceRows(before, after, changedPoint, true);
     emit motionPointChanged();
+}
+
+void CamDescriptionImplementation::announceRows(const QVector<MotionPoint *> &before,
+                                                const QVector<MotionPoint *> &after,
+                                                const MotionPoint *changedPoint, bool done)
+{
+    if (m_resetting)
+        return;
+    if (before == after) {
+        const int row = changedPoint ? after.indexOf(const_cast<MotionPoint *>(changedPoint)) : -1;
+        if (done && row >= 0)
+            emit pointsChanged(row, row);
+        else if (done && !changedPoint && !after.isEmpty())
+            emit pointsChanged(0, after.size() - 1);
+        return;
+    }
+    // One point passed its neighbours: the others keep their order.
+    if (changedPoint && before.size() == after.size()) {
+        const int from = before.indexOf(const_cast<MotionPoint *>(changedPoint));
+        const int to = after.indexOf(const_cast<MotionPoint *>(changedPoint));
+        QVector<MotionPoint *> others = before;
+        QVector<MotionPoint *> othersAfter = after;
+        if (from >= 0 && to >= 0) {
+            others.remove(from);
+            othersAfter.remove(to);
+        }
+        if (from >= 0 && to >= 0 && others == othersAfter) {
+            if (!done) {
+                emit pointAboutToBeMoved(from, to);
+            } else {
+                emit pointMoved(from, to);
+                emit pointsChanged(to, to);
+            }
+            return;
+        }
+    }
+    if (done)
+        emit pointsReset();
+    else
+        emit pointsAboutToBeReset();
 }
 
 void CamDescriptionImplementation::onMotionLawChanged()
@@ -252,6 +364,7 @@ void CamDescriptionImplementation::connectPoint(MotionPoint *point)
     connect(point, &MotionPoint::edited, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
     connect(point, &MotionPoint::slavePositionChanged, this, &CamDescription::changed, unique);
     connect(point, &MotionPoint::edited, this, &CamDescription::changed, unique);
+    point->setCamDescription(this);
 }
 
 void CamDescriptionImplementation::releaseDroppedPoint(MotionPoint *point)
@@ -260,6 +373,16 @@ void CamDescriptionImplementation::releaseDroppedPoint(MotionPoint *point)
     // the data; it stops notifying and is kept only so that nobody is left
     // with a dangling pointer until the description goes.
     disconnect(point, nullptr, this, nullptr);
+    point->setCamDescription(nullptr);
     if (!point->parent())
         point->setParent(this);
+}
+
+const QVector<MotionPoint *> &CamDescriptionImplementation::rows() const
+{
+    if (!m_rowsValid) {
+        m_rows = m_motionPoints.values().toVector();
+        m_rowsValid = true;
+    }
+    return m_rows;
 }

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QMap>
 #include <QPointer>
+#include <QVector>
 
 class QUndoStack;
 
@@ -42,6 +43,19 @@ public:
     QList<MotionPoint *> motionPoints() const { return m_motionPoints.values(); }
     MotionPoint *pointAt(double master) const { return m_motionPoints.value(master, nullptr); }
 
+    // The points by row, ascending master, for item models: the row of a
+    // point is its place in that order, -1 for a point not held here.
+    int pointCount() const { return m_motionPoints.size(); }
+    MotionPoint *pointAtRow(int row) const;
+    int rowOf(const MotionPoint *point) const;
+
+    // A bulk change (a load) lets followers such as the editor model wait for
+    // its end instead of rebuilding on every signal it emits; the signals
+    // themselves are emitted as always. Nests.
+    void beginBulkChange();
+    void endBulkChange();
+    bool isInBulkChange() const { return m_bulkChangeDepth > 0; }
+
     // Removes the point at the given point's master position and hands it to
     // the caller, who then owns it. Null when nothing was there.
     MotionPoint *takePoint(MotionPoint *point);
@@ -63,9 +77,31 @@ signals:
     void motionPointChanged();
     void motionLawChanged();
 
+    void bulkChangeStarted();
+    void bulkChangeFinished();
+
+    // Row notifications for item models, beside the signals above: each
+    // "about to" signal comes before the rows change, its partner after, so
+    // that a model can keep selections and editors across changes. A point
+    // whose master passes a neighbour moves; a load, or a move that pushes
+    // another point out, resets.
+    void pointsAboutToBeInserted(int first, int last);
+    void pointsInserted(int first, int last);
+    void pointsAboutToBeRemoved(int first, int last);
+    void pointsRemoved(int first, int last);
+    void pointAboutToBeMoved(int from, int to);
+    void pointMoved(int from, int to);
+    void pointsChanged(int first, int last);
+    void pointsAboutToBeReset();
+    void pointsReset();
+
 private:
     void connectPoint(MotionPoint *point);
     void releaseDroppedPoint(MotionPoint *point);
+    const QVector<MotionPoint *> &rows() const;
+    void rebuildMap(MotionPoint *changedPoint);
+    void announceRows(const QVector<MotionPoint *> &before, const QVector<MotionPoint *> &after,
+                      const MotionPoint *changedPoint, bool done);
 
     QPointer<QUndoStack> m_undoStack;
     MotionLaw m_motionLaw;
@@ -74,4 +110,10 @@ private:
     double m_circularLength = 0.0;
     QMap<double, MotionPoint *> m_motionPoints;
     bool m_modified = false;
+    int m_bulkChangeDepth = 0;
+    // Row signals are held back while a load replaces every point.
+    bool m_resetting = false;
+    // The map's values in order, made when first asked for after a change.
+    mutable QVector<MotionPoint *> m_rows;
+    mutable bool m_rowsValid = false;
 };

@@ -8,9 +8,8 @@
 
 EditMotionPointCommand::EditMotionPointCommand(MotionPoint *motionPoint, const MotionPoint &newValue,
                                                Scaling *scaling, QUndoCommand *parent)
-    : EditMotionPointCommand(motionPoint ? qobject_cast<CamDescriptionImplementation *>(motionPoint->parent())
-                                         : nullptr,
-                             motionPoint, newValue, scaling, parent)
+    : EditMotionPointCommand(motionPoint ? motionPoint->camDescription() : nullptr, motionPoint, newValue, scaling,
+                             parent)
 {
 }
 

@@ -18,11 +18,12 @@ class Scaling;
 class MXCAMDESIGNER_EXPORT EditMotionPointCommand : public QUndoCommand
 {
 public:
+    // The command follows the description that holds the point (found
+    // through the point's link to it, or given): it finds an equal point that
+    // a whole-data load put in the place of its own, and gives back a point
+    // that the move would have pushed out of the map.
     EditMotionPointCommand(MotionPoint *motionPoint, const MotionPoint &newValue, Scaling *scaling,
                            QUndoCommand *parent = nullptr);
-    // With the description that holds the point, the command also finds an
-    // equal point that a whole-data load put in the place of its own, and
-    // gives back a point that the move would have pushed out of the map.
     EditMotionPointCommand(CamDescriptionImplementation *camDescription, MotionPoint *motionPoint,
                            const MotionPoint &newValue, Scaling *scaling, QUndoCommand *parent = nullptr);
     ~EditMotionPointCommand() override;

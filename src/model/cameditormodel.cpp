@@ -21,6 +21,8 @@ CamEditorModel::CamEditorModel(QObject *parent, ParameterModel *parameterModel,
         connect(camDescription, &CamDescriptionImplementation::motionPointChanged, this,
                 &CamEditorModel::calculateNewMotionPlan);
         connect(camDescription->motionLaw(), &MotionLaw::motionLawChanged, this, &CamEditorModel::update);
+        connect(camDescription, &CamDescriptionImplementation::bulkChangeFinished, this,
+                &CamEditorModel::onBulkChangeFinished);
         // The plan points at the description's points; when the description
         // goes first, a plan without points takes its place so that nothing
         // is left pointing at deleted points.
@@ -36,15 +38,38 @@ CamEditorModel::~CamEditorModel()
 
 void CamEditorModel::update()
 {
+    if (waitsForBulkChange())
+        return;
     calculateNewMotionPlan();
     emit changed();
 }
 
 void CamEditorModel::calculateNewMotionPlan()
 {
+    if (waitsForBulkChange())
+        return;
     createNewMotionPlan();
     sample(m_coarseSteps);
     connect(m_motionPlan, &MotionPlan::stepSizeChanged, this, &CamEditorModel::changed);
+    emit motionPlanRebuilt();
+}
+
+bool CamEditorModel::waitsForBulkChange()
+{
+    // A load emits a signal per removed point and several more; only the
+    // state at its end counts, so the plan is built once, then.
+    if (!m_camDescription || !m_camDescription->isInBulkChange())
+        return false;
+    m_rebuildPending = true;
+    return true;
+}
+
+void CamEditorModel::onBulkChangeFinished()
+{
+    if (!m_rebuildPending)
+        return;
+    m_rebuildPending = false;
+    update();
 }
 
 void CamEditorModel::applySteps()
@@ -101,8 +126,8 @@ void CamEditorModel::endCoarseSteps()
 
 double CamEditorModel::masterEnd() const
 {
-    const QList<MotionPoint *> points = motionPoints();
-    const double last = points.isEmpty() ? DefaultMasterEnd : points.constLast()->master();
+    const int count = motionPointCount();
+    const double last = count == 0 ? DefaultMasterEnd : motionPointAt(count - 1)->master();
     if (m_camDescription && m_camDescription->isCyclic())
         return std::max(last, m_camDescription->circularLength());
     return last;
@@ -113,7 +138,7 @@ bool CamEditorModel::tooManyGridPoints() const
     const Steps *settings = steps();
     if (!settings || settings->isDynamicStepSize())
         return false;
-    const int budget = MotionPlan::MaximumGridPoints - motionPoints().size();
+    const int budget = MotionPlan::MaximumGridPoints - motionPointCount();
     return m_motionPlan->masterRange() / settings->staticStepSize() > budget;
 }
 
@@ -140,4 +165,19 @@ Steps *CamEditorModel::steps() const
 Scaling *CamEditorModel::scaling() const
 {
     return m_scaling;
+}
+
+int CamEditorModel::motionPointCount() const
+{
+    return m_camDescription ? m_camDescription->pointCount() : 0;
+}
+
+MotionPoint *CamEditorModel::motionPointAt(int row) const
+{
+    return m_camDescription ? m_camDescription->pointAtRow(row) : nullptr;
+}
+
+int CamEditorModel::rowOfMotionPoint(const MotionPoint *point) const
+{
+    return m_camDescription ? m_camDescription->rowOf(point) : -1;
 }

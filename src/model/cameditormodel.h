@@ -19,6 +19,14 @@ class Steps;
 // every change of points, law, cyclic flag, circular length or steps throws
 // the plan away, builds one of the class the law calls for and samples it.
 // Listeners re-read the plan on changed().
+//
+// For views: the plan is replaced as a whole on every rebuild (motionPlanRebuilt()
+// follows each one, also those that changed() does not follow, such as a point
+// dragged in a plot), and motion points come and go with edits and loads. So a
+// view re-reads motionPlan() and the points whenever it draws and never keeps a
+// MotionPlan* or MotionPoint* across events: it keeps a QPointer, or a point's
+// master position as its key. A load of the description rebuilds once, at its
+// end, and changed() follows once for it.
 class MXCAMDESIGNER_EXPORT CamEditorModel : public QObject
 {
     Q_OBJECT
@@ -46,8 +54,16 @@ public:
     MotionPlan *motionPlan() const { return m_motionPlan; }
     Scaling *scaling() const;
 
+    // The points by row, ascending master, for item models; the row
+    // notifications are the description's (pointsInserted() and the others).
+    int motionPointCount() const;
+    MotionPoint *motionPointAt(int row) const;
+    int rowOfMotionPoint(const MotionPoint *point) const;
+
 signals:
     void changed();
+    // A new plan has been built and sampled.
+    void motionPlanRebuilt();
 
 public slots:
     void update();
@@ -58,9 +74,13 @@ public slots:
 
 private:
     void sample(bool coarse);
+    bool waitsForBulkChange();
+    void onBulkChangeFinished();
 
     ScalingImplementation *m_scaling;
     MotionPlan *m_motionPlan = nullptr;
     QPointer<CamDescriptionImplementation> m_camDescription;
     bool m_coarseSteps = false;
+    // A rebuild asked for during a bulk change, done once at its end.
+    bool m_rebuildPending = false;
 };

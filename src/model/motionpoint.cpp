@@ -1,5 +1,7 @@
 #include "motionpoint.h"
 
+#include "camdesigner/camdescriptionimplementation.h"
+
 #include <QCoreApplication>
 
 #include <array>
@@ -160,4 +162,14 @@ bool MotionPoint::isEqual(const MotionPoint &other) const
     // QPointF compares fuzzily: relative 1e-12, absolute 1e-12 where either
     // coordinate is exactly zero. Point positions are never compared exactly.
     return m_type == other.m_type && position() == other.position();
+}
+
+CamDescriptionImplementation *MotionPoint::camDescription() const
+{
+    return m_camDescription;
+}
+
+void MotionPoint::setCamDescription(CamDescriptionImplementation *description)
+{
+    m_camDescription = description;
 }

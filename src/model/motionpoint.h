@@ -4,7 +4,10 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QPointer>
 #include <QString>
+
+class CamDescriptionImplementation;
 
 // One user-defined support point of the cam: master position, slave position
 // and the segment type that the VDI law uses from this point on.
@@ -62,6 +65,11 @@ public:
     bool differs(const MotionPoint *other) const;
     bool isEqual(const MotionPoint &other) const;
 
+    // The description that holds the point, null while it holds none. Kept by
+    // the description itself as the point enters and leaves it: points
+    // created by a load have no Qt parent, so the parent cannot tell.
+    CamDescriptionImplementation *camDescription() const;
+    void setCamDescription(CamDescriptionImplementation *description);
 
 signals:
     void edited();
@@ -76,4 +84,5 @@ private:
     double m_master = 0.0;
     double m_slave = 0.0;
     int m_type = rest;
+    QPointer<CamDescriptionImplementation> m_camDescription;
 };

@@ -122,8 +122,13 @@ public:
             {
                 // Now and then onto another point's master position.
                 const double to = chance(0.15) ? points.at(pick(0, points.size() - 1))->master() : master();
-                stack.push(new EditMotionPointCommand(&description, point,
-                                                      MotionPoint(to, slave(), MotionPoint::movementRules(pick(0, 3))), scaling));
+                const MotionPoint value(to, slave(), MotionPoint::movementRules(pick(0, 3)));
+                // Both constructors: the one without the description finds it
+                // through the point, also for points a load created.
+                if (chance(0.5))
+                    stack.push(new EditMotionPointCommand(point, value, scaling));
+                else
+                    stack.push(new EditMotionPointCommand(&description, point, value, scaling));
             }
             break;
         case 5:
@@ -213,6 +218,15 @@ void tst_UndoRandom::checkPlan(CommandFixture &cam)
     QVERIFY(identical(plan->velocities(), expected->velocities()));
     QVERIFY(identical(plan->accelerations(), expected->accelerations()));
     QVERIFY(identical(plan->jerks(), expected->jerks()));
+
+    // The rows that item models show, and every point's link to the description.
+    const QList<MotionPoint *> points = cam.description.motionPoints();
+    QCOMPARE(cam.model->motionPointCount(), points.size());
+    for (int row = 0; row < points.size(); ++row) {
+        QCOMPARE(cam.model->motionPointAt(row), points.at(row));
+        QCOMPARE(cam.model->rowOfMotionPoint(points.at(row)), row);
+        QCOMPARE(points.at(row)->camDescription(), &cam.description);
+    }
 }
 
 void tst_UndoRandom::randomSequences_data()
