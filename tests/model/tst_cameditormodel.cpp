@@ -9,9 +9,14 @@
 #include "model/scaling.h"
 #include "model/steps.h"
 
+#include <QAbstractItemModelTester>
+#include <QAbstractListModel>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <memory>
 
@@ -42,6 +47,42 @@ struct EditedCam {
     }
 };
 
+// The smallest item model over the model's rows, as a list view builds it:
+// the description's row notifications map one to one onto Qt's.
+class PointListModel : public QAbstractListModel
+{
+public:
+    explicit PointListModel(CamEditorModel *model)
+        : m_model(model)
+    {
+        using Description = CamDescriptionImplementation;
+        Description *d = model->camDescription();
+        connect(d, &Description::pointsAboutToBeInserted, this, [this](int f, int l) { beginInsertRows({}, f, l); });
+        connect(d, &Description::pointsInserted, this, [this] { endInsertRows(); });
+        connect(d, &Description::pointsAboutToBeRemoved, this, [this](int f, int l) { beginRemoveRows({}, f, l); });
+        connect(d, &Description::pointsRemoved, this, [this] { endRemoveRows(); });
+        connect(d, &Description::pointAboutToBeMoved, this, [this](int from, int to) {
+            QVERIFY(beginMoveRows({}, from, from, {}, to > from ? to + 1 : to));
+        });
+        connect(d, &Description::pointMoved, this, [this] { endMoveRows(); });
+        connect(d, &Description::pointsChanged, this, [this](int f, int l) { emit dataChanged(index(f), index(l)); });
+        connect(d, &Description::pointsAboutToBeReset, this, [this] { beginResetModel(); });
+        connect(d, &Description::pointsReset, this, [this] { endResetModel(); });
+    }
+    int rowCount(const QModelIndex &parent) const override
+    {
+        return parent.isValid() ? 0 : m_model->motionPointCount();
+    }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        const MotionPoint *point = m_model->motionPointAt(index.row());
+        return point && role == Qt::DisplayRole ? QVariant(point->master()) : QVariant();
+    }
+
+private:
+    CamEditorModel *m_model;
+};
+
 class tst_CamEditorModel : public QObject
 {
     Q_OBJECT
@@ -57,8 +98,8 @@ private slots:
     void samplingRule();
     void changedSignals_data();
     void changedSignals();
+    void pointRowsForItemModels();
     void coarseStepsWhileDragging();
-    void setRealStepsIgnoresCoarseSteps();
     void descriptionGoneLeavesAnEmptyPlan();
 };
 
@@ -68,10 +109,6 @@ void tst_CamEditorModel::constructionBuildsASampledPlan()
     MotionPlan *plan = cam.model->motionPlan();
     QVERIFY(qobject_cast<MotionPlanVdi *>(plan));
     QCOMPARE(plan->parent(), cam.model.get());
-    QCOMPARE(cam.model->motionPoints(), cam.description.motionPoints());
-    QCOMPARE(cam.model->steps(), cam.description.steps());
-    QCOMPARE(cam.model->motionLaw(), cam.description.motionLaw());
-    QCOMPARE(cam.model->camDescription(), &cam.description);
 
     std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
     fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
@@ -194,32 +231,39 @@ void tst_CamEditorModel::samplingRule()
     QCOMPARE(cam.model->motionPlan()->jerks(), fresh->jerks());
 }
 
-// How often the model announces a change, for each kind of change. A point
-// moved by setPosition only rebuilds the plan: the new plan is connected
-// after its sampling, so nothing is forwarded until the next sampling.
+// How often the model announces a change and rebuilds its plan, for each
+// kind of change. A point moved by setPosition only rebuilds the plan: the new
+// plan is connected after its sampling, so changed() waits for the next
+// sampling, while motionPlanRebuilt() tells a plot at once. A load emits a
+// signal per removed point, yet the model builds and announces once.
 void tst_CamEditorModel::changedSignals_data()
 {
     QTest::addColumn<int>("change");
     QTest::addColumn<int>("changedSignals");
-    QTest::addColumn<bool>("newPlan");
-    QTest::newRow("cyclic flag") << 0 << 1 << true;
-    QTest::newRow("law, rebuilt twice") << 1 << 2 << true;
-    QTest::newRow("point edited") << 2 << 1 << true;
-    QTest::newRow("point moved") << 3 << 0 << true;
-    QTest::newRow("static step size") << 4 << 1 << true;
-    QTest::newRow("applySteps") << 5 << 1 << false;
-    QTest::newRow("endCoarseSteps") << 6 << 1 << true;
+    QTest::addColumn<int>("rebuilds");
+    QTest::newRow("cyclic flag") << 0 << 1 << 1;
+    QTest::newRow("law, rebuilt twice") << 1 << 2 << 2;
+    QTest::newRow("point edited") << 2 << 1 << 2;
+    QTest::newRow("point moved") << 3 << 0 << 1;
+    QTest::newRow("static step size") << 4 << 1 << 1;
+    QTest::newRow("applySteps") << 5 << 1 << 0;
+    QTest::newRow("endCoarseSteps") << 6 << 1 << 1;
+    QTest::newRow("load") << 7 << 1 << 1;
+    QTest::newRow("load of the same data") << 8 << 1 << 1;
 }
 
 void tst_CamEditorModel::changedSignals()
 {
     QFETCH(int, change);
     QFETCH(int, changedSignals);
-    QFETCH(bool, newPlan);
+    QFETCH(int, rebuilds);
     EditedCam cam({ { 0, 0 }, { 90, 10 }, { 180, 0 } });
     MotionPoint *point = cam.description.pointAt(90);
     QSignalSpy changed(cam.model.get(), &CamEditorModel::changed);
-    QPointer<MotionPlan> before = cam.model->motionPlan();
+    QSignalSpy rebuilt(cam.model.get(), &CamEditorModel::motionPlanRebuilt);
+    const QJsonObject loaded { { "Cyclic", true },
+                               { "MotionLaw", "Spline" },
+                               { "MotionPoints", QJsonArray { QJsonArray { 0, 5 }, QJsonArray { 45, 1 } } } };
     switch (change) {
     case 0: cam.description.setCyclic(true); break;
     case 1: cam.description.motionLaw()->setLaw(MotionLaw::Spline); break;
@@ -228,9 +272,59 @@ void tst_CamEditorModel::changedSignals()
     case 4: cam.description.steps()->setStaticStepSize(2.0); break;
     case 5: cam.model->applySteps(); break;
     case 6: cam.model->endCoarseSteps(); break;
+    case 7: cam.description.fromJson(loaded); break;
+    case 8: cam.description.fromJson(cam.description.toJson()); break;
     }
     QCOMPARE(changed.count(), changedSignals);
-    QCOMPARE(before.isNull(), newPlan);
+    QCOMPARE(rebuilt.count(), rebuilds);
+    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
+    fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
+    if (change != 3)
+        QCOMPARE(cam.model->motionPlan()->positions(), fresh->positions());
+}
+
+// Inserts, removals, a point passing its neighbours, an edit in place, a move
+// onto another point and a load, checked against Qt's item model rules; a
+// persistent index keeps following its point wherever its row goes.
+void tst_CamEditorModel::pointRowsForItemModels()
+{
+    EditedCam cam({ { 0, 0 }, { 10, 1 }, { 20, 2 } });
+    PointListModel list(cam.model.get());
+    QAbstractItemModelTester tester(&list, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    CamDescriptionImplementation &description = cam.description;
+    MotionPoint *followed = description.pointAt(20);
+    QPersistentModelIndex index = list.index(2);
+    const auto check = [&] {
+        for (int row = 0; row < cam.model->motionPointCount(); ++row)
+            QCOMPARE(cam.model->rowOfMotionPoint(cam.model->motionPointAt(row)), row);
+        QCOMPARE(list.data(index, Qt::DisplayRole).toDouble(), followed->master());
+    };
+
+    description.appendPoint(new MotionPoint(5, 0, MotionPoint::rest));
+    QCOMPARE(index.row(), 3);
+    check();
+    followed->setFrom(MotionPoint(7, 3, MotionPoint::speed));
+    QCOMPARE(index.row(), 2);
+    check();
+    followed->setPosition(QPointF(30, 3));
+    QCOMPARE(index.row(), 3);
+    check();
+    followed->setTypeByIndex(2);
+    delete description.takePoint(description.pointAt(0));
+    QCOMPARE(index.row(), 2);
+    check();
+    QCOMPARE(cam.model->rowOfMotionPoint(nullptr), -1);
+    MotionPoint outside(30, 3, MotionPoint::rest);
+    QCOMPARE(cam.model->rowOfMotionPoint(&outside), -1);
+
+    // Pushes the point at 10 out of the map: the rows start again.
+    description.pointAt(5)->setPosition(QPointF(10, 0));
+    QCOMPARE(cam.model->motionPointCount(), 2);
+    QVERIFY(!index.isValid());
+    description.fromJson(QJsonObject { { "MotionPoints", QJsonArray { QJsonArray { 1, 1 } } } });
+    QCOMPARE(list.rowCount({}), 1);
+    QCOMPARE(cam.model->motionPointAt(0)->camDescription(), &description);
+    QCOMPARE(cam.model->motionPointAt(1), nullptr);
 }
 
 void tst_CamEditorModel::coarseStepsWhileDragging()
@@ -247,28 +341,21 @@ void tst_CamEditorModel::coarseStepsWhileDragging()
     coarse->calculate(coarse->masterRange() / CamEditorModel::CoarseStepCount);
     QCOMPARE(cam.model->motionPlan()->positions(), coarse->positions());
 
+    // setRealSteps() samples by the settings, coarse steps or not.
+    std::unique_ptr<MotionPlan> full = cam.freshPlan();
+    full->calculate(1.0);
+    QVERIFY(full->positions() != coarse->positions());
+    cam.model->setRealSteps();
+    QCOMPARE(cam.model->motionPlan()->positions(), full->positions());
+    QVERIFY(cam.model->isCoarseSteps());
+    cam.model->applySteps();
+    QCOMPARE(cam.model->motionPlan()->positions(), coarse->positions());
+
     QSignalSpy changed(cam.model.get(), &CamEditorModel::changed);
     cam.model->endCoarseSteps();
     QVERIFY(!cam.model->isCoarseSteps());
     QCOMPARE(changed.count(), 1);
-    std::unique_ptr<MotionPlan> full = cam.freshPlan();
-    full->calculate(1.0);
     QCOMPARE(cam.model->motionPlan()->positions(), full->positions());
-    QVERIFY(full->positions() != coarse->positions());
-}
-
-void tst_CamEditorModel::setRealStepsIgnoresCoarseSteps()
-{
-    EditedCam cam({ { 0, 0 }, { 300, 80 }, { 1000, 0 } });
-    cam.description.steps()->setIsDynamicStepSize(false);
-    cam.description.steps()->setStaticStepSize(0.5);
-    cam.model->beginCoarseSteps();
-    cam.model->createNewMotionPlan();
-    cam.model->setRealSteps();
-    std::unique_ptr<MotionPlan> full = cam.freshPlan();
-    full->calculate(0.5);
-    QCOMPARE(cam.model->motionPlan()->positions(), full->positions());
-    QVERIFY(cam.model->isCoarseSteps());
 }
 
 void tst_CamEditorModel::descriptionGoneLeavesAnEmptyPlan()
