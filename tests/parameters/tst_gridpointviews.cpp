@@ -1,0 +1,119 @@
+#include "boundtable.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "curves/motionplan.h"
+#include "helpwidget.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "parameterelementlist.h"
+#include "parameters/calculatedtablemodel.h"
+#include "parameters/calculatedtableview.h"
+#include "parameters/gridpointparameterview.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QJsonObject>
+#include <QSignalSpy>
+#include <QTest>
+
+class tst_GridPointViews : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void storedElementsFollowTheTable_data();
+    void storedElementsFollowTheTable();
+    void calculatedTableChecksEveryCell();
+};
+
+void tst_GridPointViews::cleanup()
+{
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void tst_GridPointViews::storedElementsFollowTheTable_data()
+{
+    QTest::addColumn<int>("table");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<bool>("readOnlyAfter");
+    QTest::newRow("table 0, 101 points") << 0 << 101 << false;
+    QTest::newRow("table 7, 3 points, then read-only") << 7 << 3 << true;
+}
+
+// The list shows elements 0 .. count - 1 of the table's two arrays; it hides
+// while a write runs and comes back writable as the drive allows.
+void tst_GridPointViews::storedElementsFollowTheTable()
+{
+    QFETCH(int, table);
+    QFETCH(int, points);
+    QFETCH(bool, readOnlyAfter);
+    BoundTable bound(table);
+    GridPointParameterView view(&bound.model(), &bound.drive, BoundTable::LivingSpace);
+    MxParameterControls::ParameterElementList *list = view.elementList();
+    QCOMPARE(list->coordinates().size(), 2);
+    QCOMPARE(list->coordinates().at(0).toText(), bound.master().toText());
+    QCOMPARE(list->coordinates().at(1).toText(), bound.slave().toText());
+    // Nothing stored: the range "0--1" lists nothing.
+    QVERIFY(list->indexes().isEmpty());
+    QVERIFY(view.findChild<VxHelpSystem::HelpWidget *>(QStringLiteral("helpView"))->isInitialized());
+
+    int hiddenDuringWrite = 0;
+    connect(&bound.model(), &ParameterModelImplementation::saveProgressed, this,
+            [&] { hiddenDuringWrite += list->isHiddenForced() ? 1 : 0; });
+    connect(&bound.model(), &ParameterModel::writeProcessFinished, this,
+            [&] { bound.drive.setReadOnly(readOnlyAfter); });
+    bound.model().writeGridPoints(curvePoints(points));
+    QCOMPARE(hiddenDuringWrite, points);
+    QVERIFY(!list->isHiddenForced());
+    QCOMPARE(list->isWritableForced(), !readOnlyAfter);
+    QCOMPARE(list->indexes().size(), points);
+    QCOMPARE(list->indexes().constLast(), points - 1);
+
+    view.logDifferences(QJsonObject { { "Cyclic", true } }, QJsonObject { { "Cyclic", false } });
+    view.logDifferences(QJsonObject(), QJsonObject { { "CircularLength", 360 } });
+    QCOMPARE(view.differenceLog().size(), 2);
+}
+
+void tst_GridPointViews::calculatedTableChecksEveryCell()
+{
+    BoundTable bound;
+    const double beyond = bound.model().masterMaximum() + 10.0;
+    CamDescriptionImplementation description(nullptr, QByteArray());
+    description.appendPoint(new MotionPoint(0, 0, MotionPoint::rest));
+    description.appendPoint(new MotionPoint(beyond, 1, MotionPoint::rest));
+    CamEditorModel editorModel(nullptr, &bound.model(), &description);
+    CalculatedTableView view(&editorModel, &bound.model());
+    CalculatedTableModel *model = view.tableModel();
+    QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master-Position"));
+    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Slave-Position"));
+    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    const int last = model->rowCount() - 1;
+    const QPointF point = editorModel.motionPlan()->positions().at(last);
+    QCOMPARE(model->index(last, 0).data().toString(), bound.model().masterValueToText(point.x()));
+    QCOMPARE(model->index(last, 1).data().toString(), bound.model().slaveValueToText(point.y()));
+
+    // Above the master maximum: the master cell alone says so.
+    const auto image = [](const QVariant &icon) { return qvariant_cast<QIcon>(icon).pixmap(16).toImage(); };
+    const QImage error = QIcon(QStringLiteral(":/Resources/General/Error_16x16.png")).pixmap(16).toImage();
+    const QImage empty = QIcon(QStringLiteral(":/Resources/General/Empty_16x16.png")).pixmap(16).toImage();
+    QCOMPARE(model->index(last, 0).data(Qt::ToolTipRole).toString(), bound.model().checkMasterValue(point.x()));
+    QVERIFY(model->index(last, 0).data(Qt::ToolTipRole).toString().contains(QStringLiteral("ist zu groß")));
+    QCOMPARE(image(model->index(last, 0).data(Qt::DecorationRole)), error);
+    QCOMPARE(model->index(last, 1).data(Qt::ToolTipRole).toString(), QString());
+    QCOMPARE(image(model->index(last, 1).data(Qt::DecorationRole)), empty);
+    QCOMPARE(model->index(0, 0).data(Qt::ToolTipRole).toString(), QString());
+
+    // Follows every new plan, also one sampled coarsely while a point is dragged.
+    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
+    description.steps()->setDynamicStepResolution(40);
+    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    editorModel.beginCoarseSteps();
+    description.pointAt(beyond)->setPosition(QPointF(50, 1));
+    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    QVERIFY(reset.count() >= 2);
+}
+
+QTEST_MAIN(tst_GridPointViews)
+#include "tst_gridpointviews.moc"
