@@ -1,5 +1,8 @@
 #include "messagebox.h"
 
+#include <QAbstractButton>
+#include <QPointer>
+
 namespace {
 
 MessageBox::Handler &currentHandler()
@@ -47,4 +50,22 @@ QMessageBox::StandardButton MessageBox::show(QWidget *parent, const Message &mes
         return currentHandler()(parent, message);
     QMessageBox box(message.icon, message.title, message.text, message.buttons, parent);
     return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+void MessageBox::openWindowModal(QWidget *parent, const Message &message, QObject *receiver, const char *member)
+{
+    QPointer<QMessageBox> box = new QMessageBox(message.icon, message.title, message.text, message.buttons, parent);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    QObject::connect(box, SIGNAL(buttonClicked(QAbstractButton *)), receiver, member);
+    if (!currentHandler()) {
+        box->open();
+        return;
+    }
+    const QMessageBox::StandardButton answer = currentHandler()(parent, message);
+    if (QAbstractButton *button = box->button(answer))
+        button->click();
+    // The receiver may have closed the parent, and with it the box.
+    if (box)
+        box->deleteLater();
 }

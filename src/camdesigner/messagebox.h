@@ -29,6 +29,11 @@ public:
     static QMessageBox::StandardButton question(QWidget *parent, const QString &title, const QString &text,
                                                 QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No);
 
+    // A window-modal box that does not block the caller: the clicked button
+    // goes to the receiver's member, a slot taking a QAbstractButton*. Under a
+    // handler the box is never shown; the handler's answer is clicked at once.
+    static void openWindowModal(QWidget *parent, const Message &message, QObject *receiver, const char *member);
+
     // Replaces the handler (an empty one restores the modal boxes); returns the previous one.
     static Handler setHandler(Handler handler);
 

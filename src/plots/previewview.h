@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPointer>
+
+#include <qwt_plot.h>
+
+class CamEditorModel;
+class ParameterModel;
+class QwtPlotCurve;
+class QwtPlotTextLabel;
+
+// The small picture of a cam on the host's page: the calculated position
+// curve in front of the curve stored in the drive's table, without axes.
+// It follows the editor model and the drive's table, and says when the
+// editor is open.
+class PreviewView : public QwtPlot
+{
+    Q_OBJECT
+public:
+    PreviewView(CamEditorModel *editorModel, ParameterModel *parameterModel, unsigned short camTable,
+                QWidget *parent = nullptr);
+    ~PreviewView() override;
+
+    // The cam's summary followed by the stored table's summary.
+    QString toolTipText() const;
+
+    bool isEditorOpen() const { return m_editorOpen; }
+    void setEditorOpen(bool open);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    const QwtPlotCurve *calculatedCurve() const { return m_calculated; }
+    const QwtPlotCurve *storedCurve() const { return m_stored; }
+
+public slots:
+    void refresh();
+
+signals:
+    // The curves and the tool-tip text were brought up to date.
+    void refreshed();
+
+private:
+    void updateScales();
+    void updateLabel();
+
+    QPointer<CamEditorModel> m_editorModel;
+    QPointer<ParameterModel> m_parameterModel;
+    unsigned short m_camTable;
+    bool m_editorOpen = false;
+    QwtPlotCurve *m_stored;
+    QwtPlotCurve *m_calculated;
+    QwtPlotTextLabel *m_label;
+};

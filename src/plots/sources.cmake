@@ -1,0 +1,4 @@
+target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/previewview.h
+    ${CMAKE_CURRENT_LIST_DIR}/previewview.cpp
+)

@@ -1,0 +1,363 @@
+#include "camdesignerviewimplementation.h"
+
+#include "ui_camdesignerview.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/controller.h"
+#include "camdesigner/filedialog.h"
+#include "camdesigner/messagebox.h"
+#include "commands/undoview.h"
+#include "curves/motionplan.h"
+#include "defaultpathsetting.h"
+#include "model/cameditormodel.h"
+#include "parameters/calculatedtableview.h"
+#include "parameters/gridpointparameterview.h"
+#include "parameters/parametermodelimplementation.h"
+
+#include <qtadvanceddocking/DockAreaWidget.h>
+#include <qtadvanceddocking/DockManager.h>
+#include <qtadvanceddocking/DockWidget.h>
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
+#include <QSettings>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const char GeometryKey[] = "CamDesigner/geometry";
+const char WindowStateKey[] = "CamDesigner/windowState";
+const char DockManagerKey[] = "CamDesigner/CDockManager";
+const char GridPointViewKey[] = "CamDesigner/GridPointParameterView/state";
+const char PositionPlotKey[] = "CamDesigner/ShowPositionPlot";
+const char VelocityPlotKey[] = "CamDesigner/ShowVeloCityPlot";
+const char AccelerationPlotKey[] = "CamDesigner/ShowAccelerationPlot";
+const char JerkPlotKey[] = "CamDesigner/ShowJerkPlot";
+constexpr int DockManagerStateVersion = 1;
+constexpr int WindowStateVersion = 0;
+const char DefaultPathKind[] = "CamDesigner";
+const char InactiveTabRule[] = "ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}";
+
+} // namespace
+
+CamDesignerViewImplementation::CamDesignerViewImplementation(ParameterModelImplementation *parameterModel,
+                                                             CamEditorModel *editorModel,
+                                                             MxParameterInstance::ParameterProvider *provider,
+                                                             QWidget *parent)
+    : QMainWindow(parent)
+    , m_ui(std::make_unique<Ui::CamDesignerView>())
+    , m_undoStack(std::make_unique<Controller>())
+    , m_parameterModel(parameterModel)
+    , m_editorModel(editorModel)
+    , m_provider(provider)
+{
+    if (CamDescriptionImplementation *description = editorModel ? editorModel->camDescription() : nullptr)
+        description->setUndoStack(m_undoStack.get());
+
+    m_ui->setupUi(this);
+    createDocks();
+    setAttribute(Qt::WA_DeleteOnClose);
+    arrangeDocks();
+    applyStyleSheet();
+    connectActions();
+    restoreSettings();
+    onMotionPointsChanged();
+    checkReadOnly();
+}
+
+CamDesignerViewImplementation::~CamDesignerViewImplementation()
+{
+    // The description outlives the window; its undo stack goes with it.
+    if (m_editorModel && m_editorModel->camDescription())
+        m_editorModel->camDescription()->setUndoStack(nullptr);
+}
+
+void CamDesignerViewImplementation::createDocks()
+{
+    const struct {
+        const char *title;
+        const char *icon;
+        const char *objectName;
+    } docks[DockCount] = {
+        { QT_TR_NOOP("Kurvendefinitionsdaten"), ":/Resources/Movementplan.png", "motionPlanDock" },
+        { QT_TR_NOOP("Skalierung"), ":/Resources/Scaling.png", "scalingDock" },
+        { QT_TR_NOOP("Stützstellen berechnet"), ":/Resources/CalculatedTable.png", "calculatedDock" },
+        { QT_TR_NOOP("Stützstellen Vergleich"), ":/Resources/DeltaTable.png", "comparisonDock" },
+        { QT_TR_NOOP("Stützstellen Parameter"), ":/Resources/AxisTable.png", "parameterDock" },
+        { QT_TR_NOOP("Kurvenscheibe"), ":/Resources/CamView.png", "plotDock" },
+    };
+    for (int i = 0; i < DockCount; ++i) {
+        auto *dock = new ads::CDockWidget(tr(docks[i].title));
+        dock->setObjectName(QLatin1String(docks[i].objectName));
+        dock->setIcon(QIcon(QLatin1String(docks[i].icon)));
+        m_docks[i] = dock;
+    }
+}
+
+void CamDesignerViewImplementation::arrangeDocks()
+{
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks | ForceTabbedDocks | VerticalTabs
+                   | GroupedDragging);
+    m_dockManager = new ads::CDockManager(this);
+    ads::CDockAreaWidget *left = m_dockManager->addDockWidget(ads::LeftDockWidgetArea, m_docks[MotionPlanDock]);
+    for (Dock tab : { ScalingDock, CalculatedDock, ComparisonDock, ParameterDock })
+        m_dockManager->addDockWidget(ads::CenterDockWidgetArea, m_docks[tab], left);
+
+    // The motion plan tree editor goes above the second write control.
+    auto *motionPlan = new QWidget;
+    auto *motionPlanLayout = new QVBoxLayout(motionPlan);
+    motionPlanLayout->addStretch();
+    m_writeButton = new QToolButton;
+    m_writeButton->setObjectName(QStringLiteral("writeButton"));
+    m_writeButton->setDefaultAction(m_ui->actionSaveParameters);
+    m_writeButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    motionPlanLayout->addWidget(m_writeButton, 0, Qt::AlignRight);
+    m_docks[MotionPlanDock]->setWidget(motionPlan);
+    m_docks[ScalingDock]->setWidget(new QWidget);
+    m_gridPointView = new GridPointParameterView(m_parameterModel, m_provider,
+                                                 m_parameterModel ? m_parameterModel->livingSpace() : 0);
+    m_docks[ParameterDock]->setWidget(m_gridPointView, ads::CDockWidget::ForceNoScrollArea);
+    m_docks[ComparisonDock]->setWidget(new QWidget);
+    m_calculatedTable = new CalculatedTableView(m_editorModel, m_parameterModel);
+    m_docks[CalculatedDock]->setWidget(m_calculatedTable, ads::CDockWidget::ForceNoScrollArea);
+    m_docks[PlotDock]->setWidget(new QWidget);
+    QToolBar *plotBar = m_docks[PlotDock]->createDefaultToolBar();
+    plotBar->addActions({ m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
+                          m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot });
+    m_dockManager->addDockWidget(ads::RightDockWidgetArea, m_docks[PlotDock]);
+    m_docks[MotionPlanDock]->setAsCurrentTab();
+
+    for (ads::CDockWidget *dock : m_docks) {
+        m_ui->menuAnsicht->addAction(dock->toggleViewAction());
+        m_ui->toolBarKurve->addAction(dock->toggleViewAction());
+    }
+    m_ui->toolBarKurve->insertSeparator(m_docks[0]->toggleViewAction());
+    m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
+}
+
+void CamDesignerViewImplementation::applyStyleSheet()
+{
+    QFile file(QStringLiteral(":/Resources/CamDesigner.qss"));
+    QString sheet = m_dockManager->styleSheet();
+    if (file.open(QIODevice::ReadOnly))
+        sheet += QString::fromUtf8(file.readAll());
+    sheet += QLatin1String(InactiveTabRule);
+    m_dockManager->setStyleSheet(sheet);
+}
+
+void CamDesignerViewImplementation::connectActions()
+{
+    Ui::CamDesignerView &ui = *m_ui;
+    connect(ui.actionExportMotionPlan, &QAction::triggered, this, &CamDesignerViewImplementation::openExportMotionPlanDialog);
+    connect(ui.actionImportParameterExtern, &QAction::triggered, this,
+            &CamDesignerViewImplementation::openParameterImportExternDialog);
+    connect(ui.actionSaveParameters, &QAction::triggered, this, &CamDesignerViewImplementation::saveParameterValues);
+    connect(ui.actionDeleteGrid, &QAction::triggered, this, &CamDesignerViewImplementation::deleteGrid);
+    connect(ui.actionImportMotionPlanProject, &QAction::triggered, this,
+            &CamDesignerViewImplementation::openImportParameterDialog);
+    connect(ui.actionImportMotionPlanExternal, &QAction::triggered, this,
+            &CamDesignerViewImplementation::openImportMotionPlanDialog);
+    ui.actionClose->setShortcuts(QKeySequence::Quit);
+    connect(ui.actionClose, &QAction::triggered, this, &CamDesignerViewImplementation::openCloseDialog);
+    connect(ui.actionResetView, &QAction::triggered, this, &CamDesignerViewImplementation::resetView);
+
+    connect(ui.actionUndo, &QAction::triggered, m_undoStack.get(), &QUndoStack::undo);
+    connect(ui.actionRedo, &QAction::triggered, m_undoStack.get(), &QUndoStack::redo);
+    connect(m_undoStack.get(), &QUndoStack::canUndoChanged, ui.actionUndo, &QAction::setEnabled);
+    connect(m_undoStack.get(), &QUndoStack::canRedoChanged, ui.actionRedo, &QAction::setEnabled);
+    ui.actionUndo->setEnabled(false);
+    ui.actionRedo->setEnabled(false);
+    connect(ui.actionShowUndoView, &QAction::toggled, this, &CamDesignerViewImplementation::showUndoView);
+
+    if (m_editorModel)
+        connect(m_editorModel, &CamEditorModel::changed, this, &CamDesignerViewImplementation::onMotionPointsChanged);
+    if (m_parameterModel) {
+        connect(m_parameterModel, &ParameterModel::readOnlyChanged, this, &CamDesignerViewImplementation::checkReadOnly);
+        connect(m_parameterModel, &ParameterModel::decimalPlacesChanged, this,
+                &CamDesignerViewImplementation::onDecimalPlacesChanged);
+    }
+    m_readOnlyLabel = new QLabel;
+    m_readOnlyLabel->setObjectName(QStringLiteral("readOnlyLabel"));
+    statusBar()->addPermanentWidget(m_readOnlyLabel);
+}
+
+void CamDesignerViewImplementation::restoreSettings()
+{
+    QSettings settings;
+    // Empty settings keep the arrangement of construction.
+    const QByteArray dockState = settings.value(QLatin1String(DockManagerKey)).toByteArray();
+    if (!dockState.isEmpty())
+        m_dockManager->restoreState(dockState, DockManagerStateVersion);
+    restoreGeometry(settings.value(QLatin1String(GeometryKey)).toByteArray());
+    restoreState(settings.value(QLatin1String(WindowStateKey)).toByteArray(), WindowStateVersion);
+    m_gridPointView->restoreState(settings.value(QLatin1String(GridPointViewKey)).toByteArray());
+    m_ui->actionShowPositionPlot->setChecked(settings.value(QLatin1String(PositionPlotKey), true).toBool());
+    m_ui->actionShowVelocityPlot->setChecked(settings.value(QLatin1String(VelocityPlotKey), true).toBool());
+    m_ui->actionShowAccelerationPlot->setChecked(settings.value(QLatin1String(AccelerationPlotKey), true).toBool());
+    m_ui->actionShowJerkPlot->setChecked(settings.value(QLatin1String(JerkPlotKey), false).toBool());
+}
+
+void CamDesignerViewImplementation::saveSettings() const
+{
+    QSettings settings;
+    settings.setValue(QLatin1String(DockManagerKey), m_dockManager->saveState(DockManagerStateVersion));
+    settings.setValue(QLatin1String(GeometryKey), saveGeometry());
+    settings.setValue(QLatin1String(WindowStateKey), saveState(WindowStateVersion));
+    settings.setValue(QLatin1String(GridPointViewKey), m_gridPointView->saveState());
+    settings.setValue(QLatin1String(PositionPlotKey), m_ui->actionShowPositionPlot->isChecked());
+    settings.setValue(QLatin1String(VelocityPlotKey), m_ui->actionShowVelocityPlot->isChecked());
+    settings.setValue(QLatin1String(AccelerationPlotKey), m_ui->actionShowAccelerationPlot->isChecked());
+    settings.setValue(QLatin1String(JerkPlotKey), m_ui->actionShowJerkPlot->isChecked());
+}
+
+void CamDesignerViewImplementation::showUndoView(bool show)
+{
+    if (!show) {
+        if (m_undoView)
+            m_undoView->hide();
+        return;
+    }
+    if (!m_undoView) {
+        m_undoView = std::make_unique<UndoView>(m_undoStack.get());
+        connect(m_undoView.get(), &UndoView::isVisibleChanged, m_ui->actionShowUndoView, &QAction::setChecked);
+    }
+    // Below the tool button that opened it, or below the menu bar.
+    QWidget *anchor = m_ui->toolBarBearbeiten->widgetForAction(m_ui->actionShowUndoView);
+    if (!anchor || !anchor->isVisible())
+        anchor = menuBar();
+    m_undoView->move(anchor->mapToGlobal(QPoint(0, anchor->height())));
+    m_undoView->show();
+}
+
+void CamDesignerViewImplementation::openImportMotionPlanDialog()
+{
+    CamDescriptionImplementation *description = m_editorModel ? m_editorModel->camDescription() : nullptr;
+    if (!description)
+        return;
+    VxUtilities::DefaultPathSetting defaultPath { QLatin1String(DefaultPathKind) };
+    const QString path = FileDialog::getOpenFileName(this, tr("Kurvendefinitionsdaten öffnen"), defaultPath.path(),
+                                                     tr("Mx6-Kurvendefinitionsdaten (*.json *.dat)"));
+    // A cancelled dialog is tried as a file too and ends in the log: kept.
+    if (description->loadFromFile(path))
+        defaultPath.setPath(path);
+}
+
+void CamDesignerViewImplementation::openExportMotionPlanDialog()
+{
+    CamDescriptionImplementation *description = m_editorModel ? m_editorModel->camDescription() : nullptr;
+    if (!description)
+        return;
+    VxUtilities::DefaultPathSetting defaultPath { QLatin1String(DefaultPathKind) };
+    // The caption is not translated, as it always was.
+    const QString path = FileDialog::getSaveFileName(this, QStringLiteral("Kurvendefinitionsdaten speichern"),
+                                                     defaultPath.path(), tr("Mx6-Bewegungspläne (*.json *.dat)"));
+    if (path.isEmpty())
+        return;
+    QString error;
+    if (!description->saveToFile(path, &error)) {
+        // Title and text the wrong way round on purpose: the box always read so.
+        MessageBox::information(this, tr("Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt."),
+                                error);
+        return;
+    }
+    defaultPath.setPath(path);
+}
+
+void CamDesignerViewImplementation::openImportParameterDialog()
+{
+    emit showImportDescriptionDialogRequest();
+}
+
+void CamDesignerViewImplementation::saveParameterValues()
+{
+    if (!m_parameterModel || !m_editorModel || !m_editorModel->motionPlan())
+        return;
+    m_parameterModel->writeGridPoints(m_editorModel->motionPlan()->positions());
+}
+
+void CamDesignerViewImplementation::openCloseDialog()
+{
+    close();
+}
+
+void CamDesignerViewImplementation::openParameterImportExternDialog()
+{
+    // The external curve import dialog takes its place here.
+}
+
+void CamDesignerViewImplementation::resetView()
+{
+    m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+}
+
+void CamDesignerViewImplementation::deleteGrid()
+{
+    if (!m_parameterModel)
+        return;
+    if (m_parameterModel->isOnline()) {
+        MessageBox::warning(this, tr("Stützstellen löschen nicht möglich"),
+                            tr("Beim Löschen der Stützstellen wird die Konfiguration geändert. Bitte gehen Sie "
+                               "Offline und versuchen Sie erneut zu löschen."));
+        return;
+    }
+    if (MessageBox::question(this, tr("Stützstellen Parameter löschen."),
+                             tr("Wollen die alle gespeicherten Stützstellen löschen?"))
+        == QMessageBox::Yes)
+        m_parameterModel->deleteGridPoints();
+}
+
+void CamDesignerViewImplementation::checkReadOnly()
+{
+    const bool readOnly = m_parameterModel && m_parameterModel->isReadOnly();
+    m_readOnlyLabel->setText(readOnly ? tr("Antriebsregler ist schreibgeschützt.") : QString());
+    m_readOnlyLabel->setVisible(readOnly);
+    m_ui->actionDeleteGrid->setEnabled(!readOnly);
+    m_ui->actionImportParameterExtern->setEnabled(!readOnly);
+    updateWriteControls();
+}
+
+void CamDesignerViewImplementation::onMotionPointsChanged()
+{
+    updateWriteControls();
+}
+
+void CamDesignerViewImplementation::updateWriteControls()
+{
+    const bool enoughPoints = m_editorModel && m_editorModel->motionPointCount() > 1;
+    const bool readOnly = m_parameterModel && m_parameterModel->isReadOnly();
+    m_ui->actionSaveParameters->setEnabled(enoughPoints && !readOnly);
+    m_ui->actionSaveParameters->setToolTip(
+        enoughPoints ? QString()
+                     : tr("Damit Stützpunkte berechnet werden können, fügen sie den Kurvendefinitionsdaten, "
+                          "mindestens zwei Bewegungspunkte hinzu."));
+    m_writeButton->setToolTip(m_ui->actionSaveParameters->toolTip());
+}
+
+void CamDesignerViewImplementation::msgBoxClosed(QAbstractButton *)
+{
+    // The box asks the user to close the editor; its button does so.
+    close();
+}
+
+void CamDesignerViewImplementation::onDecimalPlacesChanged()
+{
+    MessageBox::openWindowModal(
+        this,
+        { QMessageBox::Warning, tr("Nachkommastellen wurden geändert"),
+          tr("Die Nachkommastellen der Master/Slave-Position wurden geändert. Der Kurvenscheibeneditor muss "
+             "geschlossen werden. Sobald die Parameteränderungen aktiv sind, können sie den Editor wieder öffnen."),
+          QMessageBox::Ok },
+        this, SLOT(msgBoxClosed(QAbstractButton *)));
+}
+
+void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)
+{
+    saveSettings();
+    if (m_undoView)
+        m_undoView->hide();
+    QMainWindow::closeEvent(event);
+    emit closed();
+}

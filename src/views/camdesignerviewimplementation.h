@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QByteArray>
+#include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
+
+class CalculatedTableView;
+class CamEditorModel;
+class Controller;
+class GridPointParameterView;
+class ParameterModelImplementation;
+class QAbstractButton;
+class QLabel;
+class QToolButton;
+class UndoView;
+
+namespace Ui {
+class CamDesignerView;
+}
+namespace ads {
+class CDockManager;
+class CDockWidget;
+}
+namespace MxParameterInstance {
+class ParameterProvider;
+}
+
+// The editor's main window: the panels as dockable widgets, the menus, tool
+// bars and shortcuts of every whole-cam action, and the layout kept in the
+// host's settings. It deletes itself when closed, then emits closed().
+class CamDesignerViewImplementation : public QMainWindow
+{
+    Q_OBJECT
+public:
+    enum Dock { MotionPlanDock, ScalingDock, CalculatedDock, ComparisonDock, ParameterDock, PlotDock, DockCount };
+
+    CamDesignerViewImplementation(ParameterModelImplementation *parameterModel, CamEditorModel *editorModel,
+                                  MxParameterInstance::ParameterProvider *provider, QWidget *parent = nullptr);
+    ~CamDesignerViewImplementation() override;
+
+    Controller *undoStack() const { return m_undoStack.get(); }
+    ads::CDockManager *dockManager() const { return m_dockManager; }
+    ads::CDockWidget *dock(Dock which) const { return m_docks[which]; }
+    // The second write control, beside the cam definition data.
+    QToolButton *writeButton() const { return m_writeButton; }
+
+signals:
+    void closed();
+    void showImportDescriptionDialogRequest();
+
+public slots:
+    void showUndoView(bool show);
+    void openImportMotionPlanDialog();
+    void openExportMotionPlanDialog();
+    void openImportParameterDialog();
+    void saveParameterValues();
+    void openCloseDialog();
+    void openParameterImportExternDialog();
+    void resetView();
+    void deleteGrid();
+    void checkReadOnly();
+    void onMotionPointsChanged();
+
+private slots:
+    void msgBoxClosed(QAbstractButton *button);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void createDocks();
+    void arrangeDocks();
+    void applyStyleSheet();
+    void connectActions();
+    void restoreSettings();
+    void saveSettings() const;
+    void onDecimalPlacesChanged();
+    void updateWriteControls();
+
+    std::unique_ptr<Ui::CamDesignerView> m_ui;
+    std::unique_ptr<Controller> m_undoStack;
+    QPointer<ParameterModelImplementation> m_parameterModel;
+    QPointer<CamEditorModel> m_editorModel;
+    MxParameterInstance::ParameterProvider *m_provider;
+    ads::CDockManager *m_dockManager = nullptr;
+    ads::CDockWidget *m_docks[DockCount] = {};
+    QToolButton *m_writeButton = nullptr;
+    CalculatedTableView *m_calculatedTable = nullptr;
+    GridPointParameterView *m_gridPointView = nullptr;
+    QLabel *m_readOnlyLabel = nullptr;
+    std::unique_ptr<UndoView> m_undoView;
+    // The arrangement of construction, for "Zurücksetzen".
+    QByteArray m_defaultDockState;
+};

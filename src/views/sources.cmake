@@ -1,0 +1,5 @@
+target_sources(MxCamDesigner PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/camdesignerview.ui
+    ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.h
+    ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.cpp
+)
