@@ -23,7 +23,7 @@
 #include <QLabel>
 #include <QSettings>
 #include <QToolBar>
-#include <QToolButton>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -110,10 +110,11 @@ void CamDesignerViewImplementation::arrangeDocks()
     auto *motionPlan = new QWidget;
     auto *motionPlanLayout = new QVBoxLayout(motionPlan);
     motionPlanLayout->addStretch();
-    m_writeButton = new QToolButton;
+    // A button of its own, not one bound to the action: its tool tip must be
+    // empty while writing is possible, where an action's falls back to its text.
+    m_writeButton = new QPushButton(m_ui->actionSaveParameters->icon(), m_ui->actionSaveParameters->text());
     m_writeButton->setObjectName(QStringLiteral("writeButton"));
-    m_writeButton->setDefaultAction(m_ui->actionSaveParameters);
-    m_writeButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    connect(m_writeButton, &QPushButton::clicked, this, &CamDesignerViewImplementation::saveParameterValues);
     motionPlanLayout->addWidget(m_writeButton, 0, Qt::AlignRight);
     m_docks[MotionPlanDock]->setWidget(motionPlan);
     m_docks[ScalingDock]->setWidget(new QWidget);
@@ -329,11 +330,12 @@ void CamDesignerViewImplementation::updateWriteControls()
     const bool enoughPoints = m_editorModel && m_editorModel->motionPointCount() > 1;
     const bool readOnly = m_parameterModel && m_parameterModel->isReadOnly();
     m_ui->actionSaveParameters->setEnabled(enoughPoints && !readOnly);
+    m_writeButton->setEnabled(enoughPoints && !readOnly);
     m_ui->actionSaveParameters->setToolTip(
         enoughPoints ? QString()
                      : tr("Damit Stützpunkte berechnet werden können, fügen sie den Kurvendefinitionsdaten, "
                           "mindestens zwei Bewegungspunkte hinzu."));
-    m_writeButton->setToolTip(m_ui->actionSaveParameters->toolTip());
+    m_writeButton->setToolTip(enoughPoints ? QString() : m_ui->actionSaveParameters->toolTip());
 }
 
 void CamDesignerViewImplementation::msgBoxClosed(QAbstractButton *)

@@ -13,7 +13,7 @@ class GridPointParameterView;
 class ParameterModelImplementation;
 class QAbstractButton;
 class QLabel;
-class QToolButton;
+class QPushButton;
 class UndoView;
 
 namespace Ui {
@@ -44,7 +44,7 @@ public:
     ads::CDockManager *dockManager() const { return m_dockManager; }
     ads::CDockWidget *dock(Dock which) const { return m_docks[which]; }
     // The second write control, beside the cam definition data.
-    QToolButton *writeButton() const { return m_writeButton; }
+    QPushButton *writeButton() const { return m_writeButton; }
 
 signals:
     void closed();
@@ -86,7 +86,7 @@ private:
     MxParameterInstance::ParameterProvider *m_provider;
     ads::CDockManager *m_dockManager = nullptr;
     ads::CDockWidget *m_docks[DockCount] = {};
-    QToolButton *m_writeButton = nullptr;
+    QPushButton *m_writeButton = nullptr;
     CalculatedTableView *m_calculatedTable = nullptr;
     GridPointParameterView *m_gridPointView = nullptr;
     QLabel *m_readOnlyLabel = nullptr;

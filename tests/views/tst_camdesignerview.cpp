@@ -1,0 +1,335 @@
+#include "editorfixture.h"
+#include "messagecapture.h"
+
+#include "camdesigner/controller.h"
+#include "camdesigner/filedialog.h"
+#include "commands/undoview.h"
+#include "curves/motionplan.h"
+#include "model/cameditormodel.h"
+#include "parameters/parametermodelimplementation.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolBar>
+#include <QPushButton>
+
+#include <qtadvanceddocking/DockAreaWidget.h>
+#include <qtadvanceddocking/DockManager.h>
+#include <qtadvanceddocking/DockWidget.h>
+
+#include <cmath>
+
+namespace {
+
+// Answers every file dialog with one path and records what was asked.
+class FileAnswer
+{
+public:
+    explicit FileAnswer(const QString &path)
+    {
+        m_previous = FileDialog::setHandler([this, path](QWidget *, const FileDialog::Request &request) {
+            requests.append(request);
+            return path;
+        });
+    }
+    ~FileAnswer() { FileDialog::setHandler(m_previous); }
+    QList<FileDialog::Request> requests;
+
+private:
+    FileDialog::Handler m_previous;
+};
+
+} // namespace
+
+class tst_CamDesignerView : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void actions_data();
+    void actions();
+    void constructionArrangement();
+    void layoutPersistsAndResets();
+    void writeNeedsTwoPointsAndAWritableDrive();
+    void writeStoresTheCalculatedPoints();
+    void deleteAsksOfflineAndRefusesOnline();
+    void exportAndImportCamFiles();
+    void undoActionsAndOverview();
+    void decimalPlacesChangeClosesTheEditor();
+};
+
+void tst_CamDesignerView::cleanup()
+{
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+void tst_CamDesignerView::actions_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QKeySequence>("shortcut");
+    QTest::addColumn<QString>("statusTip");
+    const auto row = [](const char *menu, const char *text, const char *keys, const char *tip) {
+        QTest::newRow(text) << QString::fromUtf8(menu) << QString::fromUtf8(text) << QKeySequence(QString::fromUtf8(keys))
+                            << QString::fromUtf8(tip);
+    };
+    row("&Kurve", "&Kurvendefinitionsdaten exportieren", "Ctrl+E", "Kurvendefinitionsdaten in Datei speichern.");
+    row("&Kurve", "&Stützstellentabelle aus Datei importieren", "Ctrl+Alt+I",
+        "Stützstellentabelle aus einer Datei importieren.");
+    row("&Kurve", "Schreibt die berechneten Stützstellen in Parameter", "Ctrl+V", "Schreibt Stützstellen in Parameter");
+    row("&Kurve", "Entfernt Stützstellen aus Parametern (nur offline)", "Ctrl+Del", "Entfernt Stützstellen ");
+    row("&Kurve", "&Kurvendefinitionsdaten aus Projekt importieren", "Alt+I",
+        "Kurvendefinitionsdaten aus anderem Antriebsregler importieren.");
+    row("&Kurve", "&Kurvendefinitionsdaten aus Datei importieren", "Ctrl+I", "Kurvendefinitionsdaten aus Datei importieren.");
+    row("&Ansicht", "Zurücksetzen", "", "");
+    row("&Bearbeiten", "&Rückgängig", "Ctrl+Z", "");
+    row("&Bearbeiten", "Rückgängig Übersicht", "", "");
+    row("&Bearbeiten", "Wiederholen", "Ctrl+Y", "");
+    row("", "&Bewegungsplan ein-/ausblenden", "Shift+P", "");
+    row("", "&Geschwindigkeit ein-/ausblenden", "Shift+V", "");
+    // Both on Shift+A: kept as it always was.
+    row("", "&Beschleunigung ein-/ausblenden", "Shift+A", "");
+    row("", "&Ruck ein-/ausblenden", "Shift+A", "");
+}
+
+void tst_CamDesignerView::actions()
+{
+    QFETCH(QString, menu);
+    QFETCH(QString, text);
+    QFETCH(QKeySequence, shortcut);
+    QFETCH(QString, statusTip);
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QAction *action = actionNamed(window, text);
+    QVERIFY(action);
+    QCOMPARE(action->shortcut(), shortcut);
+    QCOMPARE(action->statusTip(), statusTip);
+    if (!menu.isEmpty()) {
+        QMenu *owner = nullptr;
+        for (QAction *entry : window->menuBar()->actions()) {
+            if (entry->text() == menu)
+                owner = entry->menu();
+        }
+        QVERIFY(owner && owner->actions().contains(action));
+    }
+    window->close();
+}
+
+// Empty settings: the docks of construction, three plots shown, jerk hidden.
+void tst_CamDesignerView::constructionArrangement()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    const QStringList titles { "Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Stützstellen Vergleich",
+                               "Stützstellen Parameter", "Kurvenscheibe" };
+    ads::CDockAreaWidget *left = window->dock(CamDesignerViewImplementation::MotionPlanDock)->dockAreaWidget();
+    for (int i = 0; i < CamDesignerViewImplementation::DockCount; ++i) {
+        ads::CDockWidget *dock = window->dock(CamDesignerViewImplementation::Dock(i));
+        QCOMPARE(dock->windowTitle(), titles.at(i));
+        QVERIFY(!dock->isClosed());
+        QCOMPARE(dock->dockAreaWidget() == left, i != CamDesignerViewImplementation::PlotDock);
+        QVERIFY(window->findChild<QMenu *>(QStringLiteral("menuAnsicht"))->actions().contains(dock->toggleViewAction()));
+    }
+    QCOMPARE(left->dockWidgets().indexOf(window->dock(CamDesignerViewImplementation::ParameterDock)), 4);
+    QVERIFY(actionNamed(window, QStringLiteral("&Bewegungsplan ein-/ausblenden"))->isChecked());
+    QVERIFY(actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
+    QVERIFY(actionNamed(window, QStringLiteral("&Beschleunigung ein-/ausblenden"))->isChecked());
+    QVERIFY(!actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
+    QVERIFY(window->testAttribute(Qt::WA_DeleteOnClose));
+    QVERIFY(window->dockManager()->styleSheet().endsWith(
+        QStringLiteral("ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}")));
+    window->close();
+}
+
+void tst_CamDesignerView::layoutPersistsAndResets()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    window->resize(900, 600);
+    actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->trigger();
+    actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
+    window->dock(CamDesignerViewImplementation::ScalingDock)->toggleView(false);
+    window->close();
+    QTRY_VERIFY(!editor.implementation()->view());
+
+    window = editor.open();
+    QCOMPARE(window->size(), QSize(900, 600));
+    QVERIFY(actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
+    QVERIFY(!actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
+    QVERIFY(window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
+    actionNamed(window, QStringLiteral("Zurücksetzen"))->trigger();
+    QVERIFY(!window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
+    window->close();
+}
+
+void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
+{
+    EditorFixture editor(R"({"MotionPoints": [[0, 0, "rest"]]})");
+    CamDesignerViewImplementation *window = editor.open();
+    QAction *write = actionNamed(window, QStringLiteral("Schreibt die berechneten Stützstellen in Parameter"));
+    const QString twoPoints = QStringLiteral("Damit Stützpunkte berechnet werden können, fügen sie den "
+                                             "Kurvendefinitionsdaten, mindestens zwei Bewegungspunkte hinzu.");
+    QVERIFY(!write->isEnabled());
+    QVERIFY(!window->writeButton()->isEnabled());
+    QCOMPARE(write->toolTip(), twoPoints);
+    QCOMPARE(window->writeButton()->toolTip(), twoPoints);
+
+    editor.camDescription()->appendPoint(new MotionPoint(100, 10, MotionPoint::rest));
+    QVERIFY(write->isEnabled());
+    QVERIFY(window->writeButton()->isEnabled());
+    QCOMPARE(window->writeButton()->toolTip(), QString());
+    QVERIFY(write->toolTip() != twoPoints);
+
+    auto *label = window->statusBar()->findChild<QLabel *>(QStringLiteral("readOnlyLabel"));
+    QVERIFY(label->text().isEmpty());
+    const QStringList drivers { "Schreibt die berechneten Stützstellen in Parameter",
+                                "Entfernt Stützstellen aus Parametern (nur offline)",
+                                "&Stützstellentabelle aus Datei importieren" };
+    for (bool readOnly : { true, false }) {
+        editor.drive.setReadOnly(readOnly);
+        QCOMPARE(label->text(), readOnly ? QStringLiteral("Antriebsregler ist schreibgeschützt.") : QString());
+        for (const QString &text : drivers)
+            QCOMPARE(actionNamed(window, text)->isEnabled(), !readOnly);
+        QCOMPARE(window->writeButton()->isEnabled(), !readOnly);
+    }
+    window->close();
+}
+
+// The table read back equals the calculated points rounded to the drive's
+// decimal places, and the stamp says the editor wrote it.
+void tst_CamDesignerView::writeStoresTheCalculatedPoints()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QApplication::setActiveWindow(window);
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QTest::keyClick(window, Qt::Key_V, Qt::ControlModifier);
+    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    const QPolygonF calculated = editor.implementation()->editorModel()->motionPlan()->positions();
+    const QPolygonF stored = parameters->storedGridPoints();
+    QCOMPARE(stored.size(), calculated.size());
+    const auto rounded = [](double value, int decimals) {
+        return std::round(value * std::pow(10.0, decimals)) / std::pow(10.0, decimals);
+    };
+    for (int i = 0; i < stored.size(); ++i) {
+        QCOMPARE(stored.at(i).x(), rounded(calculated.at(i).x(), parameters->masterDecimalPlaces()));
+        QCOMPARE(stored.at(i).y(), rounded(calculated.at(i).y(), parameters->slaveDecimalPlaces()));
+    }
+    QVERIFY(!parameters->storedTableSummary().contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
+    QVERIFY(parameters->storedTableSummary().contains(QStringLiteral("Anzahl: %1").arg(stored.size())));
+    window->close();
+}
+
+void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    parameters->writeGridPoints(editor.implementation()->editorModel()->motionPlan()->positions());
+    const int stored = parameters->storedGridPointCount();
+    QVERIFY(stored > 2);
+    QAction *remove = actionNamed(window, QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)"));
+
+    MessageCapture messages(QMessageBox::No);
+    editor.drive.setOnline(true);
+    remove->trigger();
+    QCOMPARE(messages.last().title, QStringLiteral("Stützstellen löschen nicht möglich"));
+    QCOMPARE(messages.last().icon, QMessageBox::Warning);
+    editor.drive.setOnline(false);
+    remove->trigger();
+    QCOMPARE(messages.last().title, QStringLiteral("Stützstellen Parameter löschen."));
+    QCOMPARE(messages.last().text, QStringLiteral("Wollen die alle gespeicherten Stützstellen löschen?"));
+    QCOMPARE(parameters->storedGridPointCount(), stored);
+    messages.setAnswer(QMessageBox::Yes);
+    remove->trigger();
+    QCOMPARE(messages.count(), 3);
+    QVERIFY(parameters->storedGridPointCount() < 2);
+    window->close();
+}
+
+void tst_CamDesignerView::exportAndImportCamFiles()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QTemporaryDir files;
+    const QString path = files.filePath(QStringLiteral("nocke.json"));
+    const QJsonObject exported = editor.description->toJson();
+    {
+        FileAnswer answer(path);
+        actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten exportieren"))->trigger();
+        QCOMPARE(answer.requests.size(), 1);
+        QCOMPARE(answer.requests.first().caption, QStringLiteral("Kurvendefinitionsdaten speichern"));
+        QCOMPARE(answer.requests.first().filter, QStringLiteral("Mx6-Bewegungspläne (*.json *.dat)"));
+    }
+    editor.camDescription()->setCyclic(true);
+    {
+        FileAnswer answer(path);
+        actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten aus Datei importieren"))->trigger();
+        QCOMPARE(answer.requests.first().caption, QStringLiteral("Kurvendefinitionsdaten öffnen"));
+        // The directory of the last file is where the next dialog starts.
+        QCOMPARE(answer.requests.first().directory, files.path());
+    }
+    QCOMPARE(editor.description->toJson(), exported);
+    QCOMPARE(window->undoStack()->count(), 1);
+    QCOMPARE(window->undoStack()->text(0), QStringLiteral("Lade Kurvendefinitionsdaten : nocke.json"));
+    window->undoStack()->undo();
+    QVERIFY(editor.camDescription()->isCyclic());
+
+    MessageCapture messages;
+    FileAnswer answer(files.filePath(QStringLiteral("fehlt/nocke.json")));
+    actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten exportieren"))->trigger();
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().icon, QMessageBox::Information);
+    QCOMPARE(messages.last().title, QStringLiteral("Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt."));
+    QVERIFY(!messages.last().text.isEmpty());
+    window->close();
+}
+
+void tst_CamDesignerView::undoActionsAndOverview()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QAction *undo = actionNamed(window, QStringLiteral("&Rückgängig"));
+    QAction *redo = actionNamed(window, QStringLiteral("Wiederholen"));
+    QVERIFY(!undo->isEnabled());
+    editor.description->loadWithUndo(parseJson(R"({"Cyclic": true})"), QStringLiteral("x"));
+    QVERIFY(undo->isEnabled());
+    undo->trigger();
+    QVERIFY(!editor.camDescription()->isCyclic());
+    QVERIFY(redo->isEnabled());
+    redo->trigger();
+    QVERIFY(editor.camDescription()->isCyclic());
+
+    QAction *overview = actionNamed(window, QStringLiteral("Rückgängig Übersicht"));
+    QVERIFY(overview->isCheckable());
+    overview->trigger();
+    UndoView *popUp = nullptr;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        popUp = popUp ? popUp : qobject_cast<UndoView *>(widget);
+    QVERIFY(popUp && popUp->isVisible());
+    popUp->hide();
+    QVERIFY(!overview->isChecked());
+    window->close();
+}
+
+// The box is window-modal and does not block; its button closes the editor.
+void tst_CamDesignerView::decimalPlacesChangeClosesTheEditor()
+{
+    EditorFixture editor;
+    editor.open();
+    QSignalSpy closed(editor.implementation(), &CamDesignerImplementation::closed);
+    MessageCapture messages;
+    QVERIFY(editor.drive.writeValue(0, MxParameterDefinition::ParameterCoordinate(QStringLiteral("G46")), 0,
+                                    QStringLiteral("2")));
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().title, QStringLiteral("Nachkommastellen wurden geändert"));
+    QCOMPARE(closed.count(), 1);
+    QTRY_VERIFY(!editor.implementation()->view());
+}
+
+QTEST_MAIN(tst_CamDesignerView)
+#include "tst_camdesignerview.moc"
