@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -19,7 +17,7 @@ class Steps;
 // every change of points, law, cyclic flag, circular length or steps throws
 // the plan away, builds one of the class the law calls for and samples it.
 // Listeners re-read the plan on changed().
-class MXCAMDESIGNER_EXPORT CamEditorModel : public QObject
+class CamEditorModel : public QObject
 {
     Q_OBJECT
 public:

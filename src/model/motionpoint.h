@@ -1,14 +1,12 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 #include <QPointF>
 #include <QString>
 
 // One user-defined support point of the cam: master position, slave position
 // and the segment type that the VDI law uses from this point on.
-class MXCAMDESIGNER_EXPORT MotionPoint : public QObject
+class MotionPoint : public QObject
 {
     Q_OBJECT
 public:
