@@ -8,7 +8,7 @@ build="${1:-$here/build}"
 shift || true
 
 packages=(
-    cmake g++ make pkg-config
+    cmake g++ make pkg-config binutils
     qtbase5-dev qttools5-dev qttools5-dev-tools
     libqwt-qt5-dev libqt5svg5-dev libqt5opengl5-dev
     libqt-advanced-docking-system-dev

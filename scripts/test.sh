@@ -6,8 +6,8 @@ set -euo pipefail
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 jobs="$(nproc 2>/dev/null || echo 2)"
 
-echo "== regular build"
-"$here/scripts/setup.sh" "$here/build"
+echo "== regular build (with the benchmarks, so that they always compile)"
+"$here/scripts/setup.sh" "$here/build" -DMX_BUILD_BENCHMARKS=ON
 (cd "$here/build" && ctest --output-on-failure --parallel "$jobs")
 
 echo "== sanitizer build (ASan + UBSan)"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QJsonObject>
 #include <QString>
 
@@ -10,7 +8,7 @@
 // "json" (any case) and as Qt 5 binary JSON otherwise. A ".dat" file written
 // here therefore reads back as the defaults: that asymmetry is kept on purpose,
 // since files of the earlier binary form are still read as they were.
-class MXCAMDESIGNER_EXPORT CamDataFile
+class CamDataFile
 {
 public:
     enum class ReadStatus {

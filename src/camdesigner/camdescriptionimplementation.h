@@ -12,7 +12,7 @@
 
 class QUndoStack;
 
-class MXCAMDESIGNER_EXPORT CamDescriptionImplementation : public CamDescription
+class CamDescriptionImplementation : public CamDescription
 {
     Q_OBJECT
 public:

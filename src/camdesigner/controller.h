@@ -1,12 +1,10 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QUndoStack>
 
 // The editor's undo stack. The main window creates it without a parent and
 // hands it to the cam description and the editing commands.
-class MXCAMDESIGNER_EXPORT Controller : public QUndoStack
+class Controller : public QUndoStack
 {
     Q_OBJECT
 public:

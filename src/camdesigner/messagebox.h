@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QMessageBox>
 
 #include <functional>
@@ -9,7 +7,7 @@
 // The one place through which the editor shows message boxes. Tests install a
 // handler that records title and text and answers at once, so that no test
 // ever waits for a click.
-class MXCAMDESIGNER_EXPORT MessageBox
+class MessageBox
 {
 public:
     struct Message {

@@ -1,4 +1,4 @@
-target_sources(MxCamDesigner PRIVATE
+target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camdatafile.h
     ${CMAKE_CURRENT_LIST_DIR}/camdatafile.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camdescription.h

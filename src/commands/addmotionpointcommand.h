@@ -2,8 +2,6 @@
 
 #include "motionpointvalues.h"
 
-#include "mxcamdesigner_export.h"
-
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -12,7 +10,7 @@ class CamDescriptionImplementation;
 // Adds a new motion point. A point at exactly the same master position is
 // refused with a message box; the command then turns obsolete and the stack
 // drops it, so nothing is recorded.
-class MXCAMDESIGNER_EXPORT AddMotionPointCommand : public QUndoCommand
+class AddMotionPointCommand : public QUndoCommand
 {
 public:
     AddMotionPointCommand(CamDescriptionImplementation *camDescription, const QPointer<MotionPoint> &motionPoint,

@@ -2,15 +2,13 @@
 
 #include "valuecommand.h"
 
-#include "mxcamdesigner_export.h"
-
 class Steps;
 
 // Switches between dynamic and static step size. Undo applies the negation of
 // the requested mode, not a captured one: pushed with the mode already in
 // force, its undo leaves the opposite. Deliberate; views push it only on a
 // real change of their check box.
-class MXCAMDESIGNER_EXPORT ChangeStepModeCommand : public ValueCommand<Steps, bool>
+class ChangeStepModeCommand : public ValueCommand<Steps, bool>
 {
 public:
     ChangeStepModeCommand(Steps *steps, bool dynamic, QUndoCommand *parent = nullptr);

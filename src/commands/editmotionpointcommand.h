@@ -2,8 +2,6 @@
 
 #include "model/motionpoint.h"
 
-#include "mxcamdesigner_export.h"
-
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -15,7 +13,7 @@ class Scaling;
 // Gives a motion point new master and slave positions and a new segment type.
 // Redo and undo are one and the same exchange of the point's values with the
 // values the command holds, so applying it twice restores the start.
-class MXCAMDESIGNER_EXPORT EditMotionPointCommand : public QUndoCommand
+class EditMotionPointCommand : public QUndoCommand
 {
 public:
     // The command follows the description that holds the point (found

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QJsonObject>
 #include <QPointer>
 #include <QUndoCommand>
@@ -10,7 +8,7 @@ class CamDescriptionImplementation;
 
 // Replaces the whole cam definition data (law, points, cyclic flag, circular
 // length, steps); undo loads the data captured when the command was made.
-class MXCAMDESIGNER_EXPORT LoadNewMotionPlanCommand : public QUndoCommand
+class LoadNewMotionPlanCommand : public QUndoCommand
 {
 public:
     LoadNewMotionPlanCommand(CamDescriptionImplementation *camDescription, const QJsonObject &newData,

@@ -2,8 +2,6 @@
 
 #include "motionpointvalues.h"
 
-#include "mxcamdesigner_export.h"
-
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -11,7 +9,7 @@ class CamDescriptionImplementation;
 
 // Removes a motion point and keeps the very point object for undo, which
 // puts it back; the point is never copied while it lives.
-class MXCAMDESIGNER_EXPORT RemoveMotionPointCommand : public QUndoCommand
+class RemoveMotionPointCommand : public QUndoCommand
 {
 public:
     RemoveMotionPointCommand(MotionPoint *motionPoint, CamDescriptionImplementation *camDescription,

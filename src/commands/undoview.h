@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QWidget>
 
 class QUndoStack;
@@ -10,7 +8,7 @@ class QUndoView;
 // A frameless pop-up listing the editor's undo stack. It hides itself as soon
 // as the focus leaves it and tells the main window, which unchecks the action
 // that showed it.
-class MXCAMDESIGNER_EXPORT UndoView : public QWidget
+class UndoView : public QWidget
 {
     Q_OBJECT
 public:

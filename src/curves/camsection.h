@@ -1,11 +1,9 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 
 // One piece of a cam curve over a closed interval of master positions.
-class MXCAMDESIGNER_EXPORT CamSection : public QObject
+class CamSection : public QObject
 {
     Q_OBJECT
 public:

@@ -5,7 +5,7 @@
 // A polynomial of degree five in t = master - start (not normalised to the
 // section's length). The plan fills the coefficients; the section only
 // evaluates, and extrapolates outside its interval.
-class MXCAMDESIGNER_EXPORT CamSectionFifthPolynomial : public CamSection
+class CamSectionFifthPolynomial : public CamSection
 {
     Q_OBJECT
 public:

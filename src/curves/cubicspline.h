@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ascendingsearch.h"
-#include "mxcamdesigner_export.h"
 
 #include <cstddef>
 #include <utility>
@@ -11,7 +10,7 @@
 // Between knot i and i + 1, with h = x - knots[i], the curve is
 // ((cubic[i] * h + quadratic[i]) * h + linear[i]) * h + values[i]; beyond the
 // ends it continues as a quadratic.
-class MXCAMDESIGNER_EXPORT CubicSpline
+class CubicSpline
 {
 public:
     // The second derivative is prescribed at an end.

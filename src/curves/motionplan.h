@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QList>
 #include <QObject>
 #include <QPolygonF>
@@ -19,7 +17,7 @@ class Scaling;
 // the cyclic closing point, the master range, the choice of grid point
 // positions and the result lists. A plan is built for one set of points and
 // thrown away when they change.
-class MXCAMDESIGNER_EXPORT MotionPlan : public QObject
+class MotionPlan : public QObject
 {
     Q_OBJECT
 public:

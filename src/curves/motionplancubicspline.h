@@ -5,7 +5,7 @@
 
 // The motion law "Spline": one natural cubic spline through all motion
 // points; the points' segment types have no effect.
-class MXCAMDESIGNER_EXPORT MotionPlanCubicSpline : public MotionPlan
+class MotionPlanCubicSpline : public MotionPlan
 {
     Q_OBJECT
 public:

@@ -12,7 +12,7 @@ class CamSectionFifthPolynomial;
 // The segment motion law: one fifth-degree polynomial section per pair of
 // neighbouring motion points, with position, velocity and acceleration fixed
 // at both ends by the points' segment types.
-class MXCAMDESIGNER_EXPORT MotionPlanVdi : public MotionPlan
+class MotionPlanVdi : public MotionPlan
 {
     Q_OBJECT
 public:

@@ -1,4 +1,4 @@
-target_sources(MxCamDesigner PRIVATE
+target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/ascendingsearch.h
     ${CMAKE_CURRENT_LIST_DIR}/camsection.h
     ${CMAKE_CURRENT_LIST_DIR}/camsection.cpp

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QMap>
 #include <QObject>
 #include <QPolygonF>
@@ -11,7 +9,7 @@
 // Turns the text of an external curve file into (master, slave) pairs. Each
 // format is one regular expression that matches one pair; everything between
 // matches (headers, units, line ends) is skipped.
-class MXCAMDESIGNER_EXPORT CurveTextConverter : public QObject
+class CurveTextConverter : public QObject
 {
     Q_OBJECT
 public:

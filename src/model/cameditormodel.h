@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -27,7 +25,7 @@ class Steps;
 // MotionPlan* or MotionPoint* across events: it keeps a QPointer, or a point's
 // master position as its key. A load of the description rebuilds once, at its
 // end, and changed() follows once for it.
-class MXCAMDESIGNER_EXPORT CamEditorModel : public QObject
+class CamEditorModel : public QObject
 {
     Q_OBJECT
 public:

@@ -4,7 +4,7 @@
 
 // A scaling with fixed decimal places, for use where no drive is bound (the
 // command-line tool, tests, benchmarks). Texts use "." and carry no unit.
-class MXCAMDESIGNER_EXPORT FixedScaling : public Scaling
+class FixedScaling : public Scaling
 {
     Q_OBJECT
 public:

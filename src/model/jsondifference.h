@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QStringList>
 
 class QJsonObject;
@@ -11,6 +9,6 @@ class QJsonObject;
 // cam definitions differ and for the grid point view's difference log.
 namespace JsonDifference {
 
-MXCAMDESIGNER_EXPORT QStringList compare(const QJsonObject &oldObject, const QJsonObject &newObject);
+QStringList compare(const QJsonObject &oldObject, const QJsonObject &newObject);
 
 } // namespace JsonDifference

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 
 class QJsonValue;
 
 // The plan-wide choice of how the curve between the motion points is
 // calculated: 0 fifth-degree polynomial sections (VDI), 1 cubic spline.
-class MXCAMDESIGNER_EXPORT MotionLaw : public QObject
+class MotionLaw : public QObject
 {
     Q_OBJECT
 public:

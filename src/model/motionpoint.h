@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 #include <QPointF>
 #include <QPointer>
@@ -11,7 +9,7 @@ class CamDescriptionImplementation;
 
 // One user-defined support point of the cam: master position, slave position
 // and the segment type that the VDI law uses from this point on.
-class MXCAMDESIGNER_EXPORT MotionPoint : public QObject
+class MotionPoint : public QObject
 {
     Q_OBJECT
 public:

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 #include <QString>
 
@@ -14,7 +12,7 @@ class ParameterModel;
 // positions and the resolution derived from them; the drive parameter
 // binding supplies the implementation (createScaling), tools and tests a
 // FixedScaling.
-class MXCAMDESIGNER_EXPORT Scaling : public QObject
+class Scaling : public QObject
 {
     Q_OBJECT
 public:

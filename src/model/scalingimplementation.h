@@ -6,7 +6,7 @@
 
 // The scaling of an editor bound to a drive: decimal places and position
 // texts are the parameter model's.
-class MXCAMDESIGNER_EXPORT ScalingImplementation : public Scaling
+class ScalingImplementation : public Scaling
 {
     Q_OBJECT
 public:

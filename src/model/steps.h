@@ -1,14 +1,12 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QJsonObject>
 #include <QObject>
 
 // How finely the curve is sampled into grid points: a number of steps over
 // the whole curve (dynamic) or a distance in master units (static). No limits
 // are enforced here; the input fields hold the user to sensible values.
-class MXCAMDESIGNER_EXPORT Steps : public QObject
+class Steps : public QObject
 {
     Q_OBJECT
 public:

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QObject>
 #include <QPointF>
 #include <QPolygonF>
@@ -10,7 +8,7 @@
 
 // The one object through which the editor reads, checks, formats and writes
 // the drive parameters of its cam table.
-class MXCAMDESIGNER_EXPORT ParameterModel : public QObject
+class ParameterModel : public QObject
 {
     Q_OBJECT
 public:

@@ -12,7 +12,7 @@ class ParameterInformation;
 }
 class SaveParameterProgress;
 
-class MXCAMDESIGNER_EXPORT ParameterModelImplementation : public ParameterModel
+class ParameterModelImplementation : public ParameterModel
 {
     Q_OBJECT
 public:

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mxcamdesigner_export.h"
-
 #include <QWidget>
 
 class QFormLayout;
@@ -10,7 +8,7 @@ class QProgressBar;
 class QVBoxLayout;
 
 // Shows how far a grid point write has come.
-class MXCAMDESIGNER_EXPORT SaveParameterProgress : public QWidget
+class SaveParameterProgress : public QWidget
 {
     Q_OBJECT
 public:

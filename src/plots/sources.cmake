@@ -1,4 +1,4 @@
-target_sources(MxCamDesigner PRIVATE
+target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/previewview.h
     ${CMAKE_CURRENT_LIST_DIR}/previewview.cpp
 )

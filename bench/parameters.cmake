@@ -1,2 +1,0 @@
-add_executable(parametersbenchmark ${CMAKE_CURRENT_LIST_DIR}/parametersbenchmark.cpp)
-target_link_libraries(parametersbenchmark PRIVATE MxCamDesigner benchmark::benchmark)

@@ -1,1 +1,0 @@
-target_sources(camtool PRIVATE ${CMAKE_CURRENT_LIST_DIR}/convertverb.cpp)
