@@ -10,6 +10,8 @@ target_sources(MxCamDesigner PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionplan.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplancubicspline.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplancubicspline.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionplanfactory.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionplanfactory.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.cpp
 )
