@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mxcamdesigner_export.h"
+#include "straightstretches.h"
 
 #include <QList>
 #include <QObject>
@@ -8,7 +9,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <utility>
 #include <vector>
 
 class MotionPoint;
@@ -61,7 +61,7 @@ protected:
     // acceleration() is exactly 0.0 for every argument, or an empty interval
     // (first > second) when the law cannot tell. Only used to pass over
     // straight stretches quickly; it never changes a result.
-    virtual std::pair<double, double> straightStretch(double master) const;
+    virtual MasterInterval straightStretch(double master) const;
 
 private:
     enum class Curvature { Straight, NearMotionPoint, Bends };

@@ -14,4 +14,6 @@ target_sources(MxCamDesigner PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionplanfactory.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/straightstretches.h
+    ${CMAKE_CURRENT_LIST_DIR}/straightstretches.cpp
 )
