@@ -3,9 +3,10 @@
 // motion points, static sampling at the limit, and the coarse sampling that
 // runs on every mouse move while a point is dragged.
 
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
+#include "model/motionlaw.h"
 #include "model/motionpoint.h"
 
 #include <benchmark/benchmark.h>
@@ -41,9 +42,8 @@ struct Cam {
 
 std::unique_ptr<MotionPlan> makePlan(int law, const Cam &cam, Scaling *scaling)
 {
-    if (law == 1)
-        return std::make_unique<MotionPlanCubicSpline>(cam.points, true, CircularLength, nullptr, scaling);
-    return std::make_unique<MotionPlanVdi>(cam.points, true, CircularLength, nullptr, scaling);
+    return std::unique_ptr<MotionPlan>(
+        MotionPlanFactory::create(law, cam.points, true, CircularLength, nullptr, scaling));
 }
 
 // The model builds a new plan before every calculation; so do these.
@@ -75,7 +75,7 @@ void staticSamplingAtLimit(benchmark::State &state, int law)
     state.counters["gridPoints"] = double(gridPoints);
 }
 
-// A drag step: a new plan, sampled with the master range divided by 500.
+// A drag step: a new plan, sampled coarsely.
 void coarseSampling(benchmark::State &state, int law)
 {
     const Cam cam(int(state.range(0)));
@@ -83,7 +83,7 @@ void coarseSampling(benchmark::State &state, int law)
     qsizetype gridPoints = 0;
     for (auto _ : state) {
         const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
-        plan->calculate(plan->masterRange() / 500.0);
+        MotionPlanFactory::sample(plan.get(), nullptr, true);
         gridPoints = plan->positions().size();
         benchmark::DoNotOptimize(gridPoints);
     }
@@ -92,11 +92,11 @@ void coarseSampling(benchmark::State &state, int law)
 
 } // namespace
 
-BENCHMARK_CAPTURE(dynamicSampling, Vdi, 0)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(dynamicSampling, Spline, 1)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, 0)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, 1)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(coarseSampling, Vdi, 0)->Arg(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(coarseSampling, Spline, 1)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(dynamicSampling, Vdi, int(MotionLaw::Vdi))->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dynamicSampling, Spline, int(MotionLaw::Spline))->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, int(MotionLaw::Vdi))->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, int(MotionLaw::Spline))->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(coarseSampling, Vdi, int(MotionLaw::Vdi))->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(coarseSampling, Spline, int(MotionLaw::Spline))->Arg(100)->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();
