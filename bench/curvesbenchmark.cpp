@@ -47,47 +47,37 @@ std::unique_ptr<MotionPlan> makePlan(int law, const Cam &cam, Scaling *scaling)
 }
 
 // The model builds a new plan before every calculation; so do these.
-void dynamicSampling(benchmark::State &state, int law)
+template<typename Sample>
+void sampling(benchmark::State &state, int law, Sample sample)
 {
     const Cam cam(int(state.range(0)));
     FixedScaling scaling(3);
     qsizetype gridPoints = 0;
     for (auto _ : state) {
         const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
-        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+        sample(plan.get());
         gridPoints = plan->positions().size();
         benchmark::DoNotOptimize(gridPoints);
     }
     state.counters["gridPoints"] = double(gridPoints);
 }
 
+void dynamicSampling(benchmark::State &state, int law)
+{
+    sampling(state, law, [](MotionPlan *plan) { plan->calculateWithResolution(MotionPlan::MaximumGridPoints); });
+}
+
 void staticSamplingAtLimit(benchmark::State &state, int law)
 {
-    const Cam cam(int(state.range(0)));
-    FixedScaling scaling(3);
-    qsizetype gridPoints = 0;
-    for (auto _ : state) {
-        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
+    sampling(state, law, [](MotionPlan *plan) {
         plan->calculate(plan->masterRange() / (MotionPlan::MaximumGridPoints - plan->motionPoints().size()));
-        gridPoints = plan->positions().size();
-        benchmark::DoNotOptimize(gridPoints);
-    }
-    state.counters["gridPoints"] = double(gridPoints);
+    });
 }
 
 // A drag step: a new plan, sampled coarsely.
 void coarseSampling(benchmark::State &state, int law)
 {
-    const Cam cam(int(state.range(0)));
-    FixedScaling scaling(3);
-    qsizetype gridPoints = 0;
-    for (auto _ : state) {
-        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
-        MotionPlanFactory::sample(plan.get(), nullptr, true);
-        gridPoints = plan->positions().size();
-        benchmark::DoNotOptimize(gridPoints);
-    }
-    state.counters["gridPoints"] = double(gridPoints);
+    sampling(state, law, [](MotionPlan *plan) { MotionPlanFactory::sample(plan, nullptr, true); });
 }
 
 } // namespace
