@@ -2,6 +2,7 @@
 #include "curves/camsectionfifthpolynomial.h"
 #include "curves/motionplanfactory.h"
 #include "curves/motionplanvdi.h"
+#include "curves/straightstretches.h"
 #include "model/fixedscaling.h"
 #include "planpoints.h"
 #include "referencesampling.h"
@@ -216,6 +217,33 @@ private slots:
                 continue;
             QVERIFY(Reference::samePoints(fresh->positions(), Reference::dynamicPositions(*fresh, resolution, 0.001)));
         }
+    }
+
+    void straightStretches_data()
+    {
+        QTest::addColumn<int>("owner");
+        QTest::addColumn<QVector<double>>("stretches");  // first, last per piece
+        const double after2 = std::nextafter(2.0, 3.0);
+        // Pieces 0, 2 and 3 of five are straight.
+        QTest::newRow("closed") << int(StraightStretches::Bounds::Closed)
+                                << QVector<double>{ 0, 1, 1, 0, 2, 4, 2, 4, 1, 0 };
+        QTest::newRow("open left, first piece closed") << int(StraightStretches::Bounds::OpenLeft)
+                                                       << QVector<double>{ 0, 1, 1, 0, after2, 4, after2, 4, 1, 0 };
+    }
+
+    // Runs of straight pieces make one stretch; a piece that bends has none.
+    void straightStretches()
+    {
+        QFETCH(int, owner);
+        QFETCH(QVector<double>, stretches);
+        const std::vector<double> bounds{ 0.0, 1.0, 2.0, 3.0, 4.0, 6.0 };
+        const auto isStraight = [](std::size_t piece) { return piece == 0 || piece == 2 || piece == 3; };
+        const std::vector<MasterInterval> found =
+            StraightStretches::find(bounds, StraightStretches::Bounds(owner), isStraight);
+        QVector<double> flat;
+        for (const MasterInterval &stretch : found)
+            flat << stretch.first << stretch.second;
+        QCOMPARE(flat, stretches);
     }
 
     void straightCurvesStayCheap_data()
