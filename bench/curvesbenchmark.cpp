@@ -3,9 +3,10 @@
 // motion points, static sampling at the limit, and the coarse sampling that
 // runs on every mouse move while a point is dragged.
 
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
+#include "model/motionlaw.h"
 #include "model/motionpoint.h"
 
 #include <benchmark/benchmark.h>
@@ -41,62 +42,51 @@ struct Cam {
 
 std::unique_ptr<MotionPlan> makePlan(int law, const Cam &cam, Scaling *scaling)
 {
-    if (law == 1)
-        return std::make_unique<MotionPlanCubicSpline>(cam.points, true, CircularLength, nullptr, scaling);
-    return std::make_unique<MotionPlanVdi>(cam.points, true, CircularLength, nullptr, scaling);
+    return std::unique_ptr<MotionPlan>(
+        MotionPlanFactory::create(law, cam.points, true, CircularLength, nullptr, scaling));
 }
 
 // The model builds a new plan before every calculation; so do these.
-void dynamicSampling(benchmark::State &state, int law)
+template<typename Sample>
+void sampling(benchmark::State &state, int law, Sample sample)
 {
     const Cam cam(int(state.range(0)));
     FixedScaling scaling(3);
     qsizetype gridPoints = 0;
     for (auto _ : state) {
         const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
-        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+        sample(plan.get());
         gridPoints = plan->positions().size();
         benchmark::DoNotOptimize(gridPoints);
     }
     state.counters["gridPoints"] = double(gridPoints);
+}
+
+void dynamicSampling(benchmark::State &state, int law)
+{
+    sampling(state, law, [](MotionPlan *plan) { plan->calculateWithResolution(MotionPlan::MaximumGridPoints); });
 }
 
 void staticSamplingAtLimit(benchmark::State &state, int law)
 {
-    const Cam cam(int(state.range(0)));
-    FixedScaling scaling(3);
-    qsizetype gridPoints = 0;
-    for (auto _ : state) {
-        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
+    sampling(state, law, [](MotionPlan *plan) {
         plan->calculate(plan->masterRange() / (MotionPlan::MaximumGridPoints - plan->motionPoints().size()));
-        gridPoints = plan->positions().size();
-        benchmark::DoNotOptimize(gridPoints);
-    }
-    state.counters["gridPoints"] = double(gridPoints);
+    });
 }
 
-// A drag step: a new plan, sampled with the master range divided by 500.
+// A drag step: a new plan, sampled coarsely.
 void coarseSampling(benchmark::State &state, int law)
 {
-    const Cam cam(int(state.range(0)));
-    FixedScaling scaling(3);
-    qsizetype gridPoints = 0;
-    for (auto _ : state) {
-        const std::unique_ptr<MotionPlan> plan = makePlan(law, cam, &scaling);
-        plan->calculate(plan->masterRange() / 500.0);
-        gridPoints = plan->positions().size();
-        benchmark::DoNotOptimize(gridPoints);
-    }
-    state.counters["gridPoints"] = double(gridPoints);
+    sampling(state, law, [](MotionPlan *plan) { MotionPlanFactory::sample(plan, nullptr, true); });
 }
 
 } // namespace
 
-BENCHMARK_CAPTURE(dynamicSampling, Vdi, 0)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(dynamicSampling, Spline, 1)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, 0)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, 1)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(coarseSampling, Vdi, 0)->Arg(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(coarseSampling, Spline, 1)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(dynamicSampling, Vdi, int(MotionLaw::Vdi))->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dynamicSampling, Spline, int(MotionLaw::Spline))->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, int(MotionLaw::Vdi))->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, int(MotionLaw::Spline))->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(coarseSampling, Vdi, int(MotionLaw::Vdi))->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(coarseSampling, Spline, int(MotionLaw::Spline))->Arg(100)->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();

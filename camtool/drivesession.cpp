@@ -28,15 +28,14 @@ DriveSession::~DriveSession()
     MessageBox::setHandler(MessageBox::Handler());
 }
 
-void DriveSession::addOptions(QCommandLineParser &parser)
+int DriveSession::open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate)
 {
     parser.addOption(QCommandLineOption(DriveOption, QStringLiteral("Drive project file (text JSON)."),
                                         QStringLiteral("project")));
     parser.addOption(QCommandLineOption(TableOption, QStringLiteral("Cam table, 0 to 15."), QStringLiteral("n")));
-}
-
-int DriveSession::open(const QCommandLineParser &parser, bool mayCreate)
-{
+    const int parsed = parseArguments(parser, arguments, positionals, positionals);
+    if (parsed >= 0)
+        return parsed;
     if (!parser.isSet(DriveOption) || !parser.isSet(TableOption)) {
         printError(QStringLiteral("camtool: --drive and --table are required\n") + parser.helpText());
         return UsageError;

@@ -25,12 +25,12 @@ public:
     DriveSession(const DriveSession &) = delete;
     DriveSession &operator=(const DriveSession &) = delete;
 
-    // Adds --drive and --table to a verb's options.
-    static void addOptions(QCommandLineParser &parser);
-    // Opens the project named by --drive and binds --table. Returns -1 to go
-    // on, otherwise the exit code (with the reason printed). A missing file
-    // gives a fresh drive only when mayCreate is set.
-    int open(const QCommandLineParser &parser, bool mayCreate);
+    // Adds --drive and --table to the verb's own options, parses the verb's
+    // arguments (with the given number of positionals), opens the project
+    // named by --drive and binds --table. Returns -1 to go on, otherwise the
+    // exit code (with the reason printed). A missing file gives a fresh drive
+    // only when mayCreate is set.
+    int open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate);
 
     MxSimulation::SimulatedDrive &drive() { return *m_drive; }
     ParameterModelImplementation &model() { return *m_model; }

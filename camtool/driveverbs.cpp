@@ -1,5 +1,6 @@
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "model/scalingimplementation.h"
 #include "drivesession.h"
 #include "toolsupport.h"
@@ -17,19 +18,6 @@ namespace {
 const QCommandLineOption OnlineOption(QStringLiteral("online"), QStringLiteral("Treat the drive as online."));
 const QCommandLineOption ReadOnlyOption(QStringLiteral("read-only"), QStringLiteral("Treat the drive as read-only."));
 
-// The grid points of a cam as the editor computes them: a plan by the cam's
-// law, sampled by its step settings, with the drive's decimal places.
-QPolygonF gridPoints(CamDescriptionImplementation &description, Scaling *scaling)
-{
-    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, scaling);
-    const Steps *steps = description.steps();
-    if (steps->isDynamicStepSize())
-        plan->calculateWithResolution(steps->dynamicStepResolution());
-    else
-        plan->calculate(steps->staticStepSize());
-    return plan->positions();
-}
-
 // The offscreen platform warns each time the progress dialog is shown; the
 // warning says nothing about the write.
 void dropPlatformNoise(QtMsgType type, const QMessageLogContext &context, const QString &message)
@@ -45,6 +33,17 @@ void printRefusal(const CamTool::DriveSession &session)
         CamTool::printError(message + QLatin1Char('\n'));
 }
 
+// Saves the project and prints the table's new state.
+int saveAndReport(CamTool::DriveSession &session, QJsonObject result)
+{
+    if (!session.save())
+        return CamTool::Failure;
+    result.insert(QStringLiteral("table"), session.table());
+    result.insert(QStringLiteral("count"), session.model().storedGridPointCount());
+    CamTool::printJson(QJsonDocument(result));
+    return CamTool::Success;
+}
+
 int runWrite(const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -53,14 +52,9 @@ int runWrite(const QStringList &arguments)
         "simulated drive, as the editor's write action does. A missing drive project is\n"
         "created; a refusal of the drive leaves the project as it was."));
     parser.addPositionalArgument(QStringLiteral("CAMFILE"), QStringLiteral("Cam definition data."));
-    CamTool::DriveSession::addOptions(parser);
     parser.addOptions({ OnlineOption, ReadOnlyOption });
-    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
-    if (parsed >= 0)
-        return parsed;
-
     CamTool::DriveSession session;
-    const int opened = session.open(parser, true);
+    const int opened = session.open(parser, arguments, 1, true);
     if (opened >= 0)
         return opened;
     CamDescriptionImplementation description(nullptr, QByteArray());
@@ -73,24 +67,19 @@ int runWrite(const QStringList &arguments)
     session.drive().setOnline(parser.isSet(OnlineOption));
     session.drive().setReadOnly(parser.isSet(ReadOnlyOption));
 
+    // The grid points as the editor computes them, with the drive's decimal places.
     ScalingImplementation scaling(&session.model());
-    const QPolygonF points = gridPoints(description, &scaling);
+    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
+    MotionPlanFactory::sample(plan.get(), description.steps(), false);
     const QtMessageHandler previousHandler = qInstallMessageHandler(dropPlatformNoise);
-    session.model().writeGridPoints(points);
+    session.model().writeGridPoints(plan->positions());
     qInstallMessageHandler(previousHandler);
     if (!session.messages().isEmpty()) {
         printRefusal(session);
         return CamTool::Failure;
     }
-    if (!session.save())
-        return CamTool::Failure;
-    QJsonObject result;
-    result.insert(QStringLiteral("table"), session.table());
-    result.insert(QStringLiteral("count"), session.model().storedGridPointCount());
-    result.insert(QStringLiteral("crc"), double(session.model().computeCrc()));
-    result.insert(QStringLiteral("drive"), session.path());
-    CamTool::printJson(QJsonDocument(result));
-    return CamTool::Success;
+    return saveAndReport(session, QJsonObject{ { QStringLiteral("crc"), double(session.model().computeCrc()) },
+                                               { QStringLiteral("drive"), session.path() } });
 }
 
 int runRead(const QStringList &arguments)
@@ -99,12 +88,8 @@ int runRead(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral(
         "Reads a cam table back from a simulated drive and prints\n"
         "{\"count\", \"points\": [[master, slave], ...], \"storedCrc\", \"computedCrc\", \"summary\"}."));
-    CamTool::DriveSession::addOptions(parser);
-    const int parsed = CamTool::parseArguments(parser, arguments, 0, 0);
-    if (parsed >= 0)
-        return parsed;
     CamTool::DriveSession session;
-    const int opened = session.open(parser, false);
+    const int opened = session.open(parser, arguments, 0, false);
     if (opened >= 0)
         return opened;
 
@@ -127,13 +112,9 @@ int runDelete(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Deletes a cam table of a simulated drive (offline only), as the editor's delete action does."));
-    CamTool::DriveSession::addOptions(parser);
     parser.addOption(OnlineOption);
-    const int parsed = CamTool::parseArguments(parser, arguments, 0, 0);
-    if (parsed >= 0)
-        return parsed;
     CamTool::DriveSession session;
-    const int opened = session.open(parser, false);
+    const int opened = session.open(parser, arguments, 0, false);
     if (opened >= 0)
         return opened;
     session.drive().setOnline(parser.isSet(OnlineOption));
@@ -146,13 +127,7 @@ int runDelete(const QStringList &arguments)
         return CamTool::Failure;
     }
     session.model().deleteGridPoints();
-    if (!session.save())
-        return CamTool::Failure;
-    QJsonObject result;
-    result.insert(QStringLiteral("table"), session.table());
-    result.insert(QStringLiteral("count"), session.model().storedGridPointCount());
-    CamTool::printJson(QJsonDocument(result));
-    return CamTool::Success;
+    return saveAndReport(session, QJsonObject());
 }
 
 // The write shows the progress dialog, so it needs widgets.

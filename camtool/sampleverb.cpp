@@ -3,7 +3,9 @@
 
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
+#include "model/steps.h"
 #include "toolsupport.h"
 #include "verbs.h"
 
@@ -20,6 +22,7 @@ namespace {
 constexpr int DefaultDecimals = 3;
 // Beyond this the decimal places no longer fit a double's digits.
 constexpr int MaximumDecimals = 15;
+const QString NonFiniteNote = QStringLiteral(" Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\".");
 
 bool parseDouble(const QString &text, double *value)
 {
@@ -37,10 +40,6 @@ int failure(const QString &text)
 int runSample(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Samples the curve of FILE into grid points as the editor does and prints them with their "
-        "derivatives as JSON. Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\"."));
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
     const QCommandLineOption decimalsOption(QStringLiteral("decimals"),
                                             QStringLiteral("Decimal places of positions (default 3)."),
                                             QStringLiteral("D"), QString::number(DefaultDecimals));
@@ -51,7 +50,11 @@ int runSample(const QStringList &arguments)
                                            QStringLiteral("Sample with dynamic resolution N instead of the file's steps."),
                                            QStringLiteral("N"));
     parser.addOptions({ decimalsOption, staticOption, dynamicOption });
-    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
+    const int parsed = CamTool::parseCamFileArguments(
+        parser, arguments,
+        QStringLiteral("Samples the curve of FILE into grid points as the editor does and prints them with their "
+                       "derivatives as JSON.")
+            + NonFiniteNote);
     if (parsed >= 0)
         return parsed;
     if (parser.isSet(staticOption) && parser.isSet(dynamicOption)) {
@@ -65,14 +68,19 @@ int runSample(const QStringList &arguments)
         return failure(QStringLiteral("--decimals needs a whole number from 0 to %1, not '%2'")
                            .arg(MaximumDecimals)
                            .arg(parser.value(decimalsOption)));
-    double staticStep = 0.0;
-    if (parser.isSet(staticOption) && !parseDouble(parser.value(staticOption), &staticStep))
-        return failure(QStringLiteral("--static needs a number, not '%1'").arg(parser.value(staticOption)));
-    int resolution = 0;
-    if (parser.isSet(dynamicOption)) {
-        resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
+    // The step options stand in for the file's step settings.
+    Steps chosenSteps;
+    if (parser.isSet(staticOption)) {
+        double staticStep = 0.0;
+        if (!parseDouble(parser.value(staticOption), &staticStep))
+            return failure(QStringLiteral("--static needs a number, not '%1'").arg(parser.value(staticOption)));
+        chosenSteps.setIsDynamicStepSize(false);
+        chosenSteps.setStaticStepSize(staticStep);
+    } else if (parser.isSet(dynamicOption)) {
+        const int resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
         if (!ok)
             return failure(QStringLiteral("--dynamic needs a whole number, not '%1'").arg(parser.value(dynamicOption)));
+        chosenSteps.setDynamicStepResolution(resolution);
     }
 
     CamDescriptionImplementation description(nullptr, QByteArray());
@@ -80,15 +88,8 @@ int runSample(const QStringList &arguments)
         return CamTool::Failure;
     FixedScaling scaling(decimals);
     const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
-    const Steps *steps = description.steps();
-    if (parser.isSet(staticOption))
-        plan->calculate(staticStep);
-    else if (parser.isSet(dynamicOption))
-        plan->calculateWithResolution(resolution);
-    else if (steps->isDynamicStepSize())
-        plan->calculateWithResolution(steps->dynamicStepResolution());
-    else
-        plan->calculate(steps->staticStepSize());
+    const bool stepsChosen = parser.isSet(staticOption) || parser.isSet(dynamicOption);
+    MotionPlanFactory::sample(plan.get(), stepsChosen ? &chosenSteps : description.steps(), false);
 
     QJsonObject result;
     result.insert(QStringLiteral("law"), description.motionLaw()->dataName());
@@ -106,15 +107,15 @@ int runSample(const QStringList &arguments)
 int runEval(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Evaluates the curve of FILE and its derivatives at master positions and prints them as JSON. "
-        "Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\"."));
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
     const QCommandLineOption atOption(QStringLiteral("at"),
                                       QStringLiteral("Master positions, separated by commas."),
                                       QStringLiteral("X[,X...]"));
     parser.addOption(atOption);
-    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
+    const int parsed = CamTool::parseCamFileArguments(
+        parser, arguments,
+        QStringLiteral("Evaluates the curve of FILE and its derivatives at master positions and prints them as "
+                       "JSON.")
+            + NonFiniteNote);
     if (parsed >= 0)
         return parsed;
     if (!parser.isSet(atOption)) {

@@ -10,9 +10,8 @@ namespace {
 int runShow(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Prints the normalised cam definition data of FILE."));
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
-    const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
+    const int parsed = CamTool::parseCamFileArguments(
+        parser, arguments, QStringLiteral("Prints the normalised cam definition data of FILE."));
     if (parsed >= 0)
         return parsed;
 

@@ -2,8 +2,8 @@
 
 #include "camdesigner/camdatafile.h"
 #include "camdesigner/camdescriptionimplementation.h"
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "verbs.h"
 
 #include <QCommandLineParser>
@@ -52,6 +52,14 @@ int parseArguments(QCommandLineParser &parser, const QStringList &arguments,
     return -1;
 }
 
+int parseCamFileArguments(QCommandLineParser &parser, const QStringList &arguments, const QString &description)
+{
+    parser.setApplicationDescription(description);
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("Cam definition data (.json text, other suffixes binary)."));
+    return parseArguments(parser, arguments, 1, 1);
+}
+
 bool loadCamFile(const QString &path, CamDescriptionImplementation &description)
 {
     CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
@@ -71,14 +79,11 @@ bool loadCamFile(const QString &path, CamDescriptionImplementation &description)
     return true;
 }
 
-std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling)
+std::unique_ptr<MotionPlan> createPlan(const CamDescriptionImplementation &description, Scaling *scaling)
 {
-    const QList<MotionPoint *> points = description.motionPoints();
-    if (description.motionLaw()->law() == MotionLaw::Spline)
-        return std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
-                                                       description.circularLength(), nullptr, scaling);
-    return std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(),
-                                           nullptr, scaling);
+    return std::unique_ptr<MotionPlan>(MotionPlanFactory::create(description.motionLaw()->law(),
+                                                                 description.motionPoints(), description.isCyclic(),
+                                                                 description.circularLength(), nullptr, scaling));
 }
 
 QJsonValue jsonNumber(double value)

@@ -23,6 +23,9 @@ void printJson(const QJsonDocument &document);
 // the exit code (0 after --help, 2 on a usage error, with the usage printed).
 int parseArguments(QCommandLineParser &parser, const QStringList &arguments,
                    int minimumPositionals, int maximumPositionals);
+// The same for the verbs that read one cam FILE; their own options are added
+// to the parser beforehand.
+int parseCamFileArguments(QCommandLineParser &parser, const QStringList &arguments, const QString &description);
 
 // Loads cam definition data as the editor does (text JSON for a suffix that
 // contains "json", binary otherwise). A file that cannot be opened gives
@@ -31,7 +34,7 @@ int parseArguments(QCommandLineParser &parser, const QStringList &arguments,
 bool loadCamFile(const QString &path, CamDescriptionImplementation &description);
 
 // The plan the editor builds for the description's motion law (not yet sampled).
-std::unique_ptr<MotionPlan> createPlan(CamDescriptionImplementation &description, Scaling *scaling);
+std::unique_ptr<MotionPlan> createPlan(const CamDescriptionImplementation &description, Scaling *scaling);
 
 // JSON has no NaN or infinity; they are written as the strings "NaN",
 // "Infinity" and "-Infinity" so that the value is not lost. Finite numbers

@@ -146,42 +146,27 @@ double CubicSpline::jerk(double x) const
     return 6.0 * m_cubic[pieceIndex(x)];
 }
 
-// Piece i serves knots[i] < x <= knots[i + 1] (piece 0 also its left knot).
-// A run of pieces without quadratic and cubic terms is straight; its left
-// knot belongs to it only when that is the first knot, since otherwise the
-// piece before evaluates there.
+// A piece without quadratic and cubic terms is straight. Only finite,
+// strictly ascending knots have pieces that can be told apart.
 void CubicSpline::findStraightStretches()
 {
-    const size_t pieces = m_knots.size() - 1;
-    m_straightStretches.assign(pieces, std::pair<double, double>(1.0, 0.0));
     for (size_t i = 0; i < m_knots.size(); ++i) {
-        if (!std::isfinite(m_knots[i]) || (i > 0 && !(m_knots[i - 1] < m_knots[i])))
+        if (!std::isfinite(m_knots[i]) || (i > 0 && !(m_knots[i - 1] < m_knots[i]))) {
+            m_straightStretches.assign(m_knots.size() - 1, StraightStretches::None);
             return;
-    }
-    const auto isStraight = [this](size_t i) { return m_quadratic[i] == 0.0 && m_cubic[i] == 0.0; };
-    size_t i = 0;
-    while (i < pieces) {
-        if (!isStraight(i)) {
-            ++i;
-            continue;
         }
-        size_t end = i;
-        while (end + 1 < pieces && isStraight(end + 1))
-            ++end;
-        const double from = i == 0 ? m_knots[0] : std::nextafter(m_knots[i], m_knots[i + 1]);
-        const std::pair<double, double> stretch(from, m_knots[end + 1]);
-        for (size_t j = i; j <= end; ++j)
-            m_straightStretches[j] = stretch;
-        i = end + 1;
     }
+    m_straightStretches = StraightStretches::find(m_knots, StraightStretches::Bounds::OpenLeft, [this](size_t i) {
+        return m_quadratic[i] == 0.0 && m_cubic[i] == 0.0;
+    });
 }
 
-std::pair<double, double> CubicSpline::straightStretch(double x) const
+MasterInterval CubicSpline::straightStretch(double x) const
 {
     if (m_straightStretches.empty() || !(x >= m_knots.front()) || !(x <= m_knots.back()))
-        return { 1.0, 0.0 };
-    const std::pair<double, double> &stretch = m_straightStretches[pieceIndex(x)];
+        return StraightStretches::None;
+    const MasterInterval &stretch = m_straightStretches[pieceIndex(x)];
     if (stretch.first <= x && x <= stretch.second)
         return stretch;
-    return { 1.0, 0.0 };
+    return StraightStretches::None;
 }

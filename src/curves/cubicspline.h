@@ -1,9 +1,9 @@
 #pragma once
 
 #include "ascendingsearch.h"
+#include "straightstretches.h"
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 // A natural cubic spline through (knot, value) pairs, with ascending knots.
@@ -29,7 +29,7 @@ public:
 
     // A closed interval around x on which acceleration() is exactly 0.0, or
     // an empty one (first > second).
-    std::pair<double, double> straightStretch(double x) const;
+    MasterInterval straightStretch(double x) const;
 
     const std::vector<double> &knots() const { return m_knots; }
     const std::vector<double> &values() const { return m_values; }
@@ -59,7 +59,7 @@ private:
     double m_leftLinear = 0.0;
     bool m_linearExtrapolation = false;
     // Per piece: the straight stretch it belongs to, empty for a bending one.
-    std::vector<std::pair<double, double>> m_straightStretches;
+    std::vector<MasterInterval> m_straightStretches;
     // While the knots ascend (equal ones allowed) the search remembers where
     // it found the last pieces.
     bool m_ascending = false;

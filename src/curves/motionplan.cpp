@@ -28,8 +28,9 @@ MotionPlan::MotionPlan(QList<MotionPoint *> motionPoints, bool cyclic, double ci
     , m_motionPoints(std::move(motionPoints))
 {
     m_motionPoints.removeAll(nullptr);
-    // The closing point makes a cyclic curve end where it starts. It is the
-    // plan's own; the other points belong to the caller.
+    // The closing point makes a cyclic curve end where it starts; the laws
+    // take it from this list. It is the plan's own; the other points belong
+    // to the caller.
     if (m_cyclic && !m_motionPoints.isEmpty() && m_circularLength > m_motionPoints.constLast()->master()) {
         const MotionPoint *first = m_motionPoints.constFirst();
         m_closingPoint = std::make_unique<MotionPoint>(*first);
@@ -42,10 +43,9 @@ MotionPlan::~MotionPlan() = default;
 
 double MotionPlan::maximumMasterPosition() const
 {
-    if (m_motionPoints.size() <= 1)
-        return 0.0;
-    const double last = m_motionPoints.constLast()->master();
-    return m_cyclic && m_circularLength > last ? m_circularLength : last;
+    // A cyclic cam whose circle reaches beyond its points ends at the
+    // closing point, the last in the list.
+    return m_motionPoints.size() <= 1 ? 0.0 : m_motionPoints.constLast()->master();
 }
 
 double MotionPlan::masterRange() const
@@ -72,9 +72,9 @@ double MotionPlan::positionResolution() const
     return m_scaling ? m_scaling->positionResolution() : 1.0;
 }
 
-std::pair<double, double> MotionPlan::straightStretch(double) const
+MasterInterval MotionPlan::straightStretch(double) const
 {
-    return { 1.0, 0.0 };
+    return StraightStretches::None;
 }
 
 void MotionPlan::calculate(double stepSize)
@@ -214,7 +214,7 @@ std::vector<double> MotionPlan::stepPositions(double stepSize, const std::vector
         } else if (test == Curvature::Straight) {
             // Pass over the positions whose whole look-around lies in a known
             // straight stretch: their test could only say "straight" again.
-            const std::pair<double, double> stretch = straightStretch(x);
+            const MasterInterval stretch = straightStretch(x);
             if (stretch.first <= stretch.second) {
                 for (;;) {
                     const double next = x + stepSize;

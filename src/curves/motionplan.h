@@ -1,12 +1,13 @@
 #pragma once
 
+#include "straightstretches.h"
+
 #include <QList>
 #include <QObject>
 #include <QPolygonF>
 
 #include <cstddef>
 #include <memory>
-#include <utility>
 #include <vector>
 
 class MotionPoint;
@@ -59,7 +60,7 @@ protected:
     // acceleration() is exactly 0.0 for every argument, or an empty interval
     // (first > second) when the law cannot tell. Only used to pass over
     // straight stretches quickly; it never changes a result.
-    virtual std::pair<double, double> straightStretch(double master) const;
+    virtual MasterInterval straightStretch(double master) const;
 
 private:
     enum class Curvature { Straight, NearMotionPoint, Bends };

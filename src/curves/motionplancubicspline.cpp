@@ -4,21 +4,16 @@
 
 MotionPlanCubicSpline::MotionPlanCubicSpline(QList<MotionPoint *> motionPoints, bool cyclic,
                                              double circularLength, QObject *parent, Scaling *scaling)
-    : MotionPlan(motionPoints, cyclic, circularLength, parent, scaling)
+    : MotionPlan(std::move(motionPoints), cyclic, circularLength, parent, scaling)
 {
+    // The plan's points, with the closing point of a cyclic cam: a natural
+    // spline that ends where it starts, not a periodic one. Velocity and
+    // acceleration at the two ends are not matched.
     std::vector<double> knots;
     std::vector<double> values;
-    for (const MotionPoint *point : qAsConst(motionPoints)) {
-        if (!point)
-            continue;
+    for (const MotionPoint *point : MotionPlan::motionPoints()) {
         knots.push_back(point->master());
         values.push_back(point->slave());
-    }
-    // A natural spline that ends where it starts, not a periodic one: velocity
-    // and acceleration at the two ends are not matched.
-    if (cyclic && !knots.empty() && circularLength > knots.back()) {
-        knots.push_back(circularLength);
-        values.push_back(values.front());
     }
     m_spline.setPoints(std::move(knots), std::move(values));
 }

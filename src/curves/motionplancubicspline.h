@@ -21,7 +21,7 @@ public:
     const CubicSpline &spline() const { return m_spline; }
 
 protected:
-    std::pair<double, double> straightStretch(double master) const override;
+    MasterInterval straightStretch(double master) const override;
 
 private:
     CubicSpline m_spline;

@@ -198,31 +198,18 @@ double MotionPlanVdi::jerk(double master) const
 // zero wins.
 void MotionPlanVdi::findStraightStretches()
 {
-    const std::pair<double, double> none(1.0, 0.0);
-    m_straightStretches.assign(size_t(m_sections.size()), none);
-    if (!m_ascending)
+    if (!m_ascending) {
+        m_straightStretches.assign(size_t(m_sections.size()), StraightStretches::None);
         return;
-    const auto isStraight = [](const CamSectionFifthPolynomial *section) {
+    }
+    m_straightStretches = StraightStretches::find(m_boundaries, StraightStretches::Bounds::Closed, [this](size_t i) {
+        const CamSectionFifthPolynomial *section = m_sections.at(int(i));
         return section->a2() == 0.0 && section->a3() == 0.0 && section->a4() == 0.0 && section->a5() == 0.0
             && std::isfinite(std::pow(section->end() - section->start(), 3));
-    };
-    int i = 0;
-    while (i < m_sections.size()) {
-        if (!isStraight(m_sections.at(i))) {
-            ++i;
-            continue;
-        }
-        int end = i;
-        while (end + 1 < m_sections.size() && isStraight(m_sections.at(end + 1)))
-            ++end;
-        const std::pair<double, double> stretch(m_sections.at(i)->start(), m_sections.at(end)->end());
-        for (int j = i; j <= end; ++j)
-            m_straightStretches[size_t(j)] = stretch;
-        i = end + 1;
-    }
+    });
 }
 
-std::pair<double, double> MotionPlanVdi::straightStretch(double master) const
+MasterInterval MotionPlanVdi::straightStretch(double master) const
 {
     int first = 0;
     int last = -1;
@@ -232,5 +219,5 @@ std::pair<double, double> MotionPlanVdi::straightStretch(double master) const
                 return m_straightStretches[size_t(i)];
         }
     }
-    return { 1.0, 0.0 };
+    return StraightStretches::None;
 }

@@ -2,6 +2,7 @@
 
 #include "ascendingsearch.h"
 #include "motionplan.h"
+#include "straightstretches.h"
 
 #include <QList>
 
@@ -28,7 +29,7 @@ public:
     QList<CamSectionFifthPolynomial *> sections() const { return m_sections; }
 
 protected:
-    std::pair<double, double> straightStretch(double master) const override;
+    MasterInterval straightStretch(double master) const override;
 
 private:
     using Evaluation = double (CamSectionFifthPolynomial::*)(double) const;
@@ -48,5 +49,5 @@ private:
     AscendingSearch m_search;
     // Per section: the closed interval of the straight stretch it belongs to,
     // empty (first > second) for a bending section.
-    std::vector<std::pair<double, double>> m_straightStretches;
+    std::vector<MasterInterval> m_straightStretches;
 };

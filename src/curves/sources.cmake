@@ -10,6 +10,10 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionplan.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplancubicspline.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplancubicspline.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionplanfactory.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionplanfactory.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplanvdi.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/straightstretches.h
+    ${CMAKE_CURRENT_LIST_DIR}/straightstretches.cpp
 )

@@ -5,7 +5,6 @@
 #include <QList>
 #include <QVector>
 
-#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -16,12 +15,6 @@ struct PlanPoints {
 
     PlanPoints() = default;
     // Points at the given masters, slave 0.
-    PlanPoints(std::initializer_list<double> masters, MotionPoint::movementRules type = MotionPoint::rest)
-    {
-        for (double master : masters)
-            add(master, 0.0, type);
-    }
-
     explicit PlanPoints(const QVector<double> &masters, MotionPoint::movementRules type = MotionPoint::rest)
     {
         for (double master : masters)

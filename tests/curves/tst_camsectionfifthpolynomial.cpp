@@ -5,17 +5,6 @@
 #include <array>
 #include <cmath>
 
-class TestCamSectionFifthPolynomial : public QObject
-{
-    Q_OBJECT
-private slots:
-    void evaluation_data();
-    void evaluation();
-    void containment_data();
-    void containment();
-    void sumsPowersLowestFirst();
-};
-
 using Coefficients = std::array<double, 6>;
 Q_DECLARE_METATYPE(Coefficients)
 
@@ -35,101 +24,102 @@ CamSectionFifthPolynomial *makeSection(QObject *parent, double start, double end
 
 } // namespace
 
-void TestCamSectionFifthPolynomial::evaluation_data()
+class TestCamSectionFifthPolynomial : public QObject
 {
-    QTest::addColumn<double>("start");
-    QTest::addColumn<Coefficients>("coefficients");
-    QTest::addColumn<double>("master");
-    QTest::addColumn<double>("position");
-    QTest::addColumn<double>("velocity");
-    QTest::addColumn<double>("acceleration");
-    QTest::addColumn<double>("jerk");
+    Q_OBJECT
+private slots:
+    void evaluation_data()
+    {
+        QTest::addColumn<double>("start");
+        QTest::addColumn<Coefficients>("coefficients");
+        QTest::addColumn<double>("master");
+        QTest::addColumn<double>("position");
+        QTest::addColumn<double>("velocity");
+        QTest::addColumn<double>("acceleration");
+        QTest::addColumn<double>("jerk");
 
-    QTest::newRow("constant at start") << 10.0 << Coefficients{ 5, 0, 0, 0, 0, 0 } << 10.0 << 5.0 << 0.0 << 0.0 << 0.0;
-    QTest::newRow("constant at end") << 10.0 << Coefficients{ 5, 0, 0, 0, 0, 0 } << 20.0 << 5.0 << 0.0 << 0.0 << 0.0;
-    QTest::newRow("linear measured from start") << 10.0 << Coefficients{ 0, 2, 0, 0, 0, 0 } << 15.0 << 10.0 << 2.0 << 0.0 << 0.0;
-    QTest::newRow("fifth power") << 0.0 << Coefficients{ 0, 0, 0, 0, 0, 1 } << 2.0 << 32.0 << 80.0 << 160.0 << 240.0;
-    QTest::newRow("fourth power") << 1.0 << Coefficients{ 0, 0, 0, 0, 1, 0 } << 3.0 << 16.0 << 32.0 << 48.0 << 48.0;
-    QTest::newRow("third power") << 0.0 << Coefficients{ 0, 0, 0, 1, 0, 0 } << 2.0 << 8.0 << 12.0 << 12.0 << 6.0;
-    QTest::newRow("start values are a0, a1, 2 a2, 6 a3") << 7.0 << Coefficients{ 1, 2, 3, 4, 5, 6 } << 7.0 << 1.0 << 2.0 << 6.0 << 24.0;
-    QTest::newRow("all terms") << 0.0 << Coefficients{ 1, 1, 1, 1, 1, 1 } << 1.0 << 6.0 << 15.0 << 40.0 << 90.0;
-    QTest::newRow("extrapolates after the end") << 0.0 << Coefficients{ 0, 0, 1, 0, 0, 0 } << 13.0 << 169.0 << 26.0 << 2.0 << 0.0;
-    QTest::newRow("extrapolates before the start") << 0.0 << Coefficients{ 0, 0, 1, 0, 0, 0 } << -3.0 << 9.0 << -6.0 << 2.0 << 0.0;
-}
-
-void TestCamSectionFifthPolynomial::evaluation()
-{
-    QFETCH(double, start);
-    QFETCH(Coefficients, coefficients);
-    QFETCH(double, master);
-    QFETCH(double, position);
-    QFETCH(double, velocity);
-    QFETCH(double, acceleration);
-    QFETCH(double, jerk);
-    QObject owner;
-    const CamSectionFifthPolynomial *section = makeSection(&owner, start, start + 10.0, coefficients);
-    QCOMPARE(section->position(master), position);
-    QCOMPARE(section->velocity(master), velocity);
-    QCOMPARE(section->acceleration(master), acceleration);
-    QCOMPARE(section->jerk(master), jerk);
-}
-
-void TestCamSectionFifthPolynomial::containment_data()
-{
-    QTest::addColumn<double>("start");
-    QTest::addColumn<double>("end");
-    QTest::addColumn<double>("master");
-    QTest::addColumn<bool>("contained");
-
-    QTest::newRow("start belongs") << 10.0 << 20.0 << 10.0 << true;
-    QTest::newRow("end belongs") << 10.0 << 20.0 << 20.0 << true;
-    QTest::newRow("inside") << 10.0 << 20.0 << 12.5 << true;
-    QTest::newRow("a millionth beyond the end") << 10.0 << 20.0 << 20.000001 << false;
-    QTest::newRow("a millionth before the start") << 10.0 << 20.0 << 9.999999 << false;
-    QTest::newRow("start after end holds nothing at start") << 20.0 << 10.0 << 20.0 << false;
-    QTest::newRow("start after end holds nothing between") << 20.0 << 10.0 << 15.0 << false;
-    QTest::newRow("empty interval holds its point") << 5.0 << 5.0 << 5.0 << true;
-    QTest::newRow("not a number") << 10.0 << 20.0 << std::nan("") << false;
-}
-
-void TestCamSectionFifthPolynomial::containment()
-{
-    QFETCH(double, start);
-    QFETCH(double, end);
-    QFETCH(double, master);
-    QFETCH(bool, contained);
-    const CamSectionFifthPolynomial section(nullptr, start, end);
-    QCOMPARE(section.contains(master), contained);
-}
-
-// The terms are summed a0 + a1 t + ... + a5 t^5 with std::pow, in this order.
-// Coefficients of mixed magnitude make other orders or a Horner scheme give
-// other last digits for at least one of these positions.
-void TestCamSectionFifthPolynomial::sumsPowersLowestFirst()
-{
-    const Coefficients a{ 0.1, -1.0 / 3.0, 0.7, 1e-3 / 7.0, -2.0 / 9.0 * 1e-4, 3e-7 / 11.0 };
-    const CamSectionFifthPolynomial *section = makeSection(this, 1.25, 200.0, a);
-    bool hornerDiffers = false;
-    for (double master : { 3.3, 17.1, 42.42, 77.7, 123.456, 199.9 }) {
-        const double t = master - 1.25;
-        const double position = a[0] + a[1] * std::pow(t, 1) + a[2] * std::pow(t, 2) + a[3] * std::pow(t, 3)
-            + a[4] * std::pow(t, 4) + a[5] * std::pow(t, 5);
-        const double velocity = a[1] + 2.0 * a[2] * std::pow(t, 1) + 3.0 * a[3] * std::pow(t, 2)
-            + 4.0 * a[4] * std::pow(t, 3) + 5.0 * a[5] * std::pow(t, 4);
-        const double acceleration = 2.0 * a[2] + 6.0 * a[3] * std::pow(t, 1) + 12.0 * a[4] * std::pow(t, 2)
-            + 20.0 * a[5] * std::pow(t, 3);
-        const double jerk = 6.0 * a[3] + 24.0 * a[4] * std::pow(t, 1) + 60.0 * a[5] * std::pow(t, 2);
-        QCOMPARE(qint64(qFloatDistance(section->position(master), position)), qint64(0));
-        QCOMPARE(qint64(qFloatDistance(section->velocity(master), velocity)), qint64(0));
-        QCOMPARE(qint64(qFloatDistance(section->acceleration(master), acceleration)), qint64(0));
-        QCOMPARE(qint64(qFloatDistance(section->jerk(master), jerk)), qint64(0));
-        const double horner = ((((a[5] * t + a[4]) * t + a[3]) * t + a[2]) * t + a[1]) * t + a[0];
-        hornerDiffers = hornerDiffers || horner != position;
+        QTest::newRow("linear measured from start") << 10.0 << Coefficients{ 0, 2, 0, 0, 0, 0 } << 15.0 << 10.0 << 2.0 << 0.0 << 0.0;
+        QTest::newRow("fifth power") << 0.0 << Coefficients{ 0, 0, 0, 0, 0, 1 } << 2.0 << 32.0 << 80.0 << 160.0 << 240.0;
+        QTest::newRow("start values are a0, a1, 2 a2, 6 a3") << 7.0 << Coefficients{ 1, 2, 3, 4, 5, 6 } << 7.0 << 1.0 << 2.0 << 6.0 << 24.0;
+        QTest::newRow("all terms") << 0.0 << Coefficients{ 1, 1, 1, 1, 1, 1 } << 1.0 << 6.0 << 15.0 << 40.0 << 90.0;
+        QTest::newRow("extrapolates after the end") << 0.0 << Coefficients{ 0, 0, 1, 0, 0, 0 } << 13.0 << 169.0 << 26.0 << 2.0 << 0.0;
+        QTest::newRow("extrapolates before the start") << 0.0 << Coefficients{ 0, 0, 1, 0, 0, 0 } << -3.0 << 9.0 << -6.0 << 2.0 << 0.0;
     }
-    // Guards the test itself: the data must be able to tell the orders apart.
-    QVERIFY(hornerDiffers);
-    delete section;
-}
+
+    void evaluation()
+    {
+        QFETCH(double, start);
+        QFETCH(Coefficients, coefficients);
+        QFETCH(double, master);
+        QFETCH(double, position);
+        QFETCH(double, velocity);
+        QFETCH(double, acceleration);
+        QFETCH(double, jerk);
+        QObject owner;
+        const CamSectionFifthPolynomial *section = makeSection(&owner, start, start + 10.0, coefficients);
+        QCOMPARE(section->position(master), position);
+        QCOMPARE(section->velocity(master), velocity);
+        QCOMPARE(section->acceleration(master), acceleration);
+        QCOMPARE(section->jerk(master), jerk);
+    }
+
+    void containment_data()
+    {
+        QTest::addColumn<double>("start");
+        QTest::addColumn<double>("end");
+        QTest::addColumn<double>("master");
+        QTest::addColumn<bool>("contained");
+
+        QTest::newRow("start belongs") << 10.0 << 20.0 << 10.0 << true;
+        QTest::newRow("end belongs") << 10.0 << 20.0 << 20.0 << true;
+        QTest::newRow("inside") << 10.0 << 20.0 << 12.5 << true;
+        QTest::newRow("a millionth beyond the end") << 10.0 << 20.0 << 20.000001 << false;
+        QTest::newRow("a millionth before the start") << 10.0 << 20.0 << 9.999999 << false;
+        QTest::newRow("start after end holds nothing at start") << 20.0 << 10.0 << 20.0 << false;
+        QTest::newRow("start after end holds nothing between") << 20.0 << 10.0 << 15.0 << false;
+        QTest::newRow("empty interval holds its point") << 5.0 << 5.0 << 5.0 << true;
+        QTest::newRow("not a number") << 10.0 << 20.0 << std::nan("") << false;
+    }
+
+    void containment()
+    {
+        QFETCH(double, start);
+        QFETCH(double, end);
+        QFETCH(double, master);
+        QFETCH(bool, contained);
+        const CamSectionFifthPolynomial section(nullptr, start, end);
+        QCOMPARE(section.contains(master), contained);
+    }
+
+    // The terms are summed a0 + a1 t + ... + a5 t^5 with std::pow, in this order.
+    // Coefficients of mixed magnitude make other orders or a Horner scheme give
+    // other last digits for at least one of these positions.
+    void sumsPowersLowestFirst()
+    {
+        const Coefficients a{ 0.1, -1.0 / 3.0, 0.7, 1e-3 / 7.0, -2.0 / 9.0 * 1e-4, 3e-7 / 11.0 };
+        const CamSectionFifthPolynomial *section = makeSection(this, 1.25, 200.0, a);
+        bool hornerDiffers = false;
+        for (double master : { 3.3, 17.1, 42.42, 77.7, 123.456, 199.9 }) {
+            const double t = master - 1.25;
+            const double position = a[0] + a[1] * std::pow(t, 1) + a[2] * std::pow(t, 2) + a[3] * std::pow(t, 3)
+                + a[4] * std::pow(t, 4) + a[5] * std::pow(t, 5);
+            const double velocity = a[1] + 2.0 * a[2] * std::pow(t, 1) + 3.0 * a[3] * std::pow(t, 2)
+                + 4.0 * a[4] * std::pow(t, 3) + 5.0 * a[5] * std::pow(t, 4);
+            const double acceleration = 2.0 * a[2] + 6.0 * a[3] * std::pow(t, 1) + 12.0 * a[4] * std::pow(t, 2)
+                + 20.0 * a[5] * std::pow(t, 3);
+            const double jerk = 6.0 * a[3] + 24.0 * a[4] * std::pow(t, 1) + 60.0 * a[5] * std::pow(t, 2);
+            QCOMPARE(qint64(qFloatDistance(section->position(master), position)), qint64(0));
+            QCOMPARE(qint64(qFloatDistance(section->velocity(master), velocity)), qint64(0));
+            QCOMPARE(qint64(qFloatDistance(section->acceleration(master), acceleration)), qint64(0));
+            QCOMPARE(qint64(qFloatDistance(section->jerk(master), jerk)), qint64(0));
+            const double horner = ((((a[5] * t + a[4]) * t + a[3]) * t + a[2]) * t + a[1]) * t + a[0];
+            hornerDiffers = hornerDiffers || horner != position;
+        }
+        // Guards the test itself: the data must be able to tell the orders apart.
+        QVERIFY(hornerDiffers);
+        delete section;
+    }
+};
 
 QTEST_GUILESS_MAIN(TestCamSectionFifthPolynomial)
 #include "tst_camsectionfifthpolynomial.moc"

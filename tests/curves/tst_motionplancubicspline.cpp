@@ -10,163 +10,125 @@
 class TestMotionPlanCubicSpline : public QObject
 {
     Q_OBJECT
-private slots:
-    void straightLine_data();
-    void straightLine();
-    void threeKnots();
-    void naturalBoundaries();
-    void cyclicAddsClosingKnot_data();
-    void cyclicAddsClosingKnot();
-    void ignoresSegmentTypes();
-
-private:
     FixedScaling m_scaling{ 3 };
+
+private slots:
+    void straightLine_data()
+    {
+        QTest::addColumn<double>("master");
+        QTest::newRow("inside") << 5.0;
+        QTest::newRow("first knot") << 0.0;
+        QTest::newRow("last knot") << 10.0;
+        QTest::newRow("left of the knots") << -3.0;
+        QTest::newRow("right of the knots") << 14.0;
+    }
+
+    void straightLine()
+    {
+        QFETCH(double, master);
+        PlanPoints points;
+        points.add(0.0, 0.0);
+        points.add(10.0, 20.0);
+        MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
+        QCOMPARE(plan.position(master), 2.0 * master);
+        QCOMPARE(plan.velocity(master), 2.0);
+        QVERIFY(plan.acceleration(master) == 0.0);
+        QVERIFY(plan.jerk(master) == 0.0);
+    }
+
+    // One bend in the middle: the value at the knot, the jerk up to the ends
+    // and the quadratic continuation beyond them.
+    void threeKnots()
+    {
+        PlanPoints points;
+        points.add(0.0, 0.0);
+        points.add(10.0, 10.0);
+        points.add(20.0, 0.0);
+        MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
+        const CubicSpline &spline = plan.spline();
+        QCOMPARE(spline.quadratic().at(1), -0.15);
+        QCOMPARE(plan.acceleration(10.0), -0.3);
+        QCOMPARE(plan.velocity(10.0) + 1.0, 1.0);
+        QCOMPARE(plan.jerk(5.0), -plan.jerk(15.0));
+
+        // The jerk belongs to the knots, not beyond.
+        QVERIFY(spline.cubic().front() != 0.0);
+        QVERIFY(plan.jerk(std::nextafter(0.0, -1.0)) == 0.0);
+        QCOMPARE(plan.jerk(0.0), 6.0 * spline.cubic().front());
+        QCOMPARE(plan.jerk(20.0), 6.0 * spline.cubic().at(1));
+        QVERIFY(plan.jerk(std::nextafter(20.0, 21.0)) == 0.0);
+
+        // Beyond the ends the curve goes on as a quadratic; left of the first knot
+        // the acceleration is multiplied by the distance (deliberately kept).
+        const double slope = spline.linear().front();
+        QCOMPARE(plan.position(-4.0), -4.0 * slope);
+        QCOMPARE(plan.velocity(-4.0), slope);
+        QVERIFY(plan.acceleration(-4.0) == 0.0);
+        const double endSlope = spline.linear().back();
+        QCOMPARE(endSlope, plan.velocity(20.0));
+        QCOMPARE(plan.position(25.0), (spline.quadratic().back() * 5.0 + endSlope) * 5.0 + spline.values().back());
+        QCOMPARE(plan.acceleration(25.0), 2.0 * spline.quadratic().back());
+    }
+
+    // A cyclic cam: the closing point at the circular length is the last
+    // knot, and the spline is natural there, not periodic.
+    void naturalBoundaries()
+    {
+        PlanPoints points;
+        points.add(0.0, 1.0);
+        points.add(3.0, -2.0);
+        points.add(7.5, 4.0);
+        points.add(9.0, 0.0);
+        points.add(20.0, 8.0);
+        MotionPlanCubicSpline plan(points.list, true, 26.0, nullptr, &m_scaling);
+        const CubicSpline &spline = plan.spline();
+        QCOMPARE(spline.knots(), (std::vector<double>{ 0.0, 3.0, 7.5, 9.0, 20.0, 26.0 }));
+        QCOMPARE(spline.values().back(), 1.0);
+        QVERIFY(plan.velocity(0.0) != plan.velocity(26.0));
+        QCOMPARE(spline.leftBoundaryType(), 2);
+        QCOMPARE(spline.rightBoundaryType(), 2);
+        QVERIFY(spline.quadratic().front() == 0.0);
+        QCOMPARE(spline.quadratic().back() + 1.0, 1.0);
+        QVERIFY(spline.cubic().back() == 0.0);
+        QVERIFY(spline.leftQuadratic() == 0.0);
+        QCOMPARE(spline.leftLinear(), spline.linear().front());
+        QCOMPARE(plan.acceleration(26.0) + 1.0, 1.0);
+        // The inner equations hold with the band factors 1/3 and 2/3.
+        const std::vector<double> &x = spline.knots();
+        const std::vector<double> &y = spline.values();
+        const std::vector<double> &q = spline.quadratic();
+        for (size_t i = 1; i + 1 < x.size(); ++i) {
+            const double hBefore = x[i] - x[i - 1];
+            const double h = x[i + 1] - x[i];
+            const double left = hBefore / 3.0 * q[i - 1] + 2.0 / 3.0 * (hBefore + h) * q[i] + h / 3.0 * q[i + 1];
+            QCOMPARE(left, (y[i + 1] - y[i]) / h - (y[i] - y[i - 1]) / hBefore);
+        }
+        // Through every knot, with velocity and acceleration continuous there.
+        for (const MotionPoint *point : plan.motionPoints()) {
+            const double m = point->master();
+            QCOMPARE(plan.position(m) + 10.0, point->slave() + 10.0);
+            QCOMPARE(plan.velocity(std::nextafter(m, -1e9)), plan.velocity(std::nextafter(m, 1e9)));
+            QCOMPARE(plan.acceleration(std::nextafter(m, -1e9)) + 1.0, plan.acceleration(std::nextafter(m, 1e9)) + 1.0);
+        }
+    }
+
+    void ignoresSegmentTypes()
+    {
+        PlanPoints rests;
+        PlanPoints mixed;
+        const double masters[] = { 0.0, 4.0, 9.0, 15.0 };
+        const double slaves[] = { 1.0, 3.0, -2.0, 0.5 };
+        const MotionPoint::movementRules types[] = { MotionPoint::turningPoint, MotionPoint::speed, MotionPoint::acceleration, MotionPoint::speed };
+        for (int i = 0; i < 4; ++i) {
+            rests.add(masters[i], slaves[i], MotionPoint::rest);
+            mixed.add(masters[i], slaves[i], types[i]);
+        }
+        MotionPlanCubicSpline a(rests.list, false, 0.0, nullptr, &m_scaling);
+        MotionPlanCubicSpline b(mixed.list, false, 0.0, nullptr, &m_scaling);
+        for (double m = -1.0; m < 16.0; m += 0.75)
+            QCOMPARE(a.position(m), b.position(m));
+    }
 };
-
-void TestMotionPlanCubicSpline::straightLine_data()
-{
-    QTest::addColumn<double>("master");
-    QTest::newRow("inside") << 5.0;
-    QTest::newRow("first knot") << 0.0;
-    QTest::newRow("last knot") << 10.0;
-    QTest::newRow("left of the knots") << -3.0;
-    QTest::newRow("right of the knots") << 14.0;
-}
-
-void TestMotionPlanCubicSpline::straightLine()
-{
-    QFETCH(double, master);
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(10.0, 20.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    QCOMPARE(plan.position(master), 2.0 * master);
-    QCOMPARE(plan.velocity(master), 2.0);
-    QVERIFY(plan.acceleration(master) == 0.0);
-    QVERIFY(plan.jerk(master) == 0.0);
-}
-
-// One bend in the middle: the value at the knot, the jerk up to the ends
-// and the quadratic continuation beyond them.
-void TestMotionPlanCubicSpline::threeKnots()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(10.0, 10.0);
-    points.add(20.0, 0.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    const CubicSpline &spline = plan.spline();
-    QCOMPARE(spline.quadratic().at(1), -0.15);
-    QCOMPARE(plan.acceleration(10.0), -0.3);
-    QVERIFY(plan.acceleration(0.0) == 0.0);
-    QCOMPARE(plan.acceleration(20.0) + 1.0, 1.0);
-    QCOMPARE(plan.position(10.0), 10.0);
-    QCOMPARE(plan.velocity(10.0) + 1.0, 1.0);
-    // Symmetric about the middle knot.
-    QCOMPARE(plan.position(4.0), plan.position(16.0));
-    QCOMPARE(plan.jerk(5.0), -plan.jerk(15.0));
-
-    // The jerk belongs to the knots, not beyond.
-    QVERIFY(spline.cubic().front() != 0.0);
-    QVERIFY(plan.jerk(std::nextafter(0.0, -1.0)) == 0.0);
-    QCOMPARE(plan.jerk(0.0), 6.0 * spline.cubic().front());
-    QCOMPARE(plan.jerk(20.0), 6.0 * spline.cubic().at(1));
-    QVERIFY(plan.jerk(std::nextafter(20.0, 21.0)) == 0.0);
-
-    // Beyond the ends the curve goes on as a quadratic; left of the first knot
-    // the acceleration is multiplied by the distance (deliberately kept).
-    const double slope = spline.linear().front();
-    QCOMPARE(plan.position(-4.0), -4.0 * slope);
-    QCOMPARE(plan.velocity(-4.0), slope);
-    QVERIFY(plan.acceleration(-4.0) == 0.0);
-    const double endSlope = spline.linear().back();
-    QCOMPARE(endSlope, plan.velocity(20.0));
-    QCOMPARE(plan.position(25.0), (spline.quadratic().back() * 5.0 + endSlope) * 5.0 + spline.values().back());
-    QCOMPARE(plan.acceleration(25.0), 2.0 * spline.quadratic().back());
-}
-
-void TestMotionPlanCubicSpline::naturalBoundaries()
-{
-    PlanPoints points;
-    points.add(0.0, 1.0);
-    points.add(3.0, -2.0);
-    points.add(7.5, 4.0);
-    points.add(9.0, 0.0);
-    points.add(20.0, 8.0);
-    MotionPlanCubicSpline plan(points.list, false, 0.0, nullptr, &m_scaling);
-    const CubicSpline &spline = plan.spline();
-    QCOMPARE(spline.leftBoundaryType(), 2);
-    QCOMPARE(spline.rightBoundaryType(), 2);
-    QVERIFY(spline.quadratic().front() == 0.0);
-    QCOMPARE(spline.quadratic().back() + 1.0, 1.0);
-    QVERIFY(spline.cubic().back() == 0.0);
-    QVERIFY(spline.leftQuadratic() == 0.0);
-    QCOMPARE(spline.leftLinear(), spline.linear().front());
-    QCOMPARE(plan.acceleration(20.0) + 1.0, 1.0);
-    // The inner equations hold with the band factors 1/3 and 2/3.
-    const std::vector<double> &x = spline.knots();
-    const std::vector<double> &y = spline.values();
-    const std::vector<double> &q = spline.quadratic();
-    for (size_t i = 1; i + 1 < x.size(); ++i) {
-        const double hBefore = x[i] - x[i - 1];
-        const double h = x[i + 1] - x[i];
-        const double left = hBefore / 3.0 * q[i - 1] + 2.0 / 3.0 * (hBefore + h) * q[i] + h / 3.0 * q[i + 1];
-        QCOMPARE(left, (y[i + 1] - y[i]) / h - (y[i] - y[i - 1]) / hBefore);
-    }
-    // Through every knot, with velocity and acceleration continuous there.
-    for (const MotionPoint *point : points.list) {
-        const double m = point->master();
-        QCOMPARE(plan.position(m) + 10.0, point->slave() + 10.0);
-        QCOMPARE(plan.velocity(std::nextafter(m, -1e9)), plan.velocity(std::nextafter(m, 1e9)));
-        QCOMPARE(plan.acceleration(std::nextafter(m, -1e9)) + 1.0, plan.acceleration(std::nextafter(m, 1e9)) + 1.0);
-    }
-}
-
-void TestMotionPlanCubicSpline::cyclicAddsClosingKnot_data()
-{
-    QTest::addColumn<double>("circularLength");
-    QTest::addColumn<int>("knots");
-    QTest::newRow("longer circle") << 360.0 << 3;
-    QTest::newRow("circle ends at last point") << 200.0 << 2;
-}
-
-void TestMotionPlanCubicSpline::cyclicAddsClosingKnot()
-{
-    QFETCH(double, circularLength);
-    QFETCH(int, knots);
-    PlanPoints points;
-    points.add(0.0, 12.0);
-    points.add(200.0, 80.0);
-    MotionPlanCubicSpline plan(points.list, true, circularLength, nullptr, &m_scaling);
-    const CubicSpline &spline = plan.spline();
-    QCOMPARE(int(spline.knots().size()), knots);
-    QCOMPARE(plan.motionPoints().size(), knots);
-    QCOMPARE(spline.knots().back(), plan.maximumMasterPosition());
-    if (knots == 3) {
-        QCOMPARE(spline.knots().back(), 360.0);
-        QCOMPARE(spline.values().back(), 12.0);
-        QCOMPARE(plan.position(360.0), 12.0);
-        // Natural, not periodic: the slopes at the two ends differ.
-        QVERIFY(plan.velocity(0.0) != plan.velocity(360.0));
-    }
-}
-
-void TestMotionPlanCubicSpline::ignoresSegmentTypes()
-{
-    PlanPoints rests;
-    PlanPoints mixed;
-    const double masters[] = { 0.0, 4.0, 9.0, 15.0 };
-    const double slaves[] = { 1.0, 3.0, -2.0, 0.5 };
-    const MotionPoint::movementRules types[] = { MotionPoint::turningPoint, MotionPoint::speed, MotionPoint::acceleration, MotionPoint::speed };
-    for (int i = 0; i < 4; ++i) {
-        rests.add(masters[i], slaves[i], MotionPoint::rest);
-        mixed.add(masters[i], slaves[i], types[i]);
-    }
-    MotionPlanCubicSpline a(rests.list, false, 0.0, nullptr, &m_scaling);
-    MotionPlanCubicSpline b(mixed.list, false, 0.0, nullptr, &m_scaling);
-    for (double m = -1.0; m < 16.0; m += 0.75)
-        QCOMPARE(a.position(m), b.position(m));
-}
 
 QTEST_GUILESS_MAIN(TestMotionPlanCubicSpline)
 #include "tst_motionplancubicspline.moc"

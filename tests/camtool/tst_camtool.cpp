@@ -1,0 +1,372 @@
+#include "camdesigner/camdescriptionimplementation.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
+#include "model/fixedscaling.h"
+#include "model/steps.h"
+#include "binaryjson.h"
+#include "camtoolrunner.h"
+
+#include <QJsonArray>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// Runs the built camtool as a user runs it and holds its output to what the
+// library computes from the same files.
+
+namespace {
+
+const QString Cyclic = QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json");
+const QString Spline = QStringLiteral(EXAMPLES_DIR "/spline-cam.json");
+const char OnePoint[] = R"([[10, 5, "rest"]])";
+const QByteArray Defaults = R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142", "MotionPoints": [],
+    "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})";
+
+// A number as the tool must write it: JSON has no NaN or infinity, and a
+// finite number must read back to the same double (but for the sign of a
+// zero, which JSON loses and == ignores).
+QJsonValue number(double value)
+{
+    if (std::isnan(value))
+        return "NaN";
+    return std::isinf(value) ? QJsonValue(value > 0 ? "Infinity" : "-Infinity") : QJsonValue(value);
+}
+
+QJsonArray toJson(const QPolygonF &points)
+{
+    QJsonArray array;
+    for (const QPointF &point : points)
+        array.append(QJsonArray{ number(point.x()), number(point.y()) });
+    return array;
+}
+
+// The plan the tool should build from the same file, by the library's
+// routines; it belongs to the description.
+MotionPlan *localPlan(const QString &path, CamDescriptionImplementation &description, Scaling *scaling)
+{
+    description.fromJson(QJsonDocument::fromJson(readFile(path)).object());
+    return MotionPlanFactory::create(description.motionLaw()->law(), description.motionPoints(),
+                                     description.isCyclic(), description.circularLength(), &description, scaling);
+}
+
+enum class Project { Missing, Written, Damaged };
+
+} // namespace
+
+Q_DECLARE_METATYPE(Project)
+
+class TestCamTool : public QObject
+{
+    Q_OBJECT
+    QTemporaryDir m_dir;
+    QString m_project;
+    int m_serial = 0;
+    QString tmp(const QString &name) const { return m_dir.filePath(name); }
+    // A cam file of the given points and steps in the temporary folder.
+    QString cam(const char *points, const char *steps = "{}")
+    {
+        const QString path = tmp(QStringLiteral("cam-%1.json").arg(m_serial++));
+        const QByteArray head = R"({"MotionLaw": "Vdi2142", "Cyclic": false, "CircularLength": 360, "MotionPoints": )";
+        return writeFile(path, head + points + R"(, "Steps": )" + steps + "}") ? path : QString();
+    }
+
+private slots:
+    void init() { m_project = tmp(QStringLiteral("drive-%1.json").arg(m_serial++)); }
+
+    void exitCodes_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("says");  // on stdout or stderr
+
+        const QString missing = tmp("missing.json");
+        const QStringList drive{ "--drive", tmp("x.json") };
+        QTest::newRow("no verb") << QStringList() << 2 << "Usage";
+        QTest::newRow("help") << QStringList{ "--help" } << 0 << "convert";
+        QTest::newRow("unknown verb") << QStringList{ "frobnicate" } << 2 << "unknown verb";
+        QTest::newRow("show without file") << QStringList{ "show" } << 2 << "Usage";
+        QTest::newRow("show with two files") << QStringList{ "show", "a.json", "b.json" } << 2 << "Usage";
+        QTest::newRow("unknown option") << QStringList{ "show", "--bogus", Cyclic } << 2 << "bogus";
+        QTest::newRow("show missing file") << QStringList{ "show", missing } << 1 << "No such file";
+        QTest::newRow("sample missing file") << QStringList{ "sample", missing } << 1 << missing;
+        QTest::newRow("unparsable --static") << QStringList{ "sample", Cyclic, "--static", "fast" } << 1 << "--static";
+        QTest::newRow("--dynamic beyond int") << QStringList{ "sample", Cyclic, "--dynamic", "99999999999" } << 1 << "--dynamic";
+        QTest::newRow("unparsable --decimals") << QStringList{ "sample", Cyclic, "--decimals", "x" } << 1 << "--decimals";
+        QTest::newRow("--decimals out of range") << QStringList{ "sample", Cyclic, "--decimals", "400" } << 1 << "--decimals";
+        QTest::newRow("both step options") << QStringList{ "sample", Cyclic, "--static", "1", "--dynamic", "10" } << 2 << "exclude";
+        QTest::newRow("eval missing file") << QStringList{ "eval", missing, "--at", "1" } << 1 << missing;
+        QTest::newRow("eval without --at") << QStringList{ "eval", Cyclic } << 2 << "--at";
+        QTest::newRow("unparsable --at") << QStringList{ "eval", Cyclic, "--at", "1,abc" } << 1 << "abc";
+        QTest::newRow("empty --at entry") << QStringList{ "eval", Cyclic, "--at", "1,,2" } << 1 << "--at";
+        QTest::newRow("convert help") << QStringList{ "convert", "--help" } << 0 << "--separator";
+        QTest::newRow("unknown format") << QStringList{ "convert", "--format", "excel", "a.txt" } << 2 << "excel";
+        QTest::newRow("unknown decimal mark") << QStringList{ "convert", "--decimal", "dot", "a.txt" } << 2 << "dot";
+        QTest::newRow("unknown separator") << QStringList{ "convert", "--separator", "pipe", "a.txt" } << 2 << "pipe";
+        QTest::newRow("separator with a named format")
+            << QStringList{ "convert", "--format", "codesys", "--separator", "tab", "a.txt" } << 2 << "free format only";
+        QTest::newRow("decimal mark with a named format")
+            << QStringList{ "convert", "--decimal", "point", "--format", "servosoft", "a.txt" } << 2 << "free format only";
+        QTest::newRow("convert missing file") << QStringList{ "convert", tmp("missing.txt") } << 1 << tmp("missing.txt");
+        QTest::newRow("table 16") << QStringList{ "read", "--table", "16" } + drive << 2 << "0 to 15";
+        QTest::newRow("table not a number") << QStringList{ "read", "--table", "five" } + drive << 2 << "five";
+        QTest::newRow("no drive") << QStringList{ "read", "--table", "1" } << 2 << "required";
+        QTest::newRow("read missing project") << QStringList{ "read", "--table", "1" } + drive << 1 << "no drive project";
+        QTest::newRow("write missing cam file") << QStringList{ "write", missing, "--table", "1" } + drive << 1 << missing;
+        QTest::newRow("write one point") << QStringList{ "write", cam(OnePoint), "--table", "1" } + drive << 1
+                                         << "two motion points";
+    }
+
+    void exitCodes()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, exitCode);
+        QFETCH(QString, says);
+        const CamToolResult run = camtool(arguments);
+        QCOMPARE(run.exitCode, exitCode);
+        QVERIFY2((run.out + run.err).contains(says.toUtf8()), (run.out + run.err).constData());
+        if (exitCode != 0)
+            QVERIFY(run.out.isEmpty());
+        if (exitCode == 1)
+            QCOMPARE(run.err.count('\n'), 1);
+        QVERIFY(!QFile::exists(tmp("x.json")));
+    }
+
+    // The verbs that print what they read from one file.
+    void printsJson_data()
+    {
+        QTest::addColumn<QStringList>("verb");
+        QTest::addColumn<QString>("fileName");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::addColumn<int>("warnings");
+
+        const QStringList show{ "show" };
+        const QByteArray example = readFile(Cyclic);
+        QTest::newRow("show example") << show << "example.json" << example << example << 0;
+        QTest::newRow("show defaults, duplicates and order") << show << "messy.Json"
+            << QByteArray(R"({"MotionPoints": [[20, 1], [10, 5, "speed"], [10, 7, "acceleration"]],
+                              "MotionLaw": "spline", "Steps": {"dynamicSteps": 12.7}})")
+            << QByteArray(R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
+                              "MotionPoints": [[10, 7, "acceleration"], [20, 1, "rest"]],
+                              "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})") << 0;
+        QTest::newRow("show binary .dat")
+            << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example << 0;
+        // Which contents are invalid is held by the cam data file's test; the
+        // tool must warn on one line and show the defaults.
+        QTest::newRow("show text saved as .dat") << show << "saved.dat" << QByteArray(R"({"Cyclic": true})") << Defaults << 1;
+        QTest::newRow("show broken text json") << show << "broken.json" << QByteArray(R"({"Cyclic": tr)") << Defaults << 1;
+
+        const struct {
+            const char *name;
+            QByteArray bytes;
+            QStringList options;
+            QByteArray points;
+            const char *error;
+        } conversions[] = {
+            { "default is free format with point and semicolon", "Master;Slave\n0;0\n1.5;2e1\n1,5;3\n", {}, "[[0,0],[1.5,20],[5,3]]", "" },
+            { "SERVOsoft", "0;0\n10,5;;20,25\n", { "--format", "servosoft" }, "[[0,0],[10.5,20.25]]", "" },
+            { "TwinCat2 reads decimal commas as pairs", "1,5;2,5", { "--format", "TwinCat2" }, "[[1,5],[2,5]]", "" },
+            { "CodeSys", "1.0;  2.0e-3\n1.0;2.0\n", { "--format", "codesys" }, "[[1,0.002]]", "" },
+            { "free format with comma and blank", "1,5 2,5\n", { "--decimal", "comma", "--separator", "blank" }, "[[1.5,2.5]]", "" },
+            { "explicit free format with tab", "1\t2\n3\t\t4\n", { "--format", "free", "--separator", "tab" }, "[[1,2]]", "" },
+            { "UTF-8 byte order mark and Windows line ends", "\xEF\xBB\xBF" "0,5;1\r\n2;3,25\r\n",
+              { "--format", "free", "--decimal", "comma", "--separator", "semicolon" }, "[[0.5,1],[2,3.25]]", "" },
+            // Decoded by the stream, as the import dialog reads it; as plain
+            // bytes the zero bytes between the digits would hide every pair.
+            { "UTF-16 with byte order mark",
+              QByteArray("\xFF\xFE", 2) + QByteArray(reinterpret_cast<const char *>(u"0;1\r\n2;3\r\n"), 20), {},
+              "[[0,1],[2,3]]", "" },
+            { "failed value becomes 0 with a message", "1;1e999\n2;3\n", {}, "[[1,0],[2,3]]",
+              "Slave-Position 1e999 konnte nicht konvertiert werden." },
+            { "nothing matches", "Kein Inhalt\n", {}, "[]", "" },
+        };
+        for (const auto &c : conversions) {
+            const QJsonObject expected{ { "points", QJsonDocument::fromJson(c.points).array() }, { "error", c.error } };
+            QTest::addRow("convert %s", c.name) << QStringList{ "convert" } + c.options << "curve.txt" << c.bytes
+                                                << QJsonDocument(expected).toJson() << 0;
+        }
+    }
+
+    void printsJson()
+    {
+        QFETCH(QStringList, verb);
+        QFETCH(QString, fileName);
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, warnings);
+        QVERIFY(writeFile(tmp(fileName), bytes));
+        const CamToolResult run = camtool(verb << tmp(fileName));
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.err.count('\n'), warnings);
+        if (warnings)
+            QVERIFY2(run.err.contains("warning") && run.err.contains(fileName.toUtf8()), run.err.constData());
+        // Printed exactly as a save would write it: indented text.
+        QFETCH(QByteArray, expected);
+        const QJsonObject object = QJsonDocument::fromJson(expected).object();
+        QVERIFY(!object.isEmpty());
+        QCOMPARE(run.out, QJsonDocument(object).toJson(QJsonDocument::Indented));
+    }
+
+    void sample_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QByteArray>("steps");  // the steps that must apply
+        QTest::addColumn<int>("minimumCount");
+
+        const QByteArray dynamic500 = R"({"isDynamicStepSize": true, "dynamicSteps": 500})";
+        QTest::newRow("cyclic VDI, file's dynamic steps") << Cyclic << QStringList() << 3 << dynamic500 << 50;
+        QTest::newRow("spline, file's static steps")
+            << Spline << QStringList() << 3 << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 0.5})") << 50;
+        QTest::newRow("static override, one decimal") << Cyclic << QStringList{ "--static", "2.5", "--decimals", "1" } << 1
+                                                      << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 2.5})") << 50;
+        QTest::newRow("dynamic override")
+            << Spline << QStringList{ "--dynamic", "2000" } << 3 << QByteArray(R"({"isDynamicStepSize": true, "dynamicSteps": 2000})") << 50;
+        QTest::newRow("one point gives empty lists") << cam(OnePoint) << QStringList() << 3 << dynamic500 << 0;
+        // Bad step settings are held to the grid point limit.
+        const char *threePoints = R"([[0, 0, "rest"], [100, 20, "turningPoint"], [360, 5, "rest"]])";
+        for (const char *steps : { R"({"isDynamicStepSize": false, "staticStepSize": 0})",
+                                   R"({"isDynamicStepSize": false, "staticStepSize": -3})", R"({"dynamicSteps": 2000000000})" })
+            QTest::newRow(steps) << cam(threePoints, steps) << QStringList() << 3 << QByteArray(steps) << 14000;
+    }
+
+    void sample()
+    {
+        QFETCH(QString, file);
+        QFETCH(QStringList, options);
+        QFETCH(int, decimals);
+        QFETCH(QByteArray, steps);
+        QFETCH(int, minimumCount);
+        const CamToolResult run = camtool(QStringList{ "sample", file } + options);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.err.isEmpty(), run.err.constData());
+        const QJsonObject output = run.json();
+
+        FixedScaling scaling(decimals);
+        CamDescriptionImplementation description(nullptr, QByteArray());
+        MotionPlan &plan = *localPlan(file, description, &scaling);
+        Steps applied;
+        applied.fromJson(QJsonDocument::fromJson(steps).object());
+        MotionPlanFactory::sample(&plan, &applied, false);
+        QCOMPARE(output.value("law").toString(), description.motionLaw()->dataName());
+        QCOMPARE(output.value("masterRange").toDouble(), plan.masterRange());
+        QCOMPARE(output.value("maximumMasterPosition").toDouble(), plan.maximumMasterPosition());
+        QCOMPARE(output.value("minimumStepSize").toDouble(), plan.minimumStepSize());
+        QVERIFY2(plan.positions().size() >= minimumCount && plan.positions().size() <= MotionPlan::MaximumGridPoints,
+                 qPrintable(QString::number(plan.positions().size())));
+        QCOMPARE(output.value("positions").toArray(), toJson(plan.positions()));
+        QCOMPARE(output.value("velocities").toArray(), toJson(plan.velocities()));
+        QCOMPARE(output.value("accelerations").toArray(), toJson(plan.accelerations()));
+        QCOMPARE(output.value("jerks").toArray(), toJson(plan.jerks()));
+    }
+
+    void eval_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("cyclic VDI") << Cyclic;
+        QTest::newRow("spline") << Spline;
+    }
+
+    void eval()
+    {
+        QFETCH(QString, file);
+        const CamToolResult run = camtool({ "eval", file, "--at", "0,12.5,90,1e-3,-5,359.99", "--at", "nan" });
+        QCOMPARE(run.exitCode, 0);
+        FixedScaling scaling(3);
+        CamDescriptionImplementation description(nullptr, QByteArray());
+        const MotionPlan &plan = *localPlan(file, description, &scaling);
+        QJsonArray expected;
+        for (double m : { 0.0, 12.5, 90.0, 1e-3, -5.0, 359.99, std::nan("") }) {
+            expected.append(QJsonObject{ { "master", number(m) }, { "position", number(plan.position(m)) },
+                                         { "velocity", number(plan.velocity(m)) },
+                                         { "acceleration", number(plan.acceleration(m)) }, { "jerk", number(plan.jerk(m)) } });
+        }
+        QCOMPARE(QJsonDocument::fromJson(run.out).array(), expected);
+    }
+
+    // Write, read back, write again, delete, as a user would.
+    void driveRoundTrip()
+    {
+        const QStringList table{ "--drive", m_project, "--table", "5" };
+        const CamToolResult written = camtool(QStringList{ "write", Cyclic } + table);
+        QCOMPARE(written.exitCode, 0);
+        const int count = written.json().value("count").toInt();
+        QVERIFY(count > 100);
+
+        const QJsonObject read = camtool(QStringList{ "read" } + table).json();
+        QCOMPARE(read.value("count").toInt(), count);
+        const QJsonArray points = read.value("points").toArray();
+        QCOMPARE(points.size(), count);
+        QCOMPARE(points.last().toArray().at(0).toDouble(), 360.0);  // the cyclic cam closes at its length
+        QCOMPARE(points.last().toArray().at(1).toDouble(), points.first().toArray().at(1).toDouble());
+        // How the stamp is computed is held in the grid point table's test;
+        // here the tool must report the one it wrote, and find it again.
+        const double crc = written.json().value("crc").toDouble();
+        QVERIFY(crc > 0.0);
+        QCOMPARE(read.value("storedCrc").toDouble(), crc);
+        QCOMPARE(read.value("computedCrc").toDouble(), crc);
+        QVERIFY(read.value("summary").toString().contains(QStringLiteral("Anzahl: %1").arg(count)));
+        QVERIFY(!read.value("summary").toString().contains("nicht vom Kurvenscheibeneditor"));
+
+        const QByteArray project = readFile(m_project);
+        QCOMPARE(camtool(QStringList{ "write", Cyclic } + table).exitCode, 0);
+        QCOMPARE(readFile(m_project), project);
+
+        QCOMPARE(camtool(QStringList{ "delete" } + table).json().value("count").toInt(-1), 0);
+        const QJsonObject empty = camtool(QStringList{ "read" } + table).json();
+        QCOMPARE(empty.value("count").toInt(-1), 0);
+        QCOMPARE(empty.value("points").toArray(), QJsonArray());
+        QCOMPARE(empty.value("summary").toString(), QString());
+    }
+
+    void driveRefusals_data()
+    {
+        QTest::addColumn<Project>("project");
+        QTest::addColumn<QStringList>("arguments");  // before --drive and --table 2
+        QTest::addColumn<QStringList>("options");    // after them
+        QTest::addColumn<QString>("message");
+
+        const QStringList write{ "write", Cyclic };
+        const QString tooSmall = QStringLiteral("Die Stützstellen-Arrays müssen vergrößert werden");
+        QTest::newRow("read-only") << Project::Written << write << QStringList{ "--read-only" }
+                                   << "Antriebsregler ist schreibgeschützt.";
+        QTest::newRow("online, arrays too small")
+            << Project::Written << write << QStringList{ "--online", "--table", "3" } << tooSmall;
+        QTest::newRow("first write online creates no project")
+            << Project::Missing << write << QStringList{ "--online" } << tooSmall;
+        QTest::newRow("slave beyond the array limit")
+            << Project::Written
+            << QStringList{ "write", cam(R"([[0, 0, "rest"], [10, 3000000, "rest"]])",
+                                         R"({"isDynamicStepSize": false, "staticStepSize": 5})") }
+            << QStringList()
+            << "Slave-Stützstelle [1] kann nicht geschrieben werden. Wert 3000000000 ist zu groß max: 2147483647";
+        QTest::newRow("delete online") << Project::Written << QStringList{ "delete" } << QStringList{ "--online" }
+                                       << "Bitte gehen Sie Offline";
+        for (const QStringList &verb : { write, QStringList{ "read" }, QStringList{ "delete" } })
+            QTest::addRow("damaged project, %s", qPrintable(verb.first()))
+                << Project::Damaged << verb << QStringList() << "cannot use drive project";
+    }
+
+    void driveRefusals()
+    {
+        QFETCH(Project, project);
+        QFETCH(QStringList, arguments);
+        QFETCH(QStringList, options);
+        QFETCH(QString, message);
+        if (project == Project::Written)
+            QCOMPARE(camtool({ "write", Cyclic, "--drive", m_project, "--table", "2" }).exitCode, 0);
+        if (project == Project::Damaged)
+            QVERIFY(writeFile(m_project, R"({"Drive": "MxSimulatedDrive", "Version": 1, "Axes": 2,
+                                             "Parameters": {"G283": [0.5]}})"));
+        const QByteArray before = readFile(m_project);
+
+        const CamToolResult run = camtool(arguments + QStringList{ "--drive", m_project, "--table", "2" } + options);
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(QString::fromUtf8(run.err).contains(message), run.err.constData());
+        QVERIFY(run.out.isEmpty());
+        QCOMPARE(readFile(m_project), before);
+        QCOMPARE(QFile::exists(m_project), project != Project::Missing);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCamTool)
+#include "tst_camtool.moc"
