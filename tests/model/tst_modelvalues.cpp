@@ -1,8 +1,8 @@
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/steps.h"
+#include "jsontext.h"
 
-#include <QJsonDocument>
 #include <QJsonValue>
 #include <QMetaMethod>
 #include <QSignalSpy>
@@ -16,6 +16,11 @@
 namespace {
 
 const double NaN = std::numeric_limits<double>::quiet_NaN();
+
+MotionPoint pointAt(double master, double slave, MotionPoint::movementRules type = MotionPoint::rest)
+{
+    return MotionPoint(master, slave, type);
+}
 
 QString stateOf(const MotionLaw &law)
 {
@@ -91,19 +96,15 @@ class tst_ModelValues : public QObject
 {
     Q_OBJECT
 private slots:
-    void settersEmitOnlyOnChange_data();
-    void settersEmitOnlyOnChange();
+    void emitsOnlyOnChange_data();
+    void emitsOnlyOnChange();
     void lawNames_data();
     void lawNames();
-    void stepsFromJson_data();
-    void stepsFromJson();
     void typeNames_data();
     void typeNames();
-    void pointEquality_data();
-    void pointEquality();
 };
 
-void tst_ModelValues::settersEmitOnlyOnChange_data()
+void tst_ModelValues::emitsOnlyOnChange_data()
 {
     QTest::addColumn<SetterRun>("run");
     QTest::addColumn<QString>("emitted");
@@ -113,14 +114,33 @@ void tst_ModelValues::settersEmitOnlyOnChange_data()
     QTest::newRow("MotionLaw::setFromData")
         << applying<MotionLaw>(&MotionLaw::setFromData, Json("Vdi2142"), Json("Spline"), Json("Spline"), Json("spline"))
         << "- motionLawChanged - motionLawChanged" << "0";
+
+    // Steps state: dynamic, resolution, static step size. No limits are enforced.
     // NaN never equals itself, so setting it twice notifies twice.
-    QTest::newRow("Steps::setStaticStepSize") << applying<Steps>(&Steps::setStaticStepSize, 1.0, 0.5, 0.5, NaN, NaN)
-        << "- staticStepSizeChanged - staticStepSizeChanged staticStepSizeChanged" << "1 500 nan";
+    QTest::newRow("Steps::setStaticStepSize") << applying<Steps>(&Steps::setStaticStepSize, 1.0, 0.5, 0.5, NaN, NaN, -2.0)
+        << "- staticStepSizeChanged - staticStepSizeChanged staticStepSizeChanged staticStepSizeChanged" << "1 500 -2";
     QTest::newRow("Steps::setDynamicStepResolution") << applying<Steps>(&Steps::setDynamicStepResolution, 500, 100, 100)
                                                      << "- dynamicStepResolutionChanged -" << "1 100 1";
     QTest::newRow("Steps::setIsDynamicStepSize") << applying<Steps>(&Steps::setIsDynamicStepSize, true, false, false)
                                                  << "- isDynamicStepSizeChanged -" << "0 500 1";
-    // The points start at (10, 5, rest).
+    // A load applies each member through its setter, with the defaults for
+    // missing members and members of another type.
+    QTest::newRow("Steps::fromJson, defaults") << applying<Steps>(&Steps::fromJson, parseJson("{}"),
+        parseJson(R"({"isDynamicStepSize": 0, "staticStepSize": "2", "dynamicSteps": "700"})")) << "- -" << "1 500 1";
+    QTest::newRow("Steps::fromJson, all three") << applying<Steps>(&Steps::fromJson,
+        parseJson(R"({"dynamicSteps": 20, "isDynamicStepSize": false, "staticStepSize": 0.25})"))
+        << "dynamicStepResolutionChanged+isDynamicStepSizeChanged+staticStepSizeChanged" << "0 20 0.25";
+    QTest::newRow("Steps::fromJson, 499.99 truncates") << applying<Steps>(&Steps::fromJson,
+        parseJson(R"({"dynamicSteps": 499.99})"), parseJson(R"({"dynamicSteps": 499.99})"))
+        << "dynamicStepResolutionChanged -" << "1 499 1";
+    QTest::newRow("Steps::fromJson, truncated toward zero")
+        << applying<Steps>(&Steps::fromJson, parseJson(R"({"dynamicSteps": -3.9})")) << "dynamicStepResolutionChanged" << "1 -3 1";
+    QTest::newRow("Steps::fromJson, huge resolution held to int")
+        << applying<Steps>(&Steps::fromJson, parseJson(R"({"dynamicSteps": 1e300})")) << "dynamicStepResolutionChanged"
+        << "1 2147483647 1";
+
+    // The points start at (10, 5, rest). Positions compare with a relative
+    // tolerance of 1e-12, and an absolute one where either value is zero.
     QTest::newRow("MotionPoint::setTypeByIndex") << applying<MotionPoint>(&MotionPoint::setTypeByIndex, 0, 2, 2, 7)
                                                  << "- movementRuleChanged - movementRuleChanged" << "10 5 0 1";
     // Always notifies: a drag that ends where it started must still end.
@@ -128,19 +148,22 @@ void tst_ModelValues::settersEmitOnlyOnChange_data()
         << applying<MotionPoint>(&MotionPoint::setPosition, QPointF(10.0, 5.0), QPointF(10.0, 5.0), QPointF(11.0, 6.0))
         << "moved moved moved" << "11 6 0 1";
     QTest::newRow("MotionPoint::setFrom")
-        << applying<MotionPoint>(&MotionPoint::setFrom, MotionPoint(10.0 + 1e-13, 5.0, MotionPoint::rest),
-                                 MotionPoint(12.0, 7.0, MotionPoint::acceleration),
-                                 MotionPoint(12.0, 7.0, MotionPoint::turningPoint))
-        << "- edited edited" << "12 7 2 1";
+        << applying<MotionPoint>(&MotionPoint::setFrom, pointAt(10.0 + 1e-13, 5.0), pointAt(10.0 + 1e-10, 5.0),
+                                 pointAt(12.0, 7.0, MotionPoint::acceleration), pointAt(12.0, 7.0, MotionPoint::turningPoint))
+        << "- edited edited edited" << "12 7 2 1";
+    QTest::newRow("MotionPoint::setFrom near zero")
+        << applying<MotionPoint>(&MotionPoint::setFrom, pointAt(0.0, 5.0), pointAt(1e-13, 5.0), pointAt(1e-11, 5.0),
+                                 pointAt(1e-11, 5.0 * (1.0 + 1e-13)), pointAt(1e-11, 0.0), pointAt(1e-11, 1e-13))
+        << "edited - edited - edited -" << "1e-11 0 0 1";
     QTest::newRow("MotionPoint::setTypeApplies") << applying<MotionPoint>(&MotionPoint::setTypeApplies, false) << "-"
                                                  << "10 5 0 0";
     QTest::newRow("MotionPoint assignment")
-        << applying<MotionPoint>([](MotionPoint &point, const MotionPoint &other) { point = other; },
-                                 MotionPoint(3.0, 4.0, MotionPoint::acceleration))
+        << applying<MotionPoint>([](MotionPoint &target, const MotionPoint &other) { target = other; },
+                                 pointAt(3.0, 4.0, MotionPoint::acceleration))
         << "-" << "3 4 3 1";
 }
 
-void tst_ModelValues::settersEmitOnlyOnChange()
+void tst_ModelValues::emitsOnlyOnChange()
 {
     QFETCH(SetterRun, run);
     QFETCH(QString, emitted);
@@ -183,46 +206,6 @@ void tst_ModelValues::lawNames()
     }
 }
 
-void tst_ModelValues::stepsFromJson_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("state");  // dynamic, resolution, static step size
-    QTest::addColumn<QString>("emitted");
-    // A fresh object starts from the defaults, so an empty object changes nothing.
-    const QString resolution = QStringLiteral("dynamicStepResolutionChanged");
-    QTest::newRow("empty object keeps defaults silently") << QByteArray("{}") << "1 500 1" << "-";
-    QTest::newRow("499.99 truncates to 499") << QByteArray(R"({"dynamicSteps": 499.99})") << "1 499 1" << resolution;
-    QTest::newRow("negative truncates toward zero") << QByteArray(R"({"dynamicSteps": -3.9})") << "1 -3 1" << resolution;
-    QTest::newRow("string resolution gives default") << QByteArray(R"({"dynamicSteps": "700"})") << "1 500 1" << "-";
-    QTest::newRow("huge resolution is held to int") << QByteArray(R"({"dynamicSteps": 1e300})") << "1 2147483647 1"
-                                                  << resolution;
-    QTest::newRow("all three") << QByteArray(R"({"dynamicSteps": 20, "isDynamicStepSize": false, "staticStepSize": 0.25})")
-                               << "0 20 0.25" << resolution + "+isDynamicStepSizeChanged+staticStepSizeChanged";
-    QTest::newRow("wrong types give defaults") << QByteArray(R"({"isDynamicStepSize": 0, "staticStepSize": "2"})")
-                                               << "1 500 1" << "-";
-    QTest::newRow("negative step stored as given") << QByteArray(R"({"staticStepSize": -2})") << "1 500 -2"
-                                                   << "staticStepSizeChanged";
-}
-
-void tst_ModelValues::stepsFromJson()
-{
-    QFETCH(QByteArray, json);
-    QFETCH(QString, state);
-    QFETCH(QString, emitted);
-    Steps steps;
-    SignalNames names(&steps);
-    const QJsonObject object = QJsonDocument::fromJson(json).object();
-    steps.fromJson(object);
-    QCOMPARE(stateOf(steps), state);
-    QCOMPARE(names.take(), emitted);
-    // Loading the same again changes nothing, and what is written reads back.
-    steps.fromJson(object);
-    QCOMPARE(names.take(), QStringLiteral("-"));
-    Steps copy;
-    copy.fromJson(steps.toJson());
-    QCOMPARE(stateOf(copy), state);
-}
-
 void tst_ModelValues::typeNames_data()
 {
     QTest::addColumn<int>("type");
@@ -256,35 +239,10 @@ void tst_ModelValues::typeNames()
     point.setTypeApplies(false);
     QCOMPARE(point.typeDisplayName(), QString());
     QCOMPARE(point.typeDataName(), dataName);
-    QCOMPARE(stateOf(MotionPoint(point)), QStringLiteral("1.5 2.5 %1 1").arg(type));
-}
-
-void tst_ModelValues::pointEquality_data()
-{
-    QTest::addColumn<QPointF>("a");
-    QTest::addColumn<QPointF>("b");
-    QTest::addColumn<bool>("equal");
-    QTest::newRow("relative 1e-13 is equal") << QPointF(1.0, 2.0) << QPointF(1.0 + 1e-13, 2.0) << true;
-    QTest::newRow("relative 1e-11 differs") << QPointF(1.0, 2.0) << QPointF(1.0 + 1e-11, 2.0) << false;
-    QTest::newRow("zero against 1e-11 differs") << QPointF(0.0, 0.0) << QPointF(1e-11, 0.0) << false;
-    QTest::newRow("zero against 1e-13 is equal") << QPointF(0.0, 0.0) << QPointF(1e-13, 0.0) << true;
-    QTest::newRow("slave zero against 1e-11 differs") << QPointF(5.0, 0.0) << QPointF(5.0, 1e-11) << false;
-    QTest::newRow("large values within 1e-12") << QPointF(1e6, 3.0) << QPointF(1e6 + 1e-7, 3.0) << true;
-}
-
-void tst_ModelValues::pointEquality()
-{
-    QFETCH(QPointF, a);
-    QFETCH(QPointF, b);
-    QFETCH(bool, equal);
-    MotionPoint first(a.x(), a.y(), MotionPoint::speed);
-    MotionPoint second(b.x(), b.y(), MotionPoint::speed);
-    QCOMPARE(first.isEqual(second), equal);
-    QCOMPARE(second.isEqual(first), equal);
-    QCOMPARE(first.differs(&second), !equal);
-    MotionPoint otherType(b.x(), b.y(), MotionPoint::rest);
-    QVERIFY(first.differs(&otherType));
-    QVERIFY(first.differs(nullptr));
+    const MotionPoint copy(point);
+    QCOMPARE(stateOf(copy), QStringLiteral("1.5 2.5 %1 1").arg(type));
+    QVERIFY(!copy.differs(&point));
+    QVERIFY(copy.differs(nullptr));
 }
 
 QTEST_GUILESS_MAIN(tst_ModelValues)
