@@ -31,105 +31,112 @@ class TestCurveTextConverter : public QObject
     Q_OBJECT
 
 private slots:
-    void namedFormats_data();
-    void namedFormats();
-    void freeFormat_data();
-    void freeFormat();
+    void convert_data();
+    void convert();
     void formatPresetsSeparators_data();
     void formatPresetsSeparators();
-    void failedValues_data();
-    void failedValues();
     void patternFollowsTheSettingsBetweenConversions();
 };
 
-void TestCurveTextConverter::namedFormats_data()
+void TestCurveTextConverter::convert_data()
 {
     QTest::addColumn<int>("format");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QPolygonF>("expected");
-
-    const int servoSoft = CurveTextConverter::ServoSoft;
-    QTest::newRow("SERVOsoft: repeated semicolons are one separator")
-        << servoSoft << "0;0\n10,5;;20,25\n" << pairs({ { 0, 0 }, { 10.5, 20.25 } });
-    QTest::newRow("SERVOsoft: master exponent is not read") << servoSoft << "1e3;5" << pairs({ { 3, 5 } });
-    QTest::newRow("SERVOsoft: slave exponent") << servoSoft << "1,5;2,5e2\n-1;2E-1" << pairs({ { 1.5, 250 }, { -1, 0.2 } });
-    QTest::newRow("SERVOsoft: signs") << servoSoft << "-1,5;+2\n+3;-4,125" << pairs({ { -1.5, 2 }, { 3, -4.125 } });
-    QTest::newRow("SERVOsoft: byte order mark, header, units and Windows line ends skipped")
-        << servoSoft << "\uFEFFMasterposition;Slaveposition\r\n[Grad];[mm]\r\n0;1\r\n360;2,5\r\n"
-        << pairs({ { 0, 1 }, { 360, 2.5 } });
-    QTest::newRow("SERVOsoft: comment with a pair yields a pair") << servoSoft << "# Beispiel 1;2\n3;4"
-                                                                  << pairs({ { 1, 2 }, { 3, 4 } });
-    QTest::newRow("SERVOsoft: decimal point splits a number") << servoSoft << "1.5;2.5" << pairs({ { 5, 2 } });
-    QTest::newRow("SERVOsoft: decimal comma without digits") << servoSoft << "7,;8," << pairs({ { 7, 8 } });
-    QTest::newRow("SERVOsoft: blank after the separator") << servoSoft << "1; 2" << QPolygonF();
-    QTest::newRow("SERVOsoft: empty text") << servoSoft << "" << QPolygonF();
-
-    const int twinCat2 = CurveTextConverter::TwinCat2;
-    QTest::newRow("TwinCat2: point decimals, comma separator") << twinCat2 << "1.5,2.5" << pairs({ { 1.5, 2.5 } });
-    QTest::newRow("TwinCat2: decimal commas read as pairs") << twinCat2 << "1,5;2,5" << pairs({ { 1, 5 }, { 2, 5 } });
-    QTest::newRow("TwinCat2: no exponent on the slave") << twinCat2 << "1.0,2.0e3" << pairs({ { 1, 2 } });
-    QTest::newRow("TwinCat2: two commas are no separator") << twinCat2 << "1,,2" << QPolygonF();
-    QTest::newRow("TwinCat2: lines with signs") << twinCat2 << "0,0\r\n-1.5,+2.25\r\n" << pairs({ { 0, 0 }, { -1.5, 2.25 } });
-
-    const int codeSys = CurveTextConverter::CodeSys;
-    QTest::newRow("CodeSys: semicolon and blanks, slave exponent") << codeSys << "1.0;  2.0e-3" << pairs({ { 1.0, 0.002 } });
-    QTest::newRow("CodeSys: a blank must follow the semicolon") << codeSys << "1.0;2.0" << QPolygonF();
-    QTest::newRow("CodeSys: a tab is no blank") << codeSys << "1.0;\t2.0" << QPolygonF();
-    QTest::newRow("CodeSys: lines") << codeSys << "Master; Slave\n0; 0\n90.5; 12.75\n" << pairs({ { 0, 0 }, { 90.5, 12.75 } });
-    QTest::newRow("CodeSys: decimal comma splits a number") << codeSys << "1,5; 2" << pairs({ { 5, 2 } });
-}
-
-void TestCurveTextConverter::namedFormats()
-{
-    QFETCH(int, format);
-    QFETCH(QString, text);
-    QFETCH(QPolygonF, expected);
-    CurveTextConverter converter;
-    converter.setFormat(format);
-    converter.setText(text);
-    compareExactly(converter.convert(), expected);
-    QCOMPARE(converter.errorMessage(), QString());
-}
-
-void TestCurveTextConverter::freeFormat_data()
-{
-    QTest::addColumn<int>("decimalSeparator");  // -1: the initial choice
+    QTest::addColumn<int>("decimalSeparator");  // -1: as the format leaves it
     QTest::addColumn<int>("valueSeparator");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QPolygonF>("expected");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, int format, const QString &text, const QPolygonF &expected,
+                        const QString &message = QString()) {
+        QTest::newRow(name) << format << -1 << -1 << text << expected << message;
+    };
+    const auto freeRow = [](const char *name, int decimalSeparator, int valueSeparator, const char *text,
+                         const QPolygonF &expected) {
+        QTest::newRow(name) << int(CurveTextConverter::FreeFormat) << decimalSeparator << valueSeparator
+                            << QString::fromUtf8(text) << expected << QString();
+    };
+
+    const int servoSoft = CurveTextConverter::ServoSoft;
+    row("SERVOsoft: repeated semicolons are one separator", servoSoft, "0;0\n10,5;;20,25\n", pairs({ { 0, 0 }, { 10.5, 20.25 } }));
+    row("SERVOsoft: master exponent is not read", servoSoft, "1e3;5", pairs({ { 3, 5 } }));
+    row("SERVOsoft: slave exponent", servoSoft, "1,5;2,5e2\n-1;2E-1", pairs({ { 1.5, 250 }, { -1, 0.2 } }));
+    row("SERVOsoft: signs", servoSoft, "-1,5;+2\n+3;-4,125", pairs({ { -1.5, 2 }, { 3, -4.125 } }));
+    row("SERVOsoft: byte order mark, header, units and Windows line ends skipped", servoSoft,
+        QString::fromUtf8("\uFEFFMasterposition;Slaveposition\r\n[Grad];[mm]\r\n0;1\r\n360;2,5\r\n"),
+        pairs({ { 0, 1 }, { 360, 2.5 } }));
+    row("SERVOsoft: comment with a pair yields a pair", servoSoft, "# Beispiel 1;2\n3;4", pairs({ { 1, 2 }, { 3, 4 } }));
+    row("SERVOsoft: decimal point splits a number", servoSoft, "1.5;2.5", pairs({ { 5, 2 } }));
+    row("SERVOsoft: decimal comma without digits", servoSoft, "7,;8,", pairs({ { 7, 8 } }));
+    row("SERVOsoft: blank after the separator", servoSoft, "1; 2", QPolygonF());
+    row("SERVOsoft: empty text", servoSoft, "", QPolygonF());
+
+    const int twinCat2 = CurveTextConverter::TwinCat2;
+    row("TwinCat2: point decimals, comma separator", twinCat2, "1.5,2.5", pairs({ { 1.5, 2.5 } }));
+    row("TwinCat2: decimal commas read as pairs", twinCat2, "1,5;2,5", pairs({ { 1, 5 }, { 2, 5 } }));
+    row("TwinCat2: no exponent on the slave", twinCat2, "1.0,2.0e3", pairs({ { 1, 2 } }));
+    row("TwinCat2: two commas are no separator", twinCat2, "1,,2", QPolygonF());
+    row("TwinCat2: lines with signs", twinCat2, "0,0\r\n-1.5,+2.25\r\n", pairs({ { 0, 0 }, { -1.5, 2.25 } }));
+
+    const int codeSys = CurveTextConverter::CodeSys;
+    row("CodeSys: semicolon and blanks, slave exponent", codeSys, "1.0;  2.0e-3", pairs({ { 1.0, 0.002 } }));
+    row("CodeSys: a blank must follow the semicolon", codeSys, "1.0;2.0", QPolygonF());
+    row("CodeSys: a tab is no blank", codeSys, "1.0;\t2.0", QPolygonF());
+    row("CodeSys: lines", codeSys, "Master; Slave\n0; 0\n90.5; 12.75\n", pairs({ { 0, 0 }, { 90.5, 12.75 } }));
+    row("CodeSys: decimal comma splits a number", codeSys, "1,5; 2", pairs({ { 5, 2 } }));
 
     const int point = CurveTextConverter::DecimalPoint;
     const int comma = CurveTextConverter::DecimalComma;
-    QTest::newRow("initial choice: point and semicolon") << -1 << -1 << "1.5;2.5e1\n1,5;2" << pairs({ { 1.5, 25 }, { 5, 2 } });
-    QTest::newRow("exactly one semicolon") << point << int(CurveTextConverter::Semicolon) << "1;;2" << QPolygonF();
-    QTest::newRow("comma decimals, blank separator")
-        << comma << int(CurveTextConverter::Blank) << "1,5 2,5" << pairs({ { 1.5, 2.5 } });
-    QTest::newRow("two blanks do not separate") << comma << int(CurveTextConverter::Blank) << "1,5  2,5" << QPolygonF();
-    QTest::newRow("tab separator") << point << int(CurveTextConverter::Tab) << "1.5\t2.5\n3\t4"
-                                   << pairs({ { 1.5, 2.5 }, { 3, 4 } });
-    QTest::newRow("two tabs do not separate") << point << int(CurveTextConverter::Tab) << "1.5\t\t2.5" << QPolygonF();
-    QTest::newRow("comma decimals, tab separator")
-        << comma << int(CurveTextConverter::Tab) << "1,5\t2,5e-1" << pairs({ { 1.5, 0.25 } });
-    QTest::newRow("point decimals, comma separator")
-        << point << int(CurveTextConverter::Comma) << "1.5,2.5E2" << pairs({ { 1.5, 250 } });
-    QTest::newRow("comma decimals with comma separator")
-        << comma << int(CurveTextConverter::Comma) << "1,5,2" << pairs({ { 1.5, 2 } });
+    const int semicolon = CurveTextConverter::Semicolon;
+    const int tab = CurveTextConverter::Tab;
+    const int blank = CurveTextConverter::Blank;
+    freeRow("free: initial choice is point and semicolon", -1, -1, "1.5;2.5e1\n1,5;2", pairs({ { 1.5, 25 }, { 5, 2 } }));
+    freeRow("free: exactly one semicolon", point, semicolon, "1;;2", QPolygonF());
+    freeRow("free: comma decimals, blank separator", comma, blank, "1,5 2,5", pairs({ { 1.5, 2.5 } }));
+    freeRow("free: two blanks do not separate", comma, blank, "1,5  2,5", QPolygonF());
+    freeRow("free: tab separator", point, tab, "1.5\t2.5\n3\t4", pairs({ { 1.5, 2.5 }, { 3, 4 } }));
+    freeRow("free: two tabs do not separate", point, tab, "1.5\t\t2.5", QPolygonF());
+    freeRow("free: comma decimals, tab separator", comma, tab, "1,5\t2,5e-1", pairs({ { 1.5, 0.25 } }));
+    freeRow("free: point decimals, comma separator", point, CurveTextConverter::Comma, "1.5,2.5E2", pairs({ { 1.5, 250 } }));
+    freeRow("free: comma decimals with comma separator", comma, CurveTextConverter::Comma, "1,5,2", pairs({ { 1.5, 2 } }));
+
+    // The patterns only let digits through, so what fails is the range of a double.
+    const QString huge(400, QLatin1Char('9'));
+    const QString tiny = QStringLiteral("0,") + QString(400, QLatin1Char('0')) + QLatin1Char('1');
+    const QString failedMaster = QStringLiteral("Master-Position %1 konnte nicht konvertiert werden.");
+    const QString failedSlave = QStringLiteral("Slave-Position %1 konnte nicht konvertiert werden.");
+    row("failed: SERVOsoft slave overflow", servoSoft, "1;1e999", pairs({ { 1, 0 } }), failedSlave.arg("1e999"));
+    row("failed: SERVOsoft master underflow, shown with a point", servoSoft, tiny + ";2", pairs({ { 0, 2 } }),
+        failedMaster.arg(QString(tiny).replace(QLatin1Char(','), QLatin1Char('.'))));
+    row("failed: TwinCat2 master overflow", twinCat2, huge + ",1.5", pairs({ { 0, 1.5 } }), failedMaster.arg(huge));
+    row("failed: CodeSys slave underflow", codeSys, "1.0; 1e-999", pairs({ { 1, 0 } }), failedSlave.arg("1e-999"));
+    row("failed: free format, the last failure wins, good lines are kept", CurveTextConverter::FreeFormat,
+        "1;1e999\n2;3e999\n4;5", pairs({ { 1, 0 }, { 2, 0 }, { 4, 5 } }), failedSlave.arg("3e999"));
+    row("failed: slave failure follows master failure in one pair", twinCat2, huge + QLatin1Char(',') + huge,
+        pairs({ { 0, 0 } }), failedSlave.arg(huge));
 }
 
-// Every row starts from a fresh converter, whose format is the free format.
-void TestCurveTextConverter::freeFormat()
+void TestCurveTextConverter::convert()
 {
+    QFETCH(int, format);
     QFETCH(int, decimalSeparator);
     QFETCH(int, valueSeparator);
     QFETCH(QString, text);
     QFETCH(QPolygonF, expected);
+    QFETCH(QString, message);
     CurveTextConverter converter;
+    // The free format is the initial one.
+    if (format != CurveTextConverter::FreeFormat)
+        converter.setFormat(format);
     if (decimalSeparator >= 0) {
         converter.setDecimalSeparator(decimalSeparator);
         converter.setValueSeparator(valueSeparator);
     }
     converter.setText(text);
     compareExactly(converter.convert(), expected);
+    QCOMPARE(converter.errorMessage(), message);
+    // The message tells about the last conversion only.
+    converter.setText(QString());
+    QVERIFY(converter.convert().isEmpty());
     QCOMPARE(converter.errorMessage(), QString());
 }
 
@@ -163,52 +170,6 @@ void TestCurveTextConverter::formatPresetsSeparators()
     QCOMPARE(converter.format(), format);
     QCOMPARE(converter.decimalSeparator(), decimalSeparator);
     QCOMPARE(converter.valueSeparator(), valueSeparator);
-}
-
-void TestCurveTextConverter::failedValues_data()
-{
-    QTest::addColumn<int>("format");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QPolygonF>("expected");
-    QTest::addColumn<QString>("message");
-
-    // The patterns only let digits through, so what fails is the range of a double.
-    const QString huge(400, QLatin1Char('9'));
-    const QString tiny = QStringLiteral("0,") + QString(400, QLatin1Char('0')) + QLatin1Char('1');
-    QTest::newRow("SERVOsoft slave overflow") << 0 << "1;1e999" << pairs({ { 1, 0 } })
-                                              << "Slave-Position 1e999 konnte nicht konvertiert werden.";
-    QTest::newRow("SERVOsoft master underflow, shown with a point")
-        << 0 << (tiny + ";2") << pairs({ { 0, 2 } })
-        << QStringLiteral("Master-Position %1 konnte nicht konvertiert werden.")
-               .arg(QString(tiny).replace(QLatin1Char(','), QLatin1Char('.')));
-    QTest::newRow("TwinCat2 master overflow")
-        << 1 << (huge + ",1.5") << pairs({ { 0, 1.5 } })
-        << QStringLiteral("Master-Position %1 konnte nicht konvertiert werden.").arg(huge);
-    QTest::newRow("CodeSys slave underflow") << 2 << "1.0; 1e-999" << pairs({ { 1, 0 } })
-                                             << "Slave-Position 1e-999 konnte nicht konvertiert werden.";
-    QTest::newRow("free format: the last failure wins, good lines are kept")
-        << 3 << "1;1e999\n2;3e999\n4;5" << pairs({ { 1, 0 }, { 2, 0 }, { 4, 5 } })
-        << "Slave-Position 3e999 konnte nicht konvertiert werden.";
-    QTest::newRow("slave failure follows master failure in one pair")
-        << 1 << (huge + QLatin1Char(',') + huge) << pairs({ { 0, 0 } })
-        << QStringLiteral("Slave-Position %1 konnte nicht konvertiert werden.").arg(huge);
-}
-
-void TestCurveTextConverter::failedValues()
-{
-    QFETCH(int, format);
-    QFETCH(QString, text);
-    QFETCH(QPolygonF, expected);
-    QFETCH(QString, message);
-    CurveTextConverter converter;
-    converter.setFormat(format);
-    converter.setText(text);
-    compareExactly(converter.convert(), expected);
-    QCOMPARE(converter.errorMessage(), message);
-    // The next conversion without a failure clears the message.
-    converter.setText(QString());
-    converter.convert();
-    QCOMPARE(converter.errorMessage(), QString());
 }
 
 void TestCurveTextConverter::patternFollowsTheSettingsBetweenConversions()
