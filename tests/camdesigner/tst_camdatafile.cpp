@@ -100,7 +100,7 @@ void tst_CamDataFile::loadFromFileGoesThroughTheUndoStack()
 {
     const QString path = m_dir.filePath(QStringLiteral("load.json"));
     QVERIFY(writeFile(path, QJsonDocument(sample()).toJson()));
-    // Without an undo stack nothing is loaded; the command's test holds that.
+    // Undo, and the load without an undo stack, are the command's test's.
     CamDescriptionImplementation description(nullptr, QByteArray());
     Controller stack;
     description.setUndoStack(&stack);
@@ -108,9 +108,6 @@ void tst_CamDataFile::loadFromFileGoesThroughTheUndoStack()
     QCOMPARE(stack.count(), 1);
     QCOMPARE(stack.text(0), QStringLiteral("Lade Kurvendefinitionsdaten : load.json"));
     QCOMPARE(description.toJson(), sample());
-    stack.undo();
-    QVERIFY(description.isEmpty());
-    QCOMPARE(description.circularLength(), 1.0);
 }
 
 void tst_CamDataFile::loadFromMissingFileWarnsAndChangesNothing()

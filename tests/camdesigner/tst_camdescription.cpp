@@ -31,8 +31,6 @@ public:
                 [this] { names.append("motionPointChanged"); });
         connect(description, &CamDescriptionImplementation::motionLawChanged, this,
                 [this] { names.append("motionLawChanged"); });
-        connect(description, &CamDescriptionImplementation::circularLengthChanged, this,
-                [this] { names.append("circularLengthChanged"); });
     }
     QStringList names;
 };
