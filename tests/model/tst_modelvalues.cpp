@@ -1,0 +1,250 @@
+#include "model/motionlaw.h"
+#include "model/motionpoint.h"
+#include "model/steps.h"
+#include "jsontext.h"
+
+#include <QJsonValue>
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+#include <limits>
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+namespace {
+
+const double NaN = std::numeric_limits<double>::quiet_NaN();
+
+MotionPoint pointAt(double master, double slave, MotionPoint::movementRules type = MotionPoint::rest)
+{
+    return MotionPoint(master, slave, type);
+}
+
+QString stateOf(const MotionLaw &law)
+{
+    return QString::number(law.law());
+}
+
+QString stateOf(const Steps &steps)
+{
+    return QStringLiteral("%1 %2 %3").arg(steps.isDynamicStepSize()).arg(steps.dynamicStepResolution()).arg(steps.staticStepSize());
+}
+
+QString stateOf(const MotionPoint &point)
+{
+    return QStringLiteral("%1 %2 %3 %4").arg(point.master()).arg(point.slave()).arg(point.type()).arg(point.typeApplies());
+}
+
+// Spies on every signal the object's own class declares, so that a setter
+// that emits the wrong signal, or one too many, is seen as well.
+class SignalNames
+{
+public:
+    explicit SignalNames(QObject *object)
+    {
+        const QMetaObject *meta = object->metaObject();
+        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+            const QMetaMethod method = meta->method(i);
+            if (method.methodType() == QMetaMethod::Signal)
+                m_spies.emplace_back(QString::fromLatin1(method.name()),
+                                     std::make_unique<QSignalSpy>(object, "2" + method.methodSignature()));
+        }
+    }
+    // The signals emitted since the last call, one name per emission joined
+    // by "+"; "-" for none.
+    QString take()
+    {
+        QStringList names;
+        for (auto &[name, spy] : m_spies) {
+            for (; !spy->isEmpty(); spy->removeFirst())
+                names.append(name);
+        }
+        return names.isEmpty() ? QStringLiteral("-") : names.join(QLatin1Char('+'));
+    }
+
+private:
+    std::vector<std::pair<QString, std::unique_ptr<QSignalSpy>>> m_spies;
+};
+
+// Applies the values one after the other to a fresh object; gives the signals
+// of each call, separated by blanks, and the state the object ends in.
+using SetterRun = std::function<QStringList()>;
+
+template <typename T, typename Set, typename... Values>
+SetterRun applying(Set set, Values... values)
+{
+    return [=] {
+        std::unique_ptr<T> object;
+        if constexpr (std::is_same_v<T, MotionPoint>)
+            object = std::make_unique<MotionPoint>(10.0, 5.0, MotionPoint::rest);
+        else
+            object = std::make_unique<T>();
+        SignalNames names(object.get());
+        QStringList emitted;
+        ((std::invoke(set, *object, values), emitted.append(names.take())), ...);
+        return QStringList { emitted.join(QLatin1Char(' ')), stateOf(*object) };
+    };
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(SetterRun)
+
+class tst_ModelValues : public QObject
+{
+    Q_OBJECT
+private slots:
+    void emitsOnlyOnChange_data();
+    void emitsOnlyOnChange();
+    void lawNames_data();
+    void lawNames();
+    void typeNames_data();
+    void typeNames();
+};
+
+void tst_ModelValues::emitsOnlyOnChange_data()
+{
+    QTest::addColumn<SetterRun>("run");
+    QTest::addColumn<QString>("emitted");
+    QTest::addColumn<QString>("state");
+    using Json = QJsonValue;
+    QTest::newRow("MotionLaw::setLaw") << applying<MotionLaw>(&MotionLaw::setLaw, 0, 1, 1) << "- motionLawChanged -" << "1";
+    QTest::newRow("MotionLaw::setFromData")
+        << applying<MotionLaw>(&MotionLaw::setFromData, Json("Vdi2142"), Json("Spline"), Json("Spline"), Json("spline"))
+        << "- motionLawChanged - motionLawChanged" << "0";
+
+    // Steps state: dynamic, resolution, static step size. No limits are enforced.
+    // NaN never equals itself, so setting it twice notifies twice.
+    QTest::newRow("Steps::setStaticStepSize") << applying<Steps>(&Steps::setStaticStepSize, 1.0, 0.5, 0.5, NaN, NaN, -2.0)
+        << "- staticStepSizeChanged - staticStepSizeChanged staticStepSizeChanged staticStepSizeChanged" << "1 500 -2";
+    QTest::newRow("Steps::setDynamicStepResolution") << applying<Steps>(&Steps::setDynamicStepResolution, 500, 100, 100)
+                                                     << "- dynamicStepResolutionChanged -" << "1 100 1";
+    QTest::newRow("Steps::setIsDynamicStepSize") << applying<Steps>(&Steps::setIsDynamicStepSize, true, false, false)
+                                                 << "- isDynamicStepSizeChanged -" << "0 500 1";
+    // A load applies each member through its setter, with the defaults for
+    // missing members and members of another type.
+    QTest::newRow("Steps::fromJson, defaults") << applying<Steps>(&Steps::fromJson, parseJson("{}"),
+        parseJson(R"({"isDynamicStepSize": 0, "staticStepSize": "2", "dynamicSteps": "700"})")) << "- -" << "1 500 1";
+    QTest::newRow("Steps::fromJson, all three") << applying<Steps>(&Steps::fromJson,
+        parseJson(R"({"dynamicSteps": 20, "isDynamicStepSize": false, "staticStepSize": 0.25})"))
+        << "dynamicStepResolutionChanged+isDynamicStepSizeChanged+staticStepSizeChanged" << "0 20 0.25";
+    QTest::newRow("Steps::fromJson, 499.99 truncates") << applying<Steps>(&Steps::fromJson,
+        parseJson(R"({"dynamicSteps": 499.99})"), parseJson(R"({"dynamicSteps": 499.99})"))
+        << "dynamicStepResolutionChanged -" << "1 499 1";
+    QTest::newRow("Steps::fromJson, truncated toward zero")
+        << applying<Steps>(&Steps::fromJson, parseJson(R"({"dynamicSteps": -3.9})")) << "dynamicStepResolutionChanged" << "1 -3 1";
+    QTest::newRow("Steps::fromJson, huge resolution held to int")
+        << applying<Steps>(&Steps::fromJson, parseJson(R"({"dynamicSteps": 1e300})")) << "dynamicStepResolutionChanged"
+        << "1 2147483647 1";
+
+    // The points start at (10, 5, rest). Positions compare with a relative
+    // tolerance of 1e-12, and an absolute one where either value is zero.
+    QTest::newRow("MotionPoint::setTypeByIndex") << applying<MotionPoint>(&MotionPoint::setTypeByIndex, 0, 2, 2, 7)
+                                                 << "- movementRuleChanged - movementRuleChanged" << "10 5 0 1";
+    // Always notifies: a drag that ends where it started must still end.
+    QTest::newRow("MotionPoint::setPosition")
+        << applying<MotionPoint>(&MotionPoint::setPosition, QPointF(10.0, 5.0), QPointF(10.0, 5.0), QPointF(11.0, 6.0))
+        << "moved moved moved" << "11 6 0 1";
+    QTest::newRow("MotionPoint::setFrom")
+        << applying<MotionPoint>(&MotionPoint::setFrom, pointAt(10.0 + 1e-13, 5.0), pointAt(10.0 + 1e-10, 5.0),
+                                 pointAt(12.0, 7.0, MotionPoint::acceleration), pointAt(12.0, 7.0, MotionPoint::turningPoint))
+        << "- edited edited edited" << "12 7 2 1";
+    QTest::newRow("MotionPoint::setFrom near zero")
+        << applying<MotionPoint>(&MotionPoint::setFrom, pointAt(0.0, 5.0), pointAt(1e-13, 5.0), pointAt(1e-11, 5.0),
+                                 pointAt(1e-11, 5.0 * (1.0 + 1e-13)), pointAt(1e-11, 0.0), pointAt(1e-11, 1e-13))
+        << "edited - edited - edited -" << "1e-11 0 0 1";
+    QTest::newRow("MotionPoint::setTypeApplies") << applying<MotionPoint>(&MotionPoint::setTypeApplies, false) << "-"
+                                                 << "10 5 0 0";
+    QTest::newRow("MotionPoint assignment")
+        << applying<MotionPoint>([](MotionPoint &target, const MotionPoint &other) { target = other; },
+                                 pointAt(3.0, 4.0, MotionPoint::acceleration))
+        << "-" << "3 4 3 1";
+}
+
+void tst_ModelValues::emitsOnlyOnChange()
+{
+    QFETCH(SetterRun, run);
+    QFETCH(QString, emitted);
+    QFETCH(QString, state);
+    QCOMPARE(run(), QStringList({ emitted, state }));
+}
+
+void tst_ModelValues::lawNames_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<QString>("dataName");
+    QTest::addColumn<QString>("displayName");
+    QTest::addColumn<int>("index");
+    QTest::newRow("vdi") << 0 << "Vdi2142" << QString::fromUtf8("Polynom fünften Grades") << 0;
+    QTest::newRow("spline") << 1 << "Spline" << "Kubischer Spline" << 1;
+    QTest::newRow("unknown") << 2 << "" << "" << -1;
+    QTest::newRow("negative") << -1 << "" << "" << -1;
+}
+
+void tst_ModelValues::lawNames()
+{
+    QFETCH(int, law);
+    QFETCH(QString, dataName);
+    QFETCH(QString, displayName);
+    QFETCH(int, index);
+    MotionLaw motionLaw;
+    motionLaw.setLaw(law);
+    QCOMPARE(motionLaw.dataName(), dataName);
+    QCOMPARE(MotionLaw::dataName(law), dataName);
+    QCOMPARE(MotionLaw::displayName(law), displayName);
+    QCOMPARE(MotionLaw::indexForLaw(law), index);
+    // An index not in the table, and any value but a data name written exactly, select law 0.
+    const int known = index < 0 ? 0 : law;
+    QCOMPARE(MotionLaw::lawForIndex(index < 0 ? law : index), known);
+    for (const QJsonValue &value :
+         { QJsonValue(dataName), QJsonValue(dataName.toLower()), QJsonValue(displayName), QJsonValue(law) }) {
+        motionLaw.setLaw(known == 0 ? 1 : 0);
+        motionLaw.setFromData(value);
+        QCOMPARE(motionLaw.law(), value == QJsonValue(dataName) ? known : 0);
+    }
+}
+
+void tst_ModelValues::typeNames_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("dataName");
+    QTest::addColumn<QString>("displayName");
+    QTest::addColumn<int>("index");
+    QTest::newRow("rest") << int(MotionPoint::rest) << "rest" << QString::fromUtf8("Rast") << 0;
+    QTest::newRow("speed") << int(MotionPoint::speed) << "speed" << QString::fromUtf8("Konstante Geschwindigkeit") << 1;
+    QTest::newRow("turningPoint") << int(MotionPoint::turningPoint) << "turningPoint" << QString::fromUtf8("Umkehrpunkt") << 3;
+    QTest::newRow("acceleration") << int(MotionPoint::acceleration) << "acceleration" << QString::fromUtf8("Beschleunigung") << 2;
+    QTest::newRow("unknown") << 9 << "" << "" << -1;
+}
+
+void tst_ModelValues::typeNames()
+{
+    QFETCH(int, type);
+    QFETCH(QString, dataName);
+    QFETCH(QString, displayName);
+    QFETCH(int, index);
+    MotionPoint point(1.5, 2.5, static_cast<MotionPoint::movementRules>(type));
+    QCOMPARE(point.typeDataName(), dataName);
+    QCOMPARE(point.typeDisplayName(), displayName);
+    QCOMPARE(MotionPoint::indexForType(type), index);
+    // Unknown names and indices read as rest; a display name is no data name.
+    const int read = dataName.isEmpty() ? int(MotionPoint::rest) : type;
+    QCOMPARE(MotionPoint(1.0, 2.0, dataName).type(), read);
+    QCOMPARE(MotionPoint(1.0, 2.0, MotionPoint::ComboBoxIndex(index)).type(), read);
+    QCOMPARE(MotionPoint(1.0, 2.0, displayName).type(), int(MotionPoint::rest));
+    // A type that does not apply to the law shows no name, but keeps its data
+    // name; a copy carries the values and applies again.
+    point.setTypeApplies(false);
+    QCOMPARE(point.typeDisplayName(), QString());
+    QCOMPARE(point.typeDataName(), dataName);
+    const MotionPoint copy(point);
+    QCOMPARE(stateOf(copy), QStringLiteral("1.5 2.5 %1 1").arg(type));
+    QVERIFY(!copy.differs(&point));
+    QVERIFY(copy.differs(nullptr));
+}
+
+QTEST_GUILESS_MAIN(tst_ModelValues)
+#include "tst_modelvalues.moc"
