@@ -1,6 +1,7 @@
 // Writing a full cam table of 16000 grid points into a simulated drive, with
 // the progress dialog shown and events processed as in the editor, and the
-// same table a second time (which must write no array element).
+// same table a second time (which must write no array element). Then another
+// tool changing every element of a written table while the editor follows it.
 #include "camdesigner/messagebox.h"
 #include "parameters/parametermodelimplementation.h"
 
@@ -20,11 +21,11 @@ constexpr int GridPoints = 16000;
 constexpr int Table = 5;
 constexpr int LivingSpace = 1;
 
-QVector<QPointF> fullTable()
+QVector<QPointF> fullTable(int count = GridPoints)
 {
     QVector<QPointF> points;
-    points.reserve(GridPoints);
-    for (int i = 0; i < GridPoints; ++i) {
+    points.reserve(count);
+    for (int i = 0; i < count; ++i) {
         const double master = i * 0.0225;  // 0 .. 360
         points.append(QPointF(master, 100.0 * std::sin(master * M_PI / 180.0)));
     }
@@ -79,6 +80,31 @@ void secondWrite(benchmark::State &state)
         state.SkipWithError("the second write wrote array elements");
 }
 
+// Every element of both arrays changed from outside, until the model has
+// followed (its read-back runs as a queued call).
+void outsideChange(benchmark::State &state)
+{
+    const int count = int(state.range(0));
+    Bound bound;
+    bound.model.writeGridPoints(fullTable(count));
+    bound.model.setConnections();
+    const MxParameterDefinition::ParameterCoordinate master(MxSimulation::masterArrayCoordinate(Table));
+    const MxParameterDefinition::ParameterCoordinate slave(MxSimulation::slaveArrayCoordinate(Table));
+    int round = 0;
+    for (auto _ : state) {
+        ++round;
+        for (int i = 0; i < count; ++i) {
+            bound.drive.writeValueNative(LivingSpace, master, i, QString::number(i * 20 + round % 2));
+            bound.drive.writeValueNative(LivingSpace, slave, i, QString::number(round * 7 + i));
+        }
+        QCoreApplication::processEvents();
+    }
+    const QPolygonF stored = bound.model.storedGridPoints();
+    if (stored.size() != count || stored.constLast().y() != (round * 7 + count - 1) / 1000.0)
+        state.SkipWithError("the model did not follow the change");
+}
+
+BENCHMARK(outsideChange)->Unit(benchmark::kMillisecond)->Arg(1000)->Arg(16000)->Iterations(3);
 BENCHMARK(firstWrite)->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(secondWrite)->Unit(benchmark::kMillisecond)->Iterations(5);
 

@@ -51,13 +51,19 @@ public:
     virtual bool isReadOnly() const = 0;
 
     // Writes the points (x master, y slave) as the table; every refusal is
-    // reported by a message box and leaves the arrays untouched.
+    // reported by a message box and leaves the arrays untouched. The write
+    // processes events while it runs; a call made meanwhile does nothing.
+    // writeProcessStarted and writeProcessFinished enclose every write.
     virtual void writeGridPoints(const QVector<QPointF> &points) = 0;
-    // Only offline; online nothing happens.
+    // True from writeProcessStarted to writeProcessFinished; the window keeps
+    // its writing controls and its closing disabled meanwhile.
+    virtual bool isWriting() const = 0;
+    // Only offline and not while writing; otherwise nothing happens.
     virtual void deleteGridPoints() = 0;
 
     // The editor window opens and closes: outside changes of the table are
-    // followed only while it is open.
+    // followed only while it is open. A close during a write takes effect
+    // when the write ends.
     virtual void editorOpened() = 0;
     virtual void editorClosed() = 0;
 

@@ -81,6 +81,12 @@ ParameterModelImplementation::ParameterModelImplementation(QObject *parent, Para
 
 ParameterModelImplementation::~ParameterModelImplementation()
 {
+    // Destroyed by its owner while a write processed events: the write leaves
+    // at its next check without touching the model, so its end is told here.
+    if (m_writing) {
+        m_writing = false;
+        emit writeProcessFinished();
+    }
     delete m_saveProgress;
 }
 
@@ -284,6 +290,9 @@ void ParameterModelImplementation::setConnections()
 
 void ParameterModelImplementation::connectArrayChanges()
 {
+    // A write connects them again when its own element writes are done.
+    if (m_arraysMuted)
+        return;
     for (const ParameterCoordinate &array : { m_slaveArray, m_masterArray }) {
         if (ParameterInformation *information = definition(array))
             connect(information, &ParameterInformation::valueChanged, this,
@@ -302,12 +311,20 @@ void ParameterModelImplementation::disconnectArrayChanges()
 
 void ParameterModelImplementation::editorOpened()
 {
+    m_closePending = false;
     setConnections();
     readBackGridPoints();
 }
 
 void ParameterModelImplementation::editorClosed()
 {
+    // The write would connect the arrays again at its end; the close waits.
+    if (m_writing) {
+        m_closePending = true;
+        return;
+    }
+    // Changes announced while the editor was open are still followed.
+    flushOutsideChanges();
     const ParameterCoordinate watched[] = { m_masterDecimalsCoordinate, m_slaveDecimalsCoordinate, m_masterArray,
                                             m_slaveArray, m_masterUnitCoordinate, m_slaveUnitCoordinate };
     for (const ParameterCoordinate &coordinate : watched) {

@@ -67,6 +67,7 @@ public:
     bool isReadOnly() const override;
 
     void writeGridPoints(const QVector<QPointF> &points) override;
+    bool isWriting() const override { return m_writing; }
     void deleteGridPoints() override;
     void editorOpened() override;
     void editorClosed() override;
@@ -111,9 +112,14 @@ private:
     void connectArrayChanges();
     void disconnectArrayChanges();
     void readBackGridPoints();
+    void flushOutsideChanges();
     void writeStamp();
     bool mustGrow(int count) const;
-    void fillWithZeros(int count, int decimals);
+    // Steps up to the read-back of a write; false when the model was
+    // destroyed meanwhile (the caller must then leave at once).
+    bool writeTable(const QVector<QPointF> &points);
+    bool fillWithZeros(int count, int decimals);
+    static bool pauseForEvents(const QPointer<ParameterModelImplementation> &self, int index, int count);
 
     QPointer<MxParameterInstance::ParameterContainer> m_container;
     eLivingSpace m_livingSpace;
@@ -144,4 +150,8 @@ private:
     QPolygonF m_storedAccelerations;
     QPolygonF m_storedJerks;
     SaveParameterProgress *m_saveProgress = nullptr;
+    bool m_writing = false;
+    bool m_arraysMuted = false;        // own writes are not followed
+    bool m_closePending = false;       // editor closed during a write
+    bool m_readBackPending = false;    // outside changes wait for one read-back
 };

@@ -147,106 +147,146 @@ bool ParameterModelImplementation::mustGrow(int count) const
     return master && slave && master->elementCount() < count && slave->elementCount() < count;
 }
 
-void ParameterModelImplementation::fillWithZeros(int count, int decimals)
+bool ParameterModelImplementation::pauseForEvents(const QPointer<ParameterModelImplementation> &self, int index,
+                                                  int count)
 {
-    const ParameterInformation *master = definition(m_masterArray);
+    // The window stays alive while the write runs; whatever the user does
+    // meanwhile may close the editor's owner and with it the model, or the
+    // drive may go. The caller touches nothing once this returns false.
+    QCoreApplication::processEvents();
+    if (self && self->m_container)
+        emit self->saveProgressed(index, index, count);
+    if (self && self->m_container)
+        QCoreApplication::processEvents();
+    return self && self->m_container;
+}
+
+bool ParameterModelImplementation::fillWithZeros(int count, int decimals)
+{
+    const QPointer<ParameterModelImplementation> self(this);
     const QString zero = QString::number(0.0, 'f', decimals);
-    for (int j = count; master && j < master->elementCount(); ++j) {
+    for (int j = count; definition(m_masterArray) && j < definition(m_masterArray)->elementCount(); ++j) {
         m_container->writeValue(m_livingSpace, m_slaveArray, j, zero);
         m_container->writeValue(m_livingSpace, m_masterArray, j, zero);
-        QCoreApplication::processEvents();
-        emit saveProgressed(j, j, count);
-        QCoreApplication::processEvents();
+        if (!pauseForEvents(self, j, count))
+            break;
     }
+    return !self.isNull();
 }
 
 void ParameterModelImplementation::writeGridPoints(const QVector<QPointF> &points)
 {
+    // The window disables its writing controls meanwhile; a call that still
+    // gets through while the write processes events is refused silently.
+    if (m_writing)
+        return;
+    // By value: the cam may be edited while the write processes events.
+    const QVector<QPointF> table = points;
+    // Outside changes announced before the write are followed before it.
+    flushOutsideChanges();
+    const QPointer<ParameterModelImplementation> self(this);
     const WaitCursor waitCursor;
-    const quint16 count = static_cast<quint16>(points.size());
+    m_writing = true;
     emit writeProcessStarted();
-
-    [&] {
-        if (!m_container)
-            return;
-        if (m_container->isReadOnly()) {
-            MessageBox::warning(nullptr, tr("Schreiben in Parameter nicht möglich"),
-                                tr("Antriebsregler ist schreibgeschützt."));
-            return;
-        }
-        const bool grow = mustGrow(count);
-        if (grow && m_container->isOnline()) {
-            MessageBox::warning(nullptr, tr("Ändern des Parameters nicht möglich"),
-                                tr("Die Stützstellen-Arrays müssen vergrößert werden, dies benötigt ein Neustart der "
-                                   "Konfiguration, bitte gehen sie offline und schreiben sie erneut."));
-            return;
-        }
-        for (int i = 0; i < count; ++i) {
-            const QString message = checkGridPoint(i, points.at(i));
-            if (!message.isEmpty()) {
-                MessageBox::warning(nullptr, tr("Schreiben in Parameter nicht möglich"), message);
-                return;
-            }
-        }
-
-        if (m_saveProgress)
-            m_saveProgress->show();
-        if (grow) {
-            for (const ParameterCoordinate &array : { m_masterArray, m_slaveArray }) {
-                ParameterInformation *information = definition(array);
-                if (information->elementCount() < count)
-                    information->setElementCount(count);
-            }
-        }
-        disconnectArrayChanges();
-
-        const QLocale german(QLocale::German);
-        const int masterDecimals = m_masterDecimalPlaces;
-        const double masterScale = std::pow(10.0, masterDecimals);
-        const double slaveScale = std::pow(10.0, m_slaveDecimalPlaces);
-        for (int i = 0; i < count; ++i) {
-            const double master = roundMaster(points.at(i).x());
-            const double storedMaster = german.toDouble(readText(m_masterArray, i));
-            if (truncated(masterScale * storedMaster) != truncated(masterScale * master))
-                m_container->writeValue(m_livingSpace, m_masterArray, i, QString::number(master, 'f', masterDecimals));
-            const double slave = roundSlave(points.at(i).y());
-            const double storedSlave = german.toDouble(readText(m_slaveArray, i));
-            QCoreApplication::processEvents();
-            emit saveProgressed(i, i, count);
-            QCoreApplication::processEvents();
-            // The slave text takes the master's decimal places. Deliberate and
-            // kept as the editor has always written it: with fewer master than
-            // slave places the slave loses digits (the tests pin this).
-            if (truncated(slaveScale * storedSlave) != truncated(slaveScale * slave))
-                m_container->writeValue(m_livingSpace, m_slaveArray, i, QString::number(slave, 'f', masterDecimals));
-        }
-        fillWithZeros(count, masterDecimals);
-
-        if (m_saveProgress)
-            m_saveProgress->hide();
-        connectArrayChanges();
-        m_container->writeValue(m_livingSpace, ParameterCoordinate(QStringLiteral("G68")), m_camTable,
-                                QString::number(count, 10));
-        const QString space = QString::number(m_livingSpace);
-        const ParameterInformation *master = definition(m_masterArray);
-        const ParameterInformation *slave = definition(m_slaveArray);
-        m_container->writeValue(m_livingSpace, m_masterReferenceCoordinate, m_camTable,
-                                QStringLiteral("%1.%2").arg(space, master ? master->address().toText() : QString()));
-        m_container->writeValue(m_livingSpace, m_slaveReferenceCoordinate, m_camTable,
-                                QStringLiteral("%1.%2").arg(space, slave ? slave->address().toText() : QString()));
-        if (grow)
-            emit sizeChanged();
-        readBackGridPoints();
-        emit valueChanged();
-    }();
+    if (!self || !writeTable(table))
+        return;  // gone with its owner; the destructor told the end
 
     writeStamp();
+    m_writing = false;
+    if (m_closePending) {
+        m_closePending = false;
+        editorClosed();
+    }
     emit writeProcessFinished();
+}
+
+bool ParameterModelImplementation::writeTable(const QVector<QPointF> &points)
+{
+    const QPointer<ParameterModelImplementation> self(this);
+    const quint16 count = static_cast<quint16>(points.size());
+    if (!m_container)
+        return true;
+    if (m_container->isReadOnly()) {
+        MessageBox::warning(nullptr, tr("Schreiben in Parameter nicht möglich"),
+                            tr("Antriebsregler ist schreibgeschützt."));
+        return !self.isNull();
+    }
+    const bool grow = mustGrow(count);
+    if (grow && m_container->isOnline()) {
+        MessageBox::warning(nullptr, tr("Ändern des Parameters nicht möglich"),
+                            tr("Die Stützstellen-Arrays müssen vergrößert werden, dies benötigt ein Neustart der "
+                               "Konfiguration, bitte gehen sie offline und schreiben sie erneut."));
+        return !self.isNull();
+    }
+    for (int i = 0; i < count; ++i) {
+        const QString message = checkGridPoint(i, points.at(i));
+        if (!message.isEmpty()) {
+            MessageBox::warning(nullptr, tr("Schreiben in Parameter nicht möglich"), message);
+            return !self.isNull();
+        }
+    }
+
+    if (m_saveProgress)
+        m_saveProgress->show();
+    if (grow) {
+        for (const ParameterCoordinate &array : { m_masterArray, m_slaveArray }) {
+            ParameterInformation *information = definition(array);
+            if (information->elementCount() < count)
+                information->setElementCount(count);
+        }
+    }
+    disconnectArrayChanges();
+    m_arraysMuted = true;
+
+    // Taken once: a change of the decimal places while events are processed
+    // must not round the rest of the table differently.
+    const QLocale german(QLocale::German);
+    const int masterDecimals = m_masterDecimalPlaces;
+    const double masterScale = std::pow(10.0, masterDecimals);
+    const double slaveScale = std::pow(10.0, m_slaveDecimalPlaces);
+    bool alive = true;
+    for (int i = 0; alive && i < count; ++i) {
+        const double master = std::round(points.at(i).x() * masterScale) / masterScale;
+        const double storedMaster = german.toDouble(readText(m_masterArray, i));
+        if (truncated(masterScale * storedMaster) != truncated(masterScale * master))
+            m_container->writeValue(m_livingSpace, m_masterArray, i, QString::number(master, 'f', masterDecimals));
+        const double slave = std::round(points.at(i).y() * slaveScale) / slaveScale;
+        const double storedSlave = german.toDouble(readText(m_slaveArray, i));
+        alive = pauseForEvents(self, i, count);
+        // The slave text takes the master's decimal places. Deliberate and
+        // kept as the editor has always written it: with fewer master than
+        // slave places the slave loses digits (the tests pin this).
+        if (alive && truncated(slaveScale * storedSlave) != truncated(slaveScale * slave))
+            m_container->writeValue(m_livingSpace, m_slaveArray, i, QString::number(slave, 'f', masterDecimals));
+    }
+    if (!self || (alive && !fillWithZeros(count, masterDecimals)))
+        return false;
+
+    if (m_saveProgress)
+        m_saveProgress->hide();
+    m_arraysMuted = false;
+    connectArrayChanges();
+    if (!m_container)
+        return true;
+    m_container->writeValue(m_livingSpace, ParameterCoordinate(QStringLiteral("G68")), m_camTable,
+                            QString::number(count, 10));
+    const QString space = QString::number(m_livingSpace);
+    const ParameterInformation *master = definition(m_masterArray);
+    const ParameterInformation *slave = definition(m_slaveArray);
+    m_container->writeValue(m_livingSpace, m_masterReferenceCoordinate, m_camTable,
+                            QStringLiteral("%1.%2").arg(space, master ? master->address().toText() : QString()));
+    m_container->writeValue(m_livingSpace, m_slaveReferenceCoordinate, m_camTable,
+                            QStringLiteral("%1.%2").arg(space, slave ? slave->address().toText() : QString()));
+    if (grow)
+        emit sizeChanged();
+    readBackGridPoints();
+    emit valueChanged();
+    return !self.isNull();
 }
 
 void ParameterModelImplementation::deleteGridPoints()
 {
-    if (!m_container || m_container->isOnline())
+    if (!m_container || m_container->isOnline() || m_writing)
         return;
     for (const ParameterCoordinate &coordinate :
          { m_masterReferenceCoordinate, m_slaveReferenceCoordinate, ParameterCoordinate(QStringLiteral("G68")) })
@@ -257,6 +297,8 @@ void ParameterModelImplementation::deleteGridPoints()
     }
     m_container->writeValue(m_livingSpace, m_masterArray, 0, QStringLiteral("0"));
     m_container->writeValue(m_livingSpace, m_slaveArray, 0, QStringLiteral("0"));
+    // A followed change of element 0 is told before the deletion's own signals.
+    flushOutsideChanges();
     readBackGridPoints();
     emit sizeChanged();
     emit valueChanged();
@@ -293,6 +335,20 @@ void ParameterModelImplementation::onParameterChanged(const MxParameterDefinitio
     if ((number != m_masterArray.toNumber() && number != m_slaveArray.toNumber())
         || changedAddress.axis() != m_livingSpace - 1)
         return;
+    // Another tool changing a whole table announces every element; one
+    // read-back after the burst serves them all (one per element would be
+    // quadratic in the table size).
+    if (m_readBackPending)
+        return;
+    m_readBackPending = true;
+    QMetaObject::invokeMethod(this, &ParameterModelImplementation::flushOutsideChanges, Qt::QueuedConnection);
+}
+
+void ParameterModelImplementation::flushOutsideChanges()
+{
+    if (!m_readBackPending)
+        return;
+    m_readBackPending = false;
     readBackGridPoints();
     writeStamp();
     emit valueChanged();

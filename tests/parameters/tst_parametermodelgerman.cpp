@@ -40,55 +40,33 @@ private slots:
         QCOMPARE(bound.model().slaveTextToValue(text), slave);
     }
 
-    void valuesShownWithComma()
-    {
-        BoundTable bound;
-        QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), 0, 360000));
-        QCOMPARE(bound.model().masterValueToText(12.5), QStringLiteral("12,500"));
-        QCOMPARE(bound.model().slaveValueToText(-1234.5), QStringLiteral("-1234,500"));
-        QCOMPARE(bound.model().checkMasterValue(400.0),
-                 QStringLiteral("Der Wert 400,000 ° ist zu groß, das Maximum ist 360,000 °"));
-    }
-
-    void secondWriteWritesNoArrayElement()
+    void onlyChangedElementsAreWritten()
     {
         BoundTable bound(5);
-        const QVector<QPointF> points = curvePoints(400);
+        QVector<QPointF> points = curvePoints(400);
         MessageCapture capture;
         bound.model().writeGridPoints(points);
         // The first master position rounds to the zero the fresh array holds.
         QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 399);
         QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 400);
 
+        // Stored values are read in German notation, so that equal ones are
+        // recognised; a change below the drive's resolution is none.
+        points[7].setY(points[7].y() + 0.001);
+        points[30].setX(points[30].x() + 0.0003);
         bound.drive.clearWriteCounts();
         bound.model().writeGridPoints(points);
         QCOMPARE(capture.count(), 0);
         QSet<QString> written;
         for (const auto &record : bound.drive.writeLog())
-            written.insert(record.coordinate);
-        QCOMPARE(written, (QSet<QString> { "G68", "G60", "G61", "G293" }));
-        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 0);
-        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 0);
-    }
-
-    void onlyChangedElementsAreWritten()
-    {
-        BoundTable bound;
-        QVector<QPointF> points = curvePoints(50);
-        MessageCapture capture;
-        bound.model().writeGridPoints(points);
-        points[7].setY(points[7].y() + 0.001);
-        points[30].setX(points[30].x() + 0.0003);  // rounds to the stored value
-        bound.drive.clearWriteCounts();
-        bound.model().writeGridPoints(points);
-        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 0);
-        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 1);
-        QCOMPARE(bound.drive.writeLog().constFirst().element, 7);
+            written.insert(QStringLiteral("%1[%2]").arg(record.coordinate).arg(record.element));
+        QCOMPARE(written, (QSet<QString> { "G68[5]", "G60[5]", "G61[5]", "G293[5]", "G416[7]" }));
     }
 
     void storedPointsReadBackWithComma()
     {
         BoundTable bound;
+        QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), 0, 360000));
         MessageCapture capture;
         bound.model().writeGridPoints({ QPointF(0.5, 1.25), QPointF(90, -7.125), QPointF(180, 0) });
         QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.master(), 0), QStringLiteral("0,500"));
@@ -96,6 +74,8 @@ private slots:
                  QPolygonF({ QPointF(0.5, 1.25), QPointF(90, -7.125), QPointF(180, 0) }));
         QVERIFY(bound.model().storedTableSummary().contains(QStringLiteral("<p>\t\tSlave: 1,250</p>")));
         QVERIFY(bound.model().storedTableSummary().contains(QStringLiteral("<p>\t\tMaster: 180,000 </p>")));
+        QCOMPARE(bound.model().checkMasterValue(400.0),
+                 QStringLiteral("Der Wert 400,000 ° ist zu groß, das Maximum ist 360,000 °"));
     }
 
     void cycleTimeShownWithComma()

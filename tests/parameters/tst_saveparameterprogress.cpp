@@ -7,10 +7,12 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSignalSpy>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <QtTest>
 
+// The save progress dialog, and the grid point write as the window sees it:
+// the user may do anything while the write processes events.
 class TestSaveParameterProgress : public QObject
 {
     Q_OBJECT
@@ -18,6 +20,7 @@ private slots:
     void cleanup()
     {
         QVERIFY(QApplication::topLevelWidgets().isEmpty());
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
 
     void layoutAsDesigned()
@@ -31,97 +34,126 @@ private slots:
         QCOMPARE(vertical->contentsMargins(), QMargins(11, 11, 11, 11));
         auto *form = progress.findChild<QFormLayout *>(QStringLiteral("formLayout"));
         QVERIFY(form);
-        QCOMPARE(form->rowCount(), 2);
         const QStringList labels { "masterPosition", "masterPositionProgress", "slavePosition", "slavePositionProgress" };
         const QStringList texts { "Master-Positionen", " %1/%2", "Slave-Positionen", " %1/%2" };
         for (int i = 0; i < labels.size(); ++i) {
             auto *label = progress.findChild<QLabel *>(labels.at(i));
             QVERIFY2(label, qPrintable(labels.at(i)));
             QCOMPARE(label->text(), texts.at(i));
+            const auto role = i % 2 ? QFormLayout::FieldRole : QFormLayout::LabelRole;
+            QCOMPARE(form->itemAt(i / 2, role)->widget(), label);
         }
-        QCOMPARE(form->itemAt(0, QFormLayout::LabelRole)->widget()->objectName(), QStringLiteral("masterPosition"));
-        QCOMPARE(form->itemAt(1, QFormLayout::FieldRole)->widget()->objectName(), QStringLiteral("slavePositionProgress"));
         auto *bar = progress.findChild<QProgressBar *>(QStringLiteral("progressBar"));
         QVERIFY(bar);
         QCOMPARE(bar->value(), 24);
+
+        progress.onSaveProgressed(9, 4, 10);
+        QCOMPARE(progress.masterPositionProgress()->text(), QStringLiteral("9/10"));
+        QCOMPARE(progress.slavePositionProgress()->text(), QStringLiteral("4/10"));
+        QCOMPARE(bar->value(), 90);
     }
 
-    void progressShown_data()
+    void writeAsTheWindowSeesIt_data()
     {
-        QTest::addColumn<int>("master");
-        QTest::addColumn<int>("slave");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("masterText");
-        QTest::addColumn<QString>("slaveText");
-        QTest::addColumn<int>("percent");
-        QTest::newRow("a quarter") << 40 << 40 << 160 << "40/160" << "40/160" << 25;
-        QTest::newRow("share truncated") << 2 << 2 << 3 << "2/3" << "2/3" << 66;
-        QTest::newRow("start") << 0 << 0 << 16000 << "0/16000" << "0/16000" << 0;
-        QTest::newRow("axes apart") << 9 << 4 << 10 << "9/10" << "4/10" << 90;
+        QTest::addColumn<bool>("readOnly");
+        QTest::addColumn<QStringList>("seen");
+        // Dialog shown, write in progress, wait cursor at each signal.
+        QTest::newRow("written") << false
+                                 << QStringList { "started 011", "progress 111", "progress 111", "progress 111",
+                                                  "finished 001" };
+        QTest::newRow("refused") << true << QStringList { "started 011", "finished 001" };
     }
-    void progressShown()
+    void writeAsTheWindowSeesIt()
     {
-        QFETCH(int, master);
-        QFETCH(int, slave);
-        QFETCH(int, count);
-        QFETCH(QString, masterText);
-        QFETCH(QString, slaveText);
-        QFETCH(int, percent);
-        SaveParameterProgress progress;
-        progress.onSaveProgressed(master, slave, count);
-        QCOMPARE(progress.masterPositionProgress()->text(), masterText);
-        QCOMPARE(progress.slavePositionProgress()->text(), slaveText);
-        QCOMPARE(progress.progressBar()->value(), percent);
+        QFETCH(bool, readOnly);
+        QFETCH(QStringList, seen);
+        BoundTable bound;
+        bound.drive.setReadOnly(readOnly);
+        ParameterModelImplementation &model = bound.model();
+        QStringList looks;
+        auto look = [&](const char *signal) {
+            looks << QStringLiteral("%1 %2%3%4").arg(QLatin1String(signal)).arg(model.saveProgress()->isVisible())
+                         .arg(model.isWriting()).arg(QApplication::overrideCursor() != nullptr);
+        };
+        connect(&model, &ParameterModel::writeProcessStarted, this, [&] { look("started"); });
+        connect(&model, &ParameterModelImplementation::saveProgressed, this, [&] { look("progress"); });
+        connect(&model, &ParameterModel::writeProcessFinished, this, [&] { look("finished"); });
+        MessageCapture capture;
+        model.writeGridPoints(curvePoints(3));
+        QCOMPARE(looks, seen);
+        QCOMPARE(model.saveProgress()->masterPositionProgress()->text(), readOnly ? " %1/%2" : "2/3");
+        QCOMPARE(model.saveProgress()->progressBar()->value(), readOnly ? 24 : 66);  // share truncated
     }
 
-    void shownWhileTheModelWrites()
+    void userActsDuringTheWrite_data()
     {
-        {
-            BoundTable bound;
-            SaveParameterProgress *progress = bound.model().saveProgress();
-            QVERIFY(progress);
-            QVERIFY(!progress->isVisible());
-            QList<bool> visibleDuringWrite;
-            connect(&bound.model(), &ParameterModelImplementation::saveProgressed, this,
-                    [&] { visibleDuringWrite.append(progress->isVisible()); });
-            QSignalSpy progressed(&bound.model(), &ParameterModelImplementation::saveProgressed);
-            MessageCapture capture;
-            bound.model().writeGridPoints(curvePoints(12));
-            QCOMPARE(progressed.count(), 12);
-            QCOMPARE(progressed.constLast(), (QList<QVariant> { 11, 11, 12 }));
-            QCOMPARE(visibleDuringWrite, QList<bool>(QVector<bool>(12, true).toList()));
-            QVERIFY(!progress->isVisible());
-            QCOMPARE(progress->masterPositionProgress()->text(), QStringLiteral("11/12"));
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("followsAfterwards");
+        QTest::newRow("second write is refused") << "write" << true;
+        QTest::newRow("cam edited") << "edit" << true;
+        QTest::newRow("table deleted, refused") << "delete" << true;
+        QTest::newRow("editor closed") << "close" << false;
+        QTest::newRow("editor closed and opened again") << "reopen" << true;
+        QTest::newRow("owner destroyed") << "destroy" << false;
+        QTest::newRow("owner destroyed by a queued call") << "queued" << false;
+    }
+    void userActsDuringTheWrite()
+    {
+        QFETCH(QString, action);
+        QFETCH(bool, followsAfterwards);
+        MxSimulation::SimulatedDrive drive;
+        QPointer<QObject> owner = new QObject;
+        const auto deleteOwner = qScopeGuard([&] { delete owner; });
+        QPointer<ParameterModelImplementation> model =
+            new ParameterModelImplementation(owner, &drive, 0, BoundTable::LivingSpace);
+        model->editorOpened();
+        SignalLog told(model);
+        QVector<QPointF> points = curvePoints(20);
+        const QVector<QPointF> original = points;
+        QList<bool> writing;
+        MessageCapture capture;
+        connect(model.data(), &ParameterModelImplementation::saveProgressed, this, [&](int index) {
+            writing << (model->isWriting() && model->saveProgress()->isVisible() && QApplication::overrideCursor());
+            if (index != 5)
+                return;
+            if (action == QLatin1String("write"))
+                model->writeGridPoints(curvePoints(30, 1.0));
+            else if (action == QLatin1String("edit"))
+                std::fill(points.begin(), points.end(), QPointF(1.0, 2.0));
+            else if (action == QLatin1String("delete"))
+                model->deleteGridPoints();
+            else if (action == QLatin1String("destroy"))
+                delete owner;
+            else if (action == QLatin1String("queued"))
+                QMetaObject::invokeMethod(this, [&] { delete owner; }, Qt::QueuedConnection);
+            else
+                model->editorClosed();
+            if (action == QLatin1String("reopen"))
+                model->editorOpened();
+        });
+        model->writeGridPoints(points);
+
+        QCOMPARE(capture.count(), 0);
+        QVERIFY(!writing.contains(false));
+        if (model) {
+            QCOMPARE(writing.size(), 20);
+            QCOMPARE(told, (QStringList { "started", "size", "value", "finished" }));
+            QPolygonF table;
+            for (const QPointF &point : original)
+                table << QPointF(std::round(point.x() * 1000.0) / 1000.0, std::round(point.y() * 1000.0) / 1000.0);
+            QCOMPARE(model->storedGridPoints(), table);
+        } else {
+            // Nothing more is written once the model is gone; its end is still told.
+            QCOMPARE(writing.size(), 6);
+            QCOMPARE(told, (QStringList { "started", "finished" }));
+            QCOMPARE(drive.elementWrites(QStringLiteral("G283")), 5);
+            QCOMPARE(drive.elementWrites(QStringLiteral("G284")), 5);
+            QCOMPARE(drive.elementWrites(QStringLiteral("G68")), 0);
         }
-        // The model takes its dialog with it.
-        QVERIFY(QApplication::topLevelWidgets().isEmpty());
-    }
-
-    void notShownWhenTheWriteIsRefused()
-    {
-        BoundTable bound;
-        bound.drive.setReadOnly(true);
-        QList<bool> shown;
-        MessageCapture capture;
-        connect(&bound.model(), &ParameterModel::writeProcessFinished, this,
-                [&] { shown.append(bound.model().saveProgress()->isVisible()); });
-        QSignalSpy progressed(&bound.model(), &ParameterModelImplementation::saveProgressed);
-        bound.model().writeGridPoints(curvePoints(12));
-        QCOMPARE(capture.count(), 1);
-        QCOMPARE(progressed.count(), 0);
-        QCOMPARE(shown, QList<bool> { false });
-    }
-
-    void waitCursorOnlyDuringTheWrite()
-    {
-        BoundTable bound;
-        QList<bool> waiting;
-        connect(&bound.model(), &ParameterModel::writeProcessStarted, this,
-                [&] { waiting.append(QApplication::overrideCursor() != nullptr); });
-        MessageCapture capture;
-        bound.model().writeGridPoints(curvePoints(3));
-        QCOMPARE(waiting, QList<bool> { true });
-        QCOMPARE(QApplication::overrideCursor(), nullptr);
+        const int before = told.size();
+        QVERIFY(drive.writeValue(BoundTable::LivingSpace, coordinate("G284"), 3, QStringLiteral("42")));
+        QCoreApplication::processEvents();
+        QCOMPARE(told.size() - before, followsAfterwards ? 1 : 0);
     }
 };
 

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <memory>
+#include <utility>
 
 // A simulated drive with a parameter model bound to one of its tables, in
 // the living space of the first axis.
@@ -66,6 +67,28 @@ struct BoundTable {
 
 private:
     std::unique_ptr<ParameterModelImplementation> m_model;
+};
+
+// The model's signals by name ("started", "size", "value", "finished") in
+// the order they come.
+class SignalLog : public QStringList
+{
+public:
+    explicit SignalLog(ParameterModel *model)
+    {
+        const std::pair<void (ParameterModel::*)(), const char *> named[] = {
+            { &ParameterModel::writeProcessStarted, "started" },
+            { &ParameterModel::sizeChanged, "size" },
+            { &ParameterModel::valueChanged, "value" },
+            { &ParameterModel::writeProcessFinished, "finished" },
+        };
+        for (const auto &signal : named)
+            QObject::connect(model, signal.first, &m_context,
+                             [this, name = signal.second] { append(QString::fromLatin1(name)); });
+    }
+
+private:
+    QObject m_context;
 };
 
 // A parameter coordinate from its text, e.g. "G283".
