@@ -1,8 +1,8 @@
 #include "cameditormodel.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "curves/motionplancubicspline.h"
-#include "curves/motionplanvdi.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
 #include "motionlaw.h"
 #include "motionpoint.h"
 #include "scalingimplementation.h"
@@ -88,28 +88,16 @@ void CamEditorModel::createNewMotionPlan()
     m_motionPlan = nullptr;
 
     const CamDescriptionImplementation *description = m_camDescription;
-    const QList<MotionPoint *> points = motionPoints();
-    const bool cyclic = description && description->isCyclic();
     const double circularLength =
         description ? description->circularLength() : CamDescriptionImplementation::DefaultCircularLength;
-    if (description && description->motionLaw()->law() == MotionLaw::Spline)
-        m_motionPlan = new MotionPlanCubicSpline(points, cyclic, circularLength, this, m_scaling);
-    else
-        m_motionPlan = new MotionPlanVdi(points, cyclic, circularLength, this, m_scaling);
+    m_motionPlan = MotionPlanFactory::create(description ? description->motionLaw()->law() : MotionLaw::Vdi,
+                                             motionPoints(), description && description->isCyclic(), circularLength,
+                                             this, m_scaling);
 }
 
 void CamEditorModel::sample(bool coarse)
 {
-    if (coarse) {
-        m_motionPlan->calculate(m_motionPlan->masterRange() / CoarseStepCount);
-        return;
-    }
-    const Steps *settings = steps();
-    if (!settings || settings->isDynamicStepSize())
-        m_motionPlan->calculateWithResolution(settings ? settings->dynamicStepResolution()
-                                                       : Steps::DefaultDynamicStepResolution);
-    else
-        m_motionPlan->calculate(settings->staticStepSize());
+    MotionPlanFactory::sample(m_motionPlan, steps(), coarse);
 }
 
 void CamEditorModel::beginCoarseSteps()

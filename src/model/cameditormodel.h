@@ -29,9 +29,6 @@ class CamEditorModel : public QObject
 {
     Q_OBJECT
 public:
-    // While a point is dragged the curve is sampled in this many steps over
-    // the master range, whatever the step settings say.
-    static constexpr double CoarseStepCount = 500.0;
     // The master axis of a cam without points ends here.
     static constexpr double DefaultMasterEnd = 1.0;
 

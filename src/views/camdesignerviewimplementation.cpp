@@ -177,6 +177,10 @@ void CamDesignerViewImplementation::connectActions()
         connect(m_editorModel, &CamEditorModel::changed, this, &CamDesignerViewImplementation::onMotionPointsChanged);
     if (m_parameterModel) {
         connect(m_parameterModel, &ParameterModel::readOnlyChanged, this, &CamDesignerViewImplementation::checkReadOnly);
+        // A write keeps the window alive by processing events: nothing that
+        // writes to the drive, and no closing, until it has ended.
+        connect(m_parameterModel, &ParameterModel::writeProcessStarted, this, &CamDesignerViewImplementation::checkReadOnly);
+        connect(m_parameterModel, &ParameterModel::writeProcessFinished, this, &CamDesignerViewImplementation::checkReadOnly);
         connect(m_parameterModel, &ParameterModel::decimalPlacesChanged, this,
                 &CamDesignerViewImplementation::onDecimalPlacesChanged);
     }
@@ -315,8 +319,10 @@ void CamDesignerViewImplementation::checkReadOnly()
     const bool readOnly = m_parameterModel && m_parameterModel->isReadOnly();
     m_readOnlyLabel->setText(readOnly ? tr("Antriebsregler ist schreibgeschützt.") : QString());
     m_readOnlyLabel->setVisible(readOnly);
-    m_ui->actionDeleteGrid->setEnabled(!readOnly);
-    m_ui->actionImportParameterExtern->setEnabled(!readOnly);
+    const bool writing = m_parameterModel && m_parameterModel->isWriting();
+    m_ui->actionDeleteGrid->setEnabled(!readOnly && !writing);
+    m_ui->actionImportParameterExtern->setEnabled(!readOnly && !writing);
+    m_ui->actionClose->setEnabled(!writing);
     updateWriteControls();
 }
 
@@ -328,9 +334,9 @@ void CamDesignerViewImplementation::onMotionPointsChanged()
 void CamDesignerViewImplementation::updateWriteControls()
 {
     const bool enoughPoints = m_editorModel && m_editorModel->motionPointCount() > 1;
-    const bool readOnly = m_parameterModel && m_parameterModel->isReadOnly();
-    m_ui->actionSaveParameters->setEnabled(enoughPoints && !readOnly);
-    m_writeButton->setEnabled(enoughPoints && !readOnly);
+    const bool writable = m_parameterModel && !m_parameterModel->isReadOnly() && !m_parameterModel->isWriting();
+    m_ui->actionSaveParameters->setEnabled(enoughPoints && writable);
+    m_writeButton->setEnabled(enoughPoints && writable);
     m_ui->actionSaveParameters->setToolTip(
         enoughPoints ? QString()
                      : tr("Damit Stützpunkte berechnet werden können, fügen sie den Kurvendefinitionsdaten, "
@@ -357,6 +363,10 @@ void CamDesignerViewImplementation::onDecimalPlacesChanged()
 
 void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)
 {
+    if (m_parameterModel && m_parameterModel->isWriting()) {
+        event->ignore();
+        return;
+    }
     saveSettings();
     if (m_undoView)
         m_undoView->hide();

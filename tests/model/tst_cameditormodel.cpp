@@ -3,6 +3,7 @@
 #include "boundtable.h"
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplancubicspline.h"
+#include "curves/motionplanfactory.h"
 #include "curves/motionplanvdi.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
@@ -38,12 +39,10 @@ struct EditedCam {
     // A plan built from scratch for the description's current data.
     std::unique_ptr<MotionPlan> freshPlan() const
     {
-        const QList<MotionPoint *> points = description.motionPoints();
-        if (description.motionLaw()->law() == MotionLaw::Spline)
-            return std::make_unique<MotionPlanCubicSpline>(points, description.isCyclic(),
-                                                           description.circularLength(), nullptr, model->scaling());
-        return std::make_unique<MotionPlanVdi>(points, description.isCyclic(), description.circularLength(), nullptr,
-                                               model->scaling());
+        return std::unique_ptr<MotionPlan>(MotionPlanFactory::create(description.motionLaw()->law(),
+                                                                     description.motionPoints(), description.isCyclic(),
+                                                                     description.circularLength(), nullptr,
+                                                                     model->scaling()));
     }
 };
 
@@ -338,7 +337,7 @@ void tst_CamEditorModel::coarseStepsWhileDragging()
     QVERIFY(cam.model->isCoarseSteps());
     point->setPosition(QPointF(320, 90));
     std::unique_ptr<MotionPlan> coarse = cam.freshPlan();
-    coarse->calculate(coarse->masterRange() / CamEditorModel::CoarseStepCount);
+    coarse->calculate(coarse->masterRange() / MotionPlanFactory::CoarseStepCount);
     QCOMPARE(cam.model->motionPlan()->positions(), coarse->positions());
 
     // setRealSteps() samples by the settings, coarse steps or not.

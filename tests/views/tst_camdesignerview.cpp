@@ -205,10 +205,21 @@ void tst_CamDesignerView::writeStoresTheCalculatedPoints()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
+    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    // While the write runs, nothing else writes and the window stays open.
+    int checked = 0;
+    connect(parameters, &ParameterModelImplementation::saveProgressed, this, [&] {
+        if (checked++ > 0)
+            return;
+        QVERIFY(!window->writeButton()->isEnabled());
+        QVERIFY(!actionNamed(window, QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)"))->isEnabled());
+        QVERIFY(!window->close());
+    });
     QApplication::setActiveWindow(window);
     QVERIFY(QTest::qWaitForWindowActive(window));
     QTest::keyClick(window, Qt::Key_V, Qt::ControlModifier);
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    QVERIFY(checked > 0);
+    QVERIFY(window->writeButton()->isEnabled());
     const QPolygonF calculated = editor.implementation()->editorModel()->motionPlan()->positions();
     const QPolygonF stored = parameters->storedGridPoints();
     QCOMPARE(stored.size(), calculated.size());
