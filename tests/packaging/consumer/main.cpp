@@ -1,17 +1,63 @@
 #include <bytearraysupport.h>
 #include <camdesigner/camdescription.h>
+#include <camdesigner/camdesigner.h>
+#include <simulateddrive.h>
 
-#include <QCoreApplication>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
+#include <QMainWindow>
 
 #include <memory>
 
-// The exported factory's defaults; the CRC-32 check value from the host's own library.
+namespace {
+
+const QString Title = QStringLiteral("Kurvenscheibe 5 - Testantrieb");
+
+int editorWindows()
+{
+    int count = 0;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        count += qobject_cast<QMainWindow *>(widget) && widget->isVisible() && widget->windowTitle() == Title ? 1 : 0;
+    return count;
+}
+
+} // namespace
+
+// A host as the suite is one: the description from the bytes its project
+// keeps, a designer for table 5 on its drive, the button on its page; a
+// click opens the editor, a second click opens no second one.
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
-    std::unique_ptr<CamDescription> description(CamDescription::createCamDescription(nullptr, QByteArray()));
-    const bool defaults = description && description->isEmpty()
-        && description->toJson().value(QStringLiteral("CircularLength")).toDouble() == 1.0;
-    return defaults && VxByteArraySupport::ByteArraySupport("123456789", false).crc32() == 0xCBF43926u ? 0 : 1;
+    QApplication application(argc, argv);
+    if (VxByteArraySupport::ByteArraySupport("123456789", false).crc32() != 0xCBF43926u)
+        return 1;
+
+    const QJsonObject cam { { "MotionPoints", QJsonArray { QJsonArray { 0, 0, "rest" }, QJsonArray { 90, 30, "rest" } } } };
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    const QByteArray bytes = QJsonDocument(cam).toBinaryData();
+    QT_WARNING_POP
+    MxSimulation::SimulatedDrive drive(2);
+    std::unique_ptr<CamDescription> description(CamDescription::createCamDescription(nullptr, bytes));
+    std::unique_ptr<CamDesigner> designer(CamDesigner::createCamDesigner(nullptr, 5));
+    if (!description || !designer || description->toJson() .value(QStringLiteral("MotionPoints")).toArray().size() != 2)
+        return 2;
+    designer->initialize(&drive, 1, description.get());
+    std::unique_ptr<QWidget> button(CamDesigner::openCamDesignerButton(designer.get()));
+    auto *clickable = qobject_cast<QAbstractButton *>(button.get());
+    if (!clickable)
+        return 3;
+    designer->setWindowTitle(Title);
+    button->show();
+    clickable->click();
+    if (editorWindows() != 1)
+        return 4;
+    clickable->click();
+    if (editorWindows() != 1)
+        return 5;
+    designer.reset();
+    return editorWindows() == 0 ? 0 : 6;
 }
