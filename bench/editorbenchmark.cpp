@@ -7,7 +7,6 @@
 #include "camdesigner/camdesigner.h"
 #include "camdesigner/camdesignerimplementation.h"
 #include "camdesigner/controller.h"
-#include "camdesigner/messagebox.h"
 #include "commands/editmotionpointcommand.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
@@ -15,16 +14,14 @@
 #include "views/camdesignerviewimplementation.h"
 
 #include "simulateddrive.h"
+#include "widgetbenchmarkmain.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QJsonArray>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -100,12 +97,6 @@ void editPoint(benchmark::State &state)
     }
 }
 
-void dropPlatformNoise(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    if (!message.contains(QLatin1String("This plugin does not support")))
-        fprintf(stderr, "%s\n", qPrintable(message));
-}
-
 } // namespace
 
 BENCHMARK(openEditor)->Unit(benchmark::kMillisecond);
@@ -113,17 +104,5 @@ BENCHMARK(editPoint)->ArgName("viewsOpen")->Arg(0)->Arg(1)->Unit(benchmark::kMil
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    // The window's layout goes to scratch settings, not the user's.
-    QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    qInstallMessageHandler(dropPlatformNoise);
-    MessageBox::setHandler([](QWidget *, const MessageBox::Message &) { return QMessageBox::Ok; });
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

@@ -2,17 +2,16 @@
 // the progress dialog shown and events processed as in the editor, and the
 // same table a second time (which must write no array element). Then another
 // tool changing every element of a written table while the editor follows it.
-#include "camdesigner/messagebox.h"
 #include "parameters/parametermodelimplementation.h"
 
 #include "simulateddrive.h"
+#include "widgetbenchmarkmain.h"
 
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -108,13 +107,6 @@ BENCHMARK(outsideChange)->Unit(benchmark::kMillisecond)->Arg(1000)->Arg(16000)->
 BENCHMARK(firstWrite)->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(secondWrite)->Unit(benchmark::kMillisecond)->Iterations(5);
 
-// The offscreen platform warns each time the progress dialog is shown.
-void dropPlatformNoise(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (!message.contains(QLatin1String("propagateSizeHints")))
-        fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -122,14 +114,5 @@ int main(int argc, char **argv)
     // The drive suite runs under a German locale: the binding reads stored
     // values in German notation, which is what lets it skip unchanged ones.
     qputenv("LC_ALL", "de_DE.UTF-8");
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    qInstallMessageHandler(dropPlatformNoise);
-    MessageBox::setHandler([](QWidget *, const MessageBox::Message &) { return QMessageBox::Ok; });
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }
