@@ -13,8 +13,6 @@ private slots:
     void initTestCase();
     void icon_data();
     void icon();
-    void icoHoldsEverySize_data();
-    void icoHoldsEverySize();
     void styleSheetLeavesRoomForTheWindowsRule();
 };
 
@@ -39,9 +37,10 @@ void tst_Resources::icon_data()
     QTest::newRow("Empty") << QStringLiteral(":/Resources/General/Empty_16x16.png") << QSize(16, 16);
 }
 
-// Every icon loads, has the size its use needs, and is drawn (the empty cell
-// icon only holds the place). Tool bar icons must show up on a light and on a
-// dark background: enough of their pixels stand out against each.
+// Every icon loads at the size its use needs (an .ico holds its own 16, 24
+// and 32 px images) and is drawn, except the empty cell icon, which only holds
+// the place. Enough of each icon's pixels stand out against a light and
+// against a dark background.
 void tst_Resources::icon()
 {
     QFETCH(QString, path);
@@ -54,6 +53,10 @@ void tst_Resources::icon()
     } else {
         const QIcon icon(path);
         QCOMPARE(icon.actualSize(QSize(32, 32)), QSize(32, 32)); // scaled down, never up, for 16 and 24 px
+        if (path.endsWith(QLatin1String(".ico"))) {
+            for (int size : {16, 24, 32})
+                QVERIFY(icon.availableSizes().contains(QSize(size, size)));
+        }
         image = icon.pixmap(32, 32).toImage();
     }
     image = image.convertToFormat(QImage::Format_ARGB32);
@@ -79,21 +82,6 @@ void tst_Resources::icon()
     QVERIFY2(drawn * 10 >= pixels, "less than a tenth of the icon is drawn");
     QVERIFY2(standsOutOnLight * 10 >= drawn, "hardly visible on a light background");
     QVERIFY2(standsOutOnDark * 10 >= drawn, "hardly visible on a dark background");
-}
-
-void tst_Resources::icoHoldsEverySize_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::newRow("undo") << QStringLiteral(":/Resources/undo.ico");
-    QTest::newRow("redo") << QStringLiteral(":/Resources/redo.ico");
-}
-
-void tst_Resources::icoHoldsEverySize()
-{
-    QFETCH(QString, path);
-    const QList<QSize> sizes = QIcon(path).availableSizes();
-    for (int size : {16, 24, 32})
-        QVERIFY2(sizes.contains(QSize(size, size)), qPrintable(QString::number(size)));
 }
 
 // The window appends one rule of its own to the sheet: an unclosed block or
