@@ -3,15 +3,17 @@
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parametermodel.h"
+#include "resources/camdesignerresources.h"
 
 CalculatedTableModel::CalculatedTableModel(CamEditorModel *editorModel, ParameterModel *parameterModel,
                                            QObject *parent)
     : QAbstractTableModel(parent)
     , m_editorModel(editorModel)
     , m_parameterModel(parameterModel)
-    , m_errorIcon(QStringLiteral(":/Resources/General/Error_16x16.png"))
-    , m_emptyIcon(QStringLiteral(":/Resources/General/Empty_16x16.png"))
 {
+    initializeCamDesignerResources();
+    m_errorIcon = QIcon(QStringLiteral(":/Resources/General/Error_16x16.png"));
+    m_emptyIcon = QIcon(QStringLiteral(":/Resources/General/Empty_16x16.png"));
     // The plan is replaced on every rebuild, also while a point is dragged
     // (without changed()), and re-sampled on changed(): either way the rows
     // are new.

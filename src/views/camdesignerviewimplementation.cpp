@@ -13,6 +13,7 @@
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
+#include "resources/camdesignerresources.h"
 
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
@@ -57,6 +58,7 @@ CamDesignerViewImplementation::CamDesignerViewImplementation(ParameterModelImple
     if (CamDescriptionImplementation *description = editorModel ? editorModel->camDescription() : nullptr)
         description->setUndoStack(m_undoStack.get());
 
+    initializeCamDesignerResources();
     m_ui->setupUi(this);
     createDocks();
     setAttribute(Qt::WA_DeleteOnClose);
