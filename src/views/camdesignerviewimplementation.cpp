@@ -39,6 +39,8 @@ const char AccelerationPlotKey[] = "CamDesigner/ShowAccelerationPlot";
 const char JerkPlotKey[] = "CamDesigner/ShowJerkPlot";
 constexpr int DockManagerStateVersion = 1;
 constexpr int WindowStateVersion = 0;
+constexpr int LeftAreaShare = 1;
+constexpr int RightAreaShare = 1;
 const char DefaultPathKind[] = "CamDesigner";
 const char InactiveTabRule[] = "ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}";
 
@@ -118,7 +120,7 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_writeButton->setObjectName(QStringLiteral("writeButton"));
     connect(m_writeButton, &QPushButton::clicked, this, &CamDesignerViewImplementation::saveParameterValues);
     motionPlanLayout->addWidget(m_writeButton, 0, Qt::AlignRight);
-    m_docks[MotionPlanDock]->setWidget(motionPlan);
+    m_docks[MotionPlanDock]->setWidget(motionPlan, ads::CDockWidget::ForceNoScrollArea);
     m_docks[ScalingDock]->setWidget(new QWidget);
     m_gridPointView = new GridPointParameterView(m_parameterModel, m_provider,
                                                  m_parameterModel ? m_parameterModel->livingSpace() : 0);
@@ -134,6 +136,8 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_docks[MotionPlanDock]->setAsCurrentTab();
 
     for (ads::CDockWidget *dock : m_docks) {
+        // The docking library leaves checkable view actions without the icon.
+        dock->toggleViewAction()->setIcon(dock->icon());
         m_ui->menuAnsicht->addAction(dock->toggleViewAction());
         m_ui->toolBarKurve->addAction(dock->toggleViewAction());
     }
@@ -196,8 +200,7 @@ void CamDesignerViewImplementation::restoreSettings()
     QSettings settings;
     // Empty settings keep the arrangement of construction.
     const QByteArray dockState = settings.value(QLatin1String(DockManagerKey)).toByteArray();
-    if (!dockState.isEmpty())
-        m_dockManager->restoreState(dockState, DockManagerStateVersion);
+    m_layoutRestored = !dockState.isEmpty() && m_dockManager->restoreState(dockState, DockManagerStateVersion);
     restoreGeometry(settings.value(QLatin1String(GeometryKey)).toByteArray());
     restoreState(settings.value(QLatin1String(WindowStateKey)).toByteArray(), WindowStateVersion);
     m_gridPointView->restoreState(settings.value(QLatin1String(GridPointViewKey)).toByteArray());
@@ -361,6 +364,28 @@ void CamDesignerViewImplementation::onDecimalPlacesChanged()
              "geschlossen werden. Sobald die Parameteränderungen aktiv sind, können sie den Editor wieder öffnen."),
           QMessageBox::Ok },
         this, SLOT(msgBoxClosed(QAbstractButton *)));
+}
+
+void CamDesignerViewImplementation::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (m_shown)
+        return;
+    m_shown = true;
+    // Splitter sizes take only once the window has its size: the panels and
+    // the curves share the width, and that is what "Zurücksetzen" restores.
+    ads::CDockAreaWidget *plots = m_docks[PlotDock]->dockAreaWidget();
+    const int width = m_dockManager->width();
+    if (plots) {
+        const QList<int> sizes { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
+                                 width * RightAreaShare / (LeftAreaShare + RightAreaShare) };
+        const QByteArray current = m_dockManager->saveState(DockManagerStateVersion);
+        m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+        m_dockManager->setSplitterSizes(m_docks[PlotDock]->dockAreaWidget(), sizes);
+        m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
+        if (m_layoutRestored)
+            m_dockManager->restoreState(current, DockManagerStateVersion);
+    }
 }
 
 void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)

@@ -67,6 +67,7 @@ private slots:
     void msgBoxClosed(QAbstractButton *button);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -93,4 +94,6 @@ private:
     std::unique_ptr<UndoView> m_undoView;
     // The arrangement of construction, for "Zurücksetzen".
     QByteArray m_defaultDockState;
+    bool m_layoutRestored = false;
+    bool m_shown = false;
 };
