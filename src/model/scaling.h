@@ -57,6 +57,12 @@ public:
     // Four decimals, the system locale's decimal point, then " s".
     QString cycleTimeText() const;
 
+    // How a derivative of the curve (order 1 velocity, 2 acceleration, 3
+    // jerk), calculated per master unit, is shown: multiplied by this factor,
+    // in derivativeUnit(order). masterRange is the master distance of one cycle.
+    virtual double derivativeFactor(int order, double masterRange) const;
+    virtual QString derivativeUnit(int order) const;
+
 signals:
     void masterAxisScalingChanged();
     void cycleTimeChanged();

@@ -87,6 +87,16 @@ QString Scaling::cycleTimeText() const
         + QStringLiteral(" s");
 }
 
+double Scaling::derivativeFactor(int, double) const
+{
+    return 1.0;
+}
+
+QString Scaling::derivativeUnit(int) const
+{
+    return QString();
+}
+
 ScalingImplementation::ScalingImplementation(ParameterModel *parameterModel, QObject *parent)
     : Scaling(parent)
     , m_parameterModel(parameterModel)

@@ -1,4 +1,10 @@
 target_sources(MxCamDesignerObjects PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/curveplot.h
+    ${CMAKE_CURRENT_LIST_DIR}/curveplot.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/curveplotstack.h
+    ${CMAKE_CURRENT_LIST_DIR}/curveplotstack.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.cpp
     ${CMAKE_CURRENT_LIST_DIR}/previewview.h
     ${CMAKE_CURRENT_LIST_DIR}/previewview.cpp
 )

@@ -13,6 +13,7 @@
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
+#include "plots/curveplotstack.h"
 #include "resources/camdesignerresources.h"
 
 #include <qtadvanceddocking/DockAreaWidget.h>
@@ -128,10 +129,19 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_docks[ComparisonDock]->setWidget(new QWidget);
     m_calculatedTable = new CalculatedTableView(m_editorModel, m_parameterModel);
     m_docks[CalculatedDock]->setWidget(m_calculatedTable, ads::CDockWidget::ForceNoScrollArea);
-    m_docks[PlotDock]->setWidget(new QWidget);
+    m_plots = new CurvePlotStack(m_editorModel, m_parameterModel, m_undoStack.get());
+    m_docks[PlotDock]->setWidget(m_plots, ads::CDockWidget::ForceNoScrollArea);
     QToolBar *plotBar = m_docks[PlotDock]->createDefaultToolBar();
-    plotBar->addActions({ m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
-                          m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot });
+    const QAction *plotActions[CurvePlot::QuantityCount] = { m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
+                                                             m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot };
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        plotBar->addAction(const_cast<QAction *>(plotActions[quantity]));
+        connect(plotActions[quantity], &QAction::toggled, m_plots,
+                [this, quantity](bool on) { m_plots->setPlotVisible(CurvePlot::Quantity(quantity), on); });
+    }
+    plotBar->addSeparator();
+    plotBar->addAction(m_plots->wholeCurveAction());
+    plotBar->addAction(m_plots->exportAction());
     m_dockManager->addDockWidget(ads::RightDockWidgetArea, m_docks[PlotDock]);
     m_docks[MotionPlanDock]->setAsCurrentTab();
 
@@ -208,6 +218,10 @@ void CamDesignerViewImplementation::restoreSettings()
     m_ui->actionShowVelocityPlot->setChecked(settings.value(QLatin1String(VelocityPlotKey), true).toBool());
     m_ui->actionShowAccelerationPlot->setChecked(settings.value(QLatin1String(AccelerationPlotKey), true).toBool());
     m_ui->actionShowJerkPlot->setChecked(settings.value(QLatin1String(JerkPlotKey), false).toBool());
+    const QAction *plotActions[] = { m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
+                                     m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot };
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
+        m_plots->setPlotVisible(CurvePlot::Quantity(quantity), plotActions[quantity]->isChecked());
 }
 
 void CamDesignerViewImplementation::saveSettings() const

@@ -8,6 +8,7 @@
 
 class CalculatedTableView;
 class CamEditorModel;
+class CurvePlotStack;
 class Controller;
 class GridPointParameterView;
 class ParameterModelImplementation;
@@ -45,6 +46,7 @@ public:
     ads::CDockWidget *dock(Dock which) const { return m_docks[which]; }
     // The second write control, beside the cam definition data.
     QPushButton *writeButton() const { return m_writeButton; }
+    CurvePlotStack *plots() const { return m_plots; }
 
 signals:
     void closed();
@@ -89,6 +91,7 @@ private:
     ads::CDockWidget *m_docks[DockCount] = {};
     QPushButton *m_writeButton = nullptr;
     CalculatedTableView *m_calculatedTable = nullptr;
+    CurvePlotStack *m_plots = nullptr;
     GridPointParameterView *m_gridPointView = nullptr;
     QLabel *m_readOnlyLabel = nullptr;
     std::unique_ptr<UndoView> m_undoView;

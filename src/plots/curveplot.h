@@ -1,0 +1,42 @@
+#pragma once
+
+#include <qwt_plot.h>
+
+class QwtPlotCurve;
+class QwtPlotPicker;
+
+// One quantity of the cam over the master axis (position, velocity,
+// acceleration or jerk): the calculated curve in front of the curve stored in
+// the drive, and a tracker that names the value of every visible curve under
+// the mouse. The legend that shows or hides the curves is the stack's.
+class CurvePlot : public QwtPlot
+{
+    Q_OBJECT
+public:
+    enum Quantity { Position, Velocity, Acceleration, Jerk, QuantityCount };
+
+    explicit CurvePlot(Quantity quantity, QWidget *parent = nullptr);
+    ~CurvePlot() override;
+
+    Quantity quantity() const { return m_quantity; }
+    QwtPlotCurve *calculatedCurve() const { return m_calculated; }
+    QwtPlotCurve *storedCurve() const { return m_stored; }
+    QwtPlotPicker *tracker() const { return m_tracker; }
+
+    // The curves in the units they are shown in.
+    void setCurves(const QVector<QPointF> &calculated, const QVector<QPointF> &stored);
+    // The master title shows only where showMaster is set (the lowest plot).
+    void setAxisTitles(const QString &master, const QString &value, bool showMaster);
+    // The tracker's text at a master position: every visible curve's value.
+    QString trackerText(double master) const;
+
+    // The value of a curve at a master position, linear between its samples;
+    // NaN outside them or for an empty curve.
+    static double valueAt(const QwtPlotCurve *curve, double master);
+
+private:
+    Quantity m_quantity;
+    QwtPlotCurve *m_stored;
+    QwtPlotCurve *m_calculated;
+    QwtPlotPicker *m_tracker;
+};

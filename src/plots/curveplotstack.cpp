@@ -1,0 +1,353 @@
+#include "curveplotstack.h"
+
+#include "camdesigner/filedialog.h"
+#include "camdesigner/messagebox.h"
+#include "curves/motionplan.h"
+#include "defaultpathsetting.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "model/scaling.h"
+#include "motionpointdragger.h"
+#include "parameters/parametermodel.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <QVBoxLayout>
+
+#include <qwt_legend.h>
+#include <qwt_legend_label.h>
+#include <qwt_picker_machine.h>
+#include <qwt_plot_curve.h>
+#include <qwt_plot_magnifier.h>
+#include <qwt_plot_panner.h>
+#include <qwt_plot_picker.h>
+#include <qwt_plot_renderer.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_widget.h>
+#include <qwt_symbol.h>
+
+
+namespace {
+
+constexpr int PlainMarkers = 4;
+constexpr int MarkerSize = 9;
+const char DefaultPathKind[] = "CamDesignerPlots";
+
+QwtSymbol *symbolFor(int marker)
+{
+    const QColor outline(0x20, 0x20, 0x20);
+    switch (marker) {
+    case MotionPoint::rest: return new QwtSymbol(QwtSymbol::Rect, QColor(0xf0, 0xa0, 0x30), outline, QSize(MarkerSize, MarkerSize));
+    case MotionPoint::speed: return new QwtSymbol(QwtSymbol::Diamond, QColor(0x40, 0xa0, 0x40), outline, QSize(MarkerSize + 2, MarkerSize + 2));
+    case MotionPoint::turningPoint: return new QwtSymbol(QwtSymbol::Triangle, QColor(0xc0, 0x40, 0x40), outline, QSize(MarkerSize + 2, MarkerSize + 2));
+    case MotionPoint::acceleration: return new QwtSymbol(QwtSymbol::Ellipse, QColor(0x60, 0x60, 0xd0), outline, QSize(MarkerSize, MarkerSize));
+    default: return new QwtSymbol(QwtSymbol::Ellipse, QColor(0x1f, 0x5f, 0xa8), outline, QSize(MarkerSize, MarkerSize));
+    }
+}
+
+// A derivative list as shown: each value times the scaling's factor.
+QVector<QPointF> scaled(const QPolygonF &points, double factor)
+{
+    QVector<QPointF> result(points);
+    if (factor != 1.0) {
+        for (QPointF &point : result)
+            point.ry() *= factor;
+    }
+    return result;
+}
+
+QString defaultUnit(int order, const QString &slave, const QString &master)
+{
+    static const char *const Powers[] = { "", "", "²", "³" };
+    if (slave.isEmpty() && master.isEmpty())
+        return QString();
+    return QStringLiteral("%1/%2%3").arg(slave, master, QString::fromUtf8(Powers[order]));
+}
+
+} // namespace
+
+CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *parameterModel, QUndoStack *undoStack,
+                               QWidget *parent)
+    : QWidget(parent)
+    , m_editorModel(editorModel)
+    , m_parameterModel(parameterModel)
+    , m_wholeCurveAction(new QAction(tr("Ganze Kurve anzeigen"), this))
+    , m_exportAction(new QAction(tr("Exportieren …"), this))
+{
+    setObjectName(QStringLiteral("curvePlots"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2, 2, 2, 2);
+    layout->setSpacing(4);
+    m_legend = new QwtLegend;
+    m_legend->setDefaultItemMode(QwtLegendData::Checkable);
+    m_legend->setMaxColumns(2);
+    m_legend->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    layout->addWidget(m_legend, 0, Qt::AlignLeft);
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        auto *plot = new CurvePlot(CurvePlot::Quantity(quantity));
+        m_plots[quantity] = plot;
+        layout->addWidget(plot, 1);
+        // Zoom by rubber band or wheel, pan with the middle button; the
+        // master axis of one is the master axis of all.
+        auto *zoom = new QwtPlotPicker(QwtPlot::xBottom, QwtPlot::yLeft, QwtPicker::RectRubberBand,
+                                       QwtPicker::AlwaysOff, plot->canvas());
+        zoom->setStateMachine(new QwtPickerDragRectMachine);
+        connect(zoom, qOverload<const QRectF &>(&QwtPlotPicker::selected), plot, [this, plot](const QRectF &rect) {
+            if (rect.width() <= 0.0 || rect.height() <= 0.0)
+                return;
+            m_zoomed = true;
+            plot->setAxisScale(QwtPlot::yLeft, rect.top(), rect.bottom());
+            plot->setAxisScale(QwtPlot::xBottom, rect.left(), rect.right());
+            plot->replot();
+        });
+        auto *panner = new QwtPlotPanner(plot->canvas());
+        panner->setMouseButton(Qt::MiddleButton);
+        new QwtPlotMagnifier(plot->canvas());
+        connect(plot->axisWidget(QwtPlot::xBottom), &QwtScaleWidget::scaleDivChanged, this,
+                [this, plot] { onMasterAxisChanged(plot); });
+    }
+    CurvePlot *position = m_plots[CurvePlot::Position];
+    for (int marker = 0; marker <= PlainMarkers; ++marker) {
+        auto *curve = new QwtPlotCurve;
+        curve->setStyle(QwtPlotCurve::NoCurve);
+        curve->setSymbol(symbolFor(marker));
+        curve->setItemAttribute(QwtPlotItem::Legend, false);
+        curve->setZ(position->calculatedCurve()->z() + 1.0);
+        curve->attach(position);
+        m_markers[marker] = curve;
+    }
+    // The position plot's curves stand for all in the legend.
+    connect(position, &QwtPlot::legendDataChanged, m_legend, &QwtLegend::updateLegend);
+    position->updateLegend();
+    connect(m_legend, &QwtLegend::checked, this, [this, position](const QVariant &info, bool on) {
+        setCurvesVisible(position->infoToItem(info) == position->calculatedCurve(), on);
+    });
+    for (const QwtPlotCurve *curve : { position->calculatedCurve(), position->storedCurve() }) {
+        if (auto *label = qobject_cast<QwtLegendLabel *>(m_legend->legendWidget(position->itemToInfo(const_cast<QwtPlotCurve *>(curve)))))
+            label->setChecked(true);
+    }
+    // Installed after the pickers, so that a press on a marker drags it.
+    m_dragger = new MotionPointDragger(position, editorModel, parameterModel, undoStack);
+
+    connect(m_wholeCurveAction, &QAction::triggered, this, &CurvePlotStack::showWholeCurve);
+    connect(m_exportAction, &QAction::triggered, this, &CurvePlotStack::exportPlots);
+    if (editorModel) {
+        connect(editorModel, &CamEditorModel::changed, this, &CurvePlotStack::refresh);
+        connect(editorModel, &CamEditorModel::motionPlanRebuilt, this, &CurvePlotStack::refresh);
+        if (Scaling *scaling = editorModel->scaling()) {
+            for (auto signal : { &Scaling::masterAxisScalingChanged, &Scaling::cycleTimeChanged,
+                                 &Scaling::velocityScalingChanged, &Scaling::changed })
+                connect(scaling, signal, this, &CurvePlotStack::refresh);
+        }
+    }
+    if (parameterModel)
+        connect(parameterModel, &ParameterModel::valueChanged, this, &CurvePlotStack::refresh);
+    refresh();
+}
+
+CurvePlotStack::~CurvePlotStack() = default;
+
+void CurvePlotStack::setPlotVisible(CurvePlot::Quantity quantity, bool visible)
+{
+    m_plots[quantity]->setVisible(visible);
+    refresh();
+}
+
+void CurvePlotStack::setCurvesVisible(bool calculated, bool visible)
+{
+    for (CurvePlot *plot : m_plots) {
+        (calculated ? plot->calculatedCurve() : plot->storedCurve())->setVisible(visible);
+        plot->replot();
+    }
+}
+
+bool CurvePlotStack::isPlotVisible(CurvePlot::Quantity quantity) const
+{
+    return !m_plots[quantity]->isHidden();
+}
+
+QwtPlotCurve *CurvePlotStack::markers(int type) const
+{
+    return type >= 0 && type < PlainMarkers ? m_markers[type] : m_markers[PlainMarkers];
+}
+
+void CurvePlotStack::refresh()
+{
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    const double range = plan ? plan->masterRange() : 0.0;
+    const QString masterUnit = m_parameterModel ? m_parameterModel->masterUnit() : QString();
+    const QString slaveUnit = m_parameterModel ? m_parameterModel->slaveUnit() : QString();
+    using Lists = QPolygonF (MotionPlan::*)() const;
+    using Stored = QPolygonF (ParameterModel::*)() const;
+    const Lists calculated[] = { &MotionPlan::positions, &MotionPlan::velocities, &MotionPlan::accelerations,
+                                 &MotionPlan::jerks };
+    const Stored stored[] = { &ParameterModel::storedGridPoints, &ParameterModel::storedVelocities,
+                              &ParameterModel::storedAccelerations, &ParameterModel::storedJerks };
+    int lowestVisible = CurvePlot::Position;
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        if (!m_plots[quantity]->isHidden())
+            lowestVisible = quantity;
+    }
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        const double factor = quantity == CurvePlot::Position || !scaling ? 1.0 : scaling->derivativeFactor(quantity, range);
+        m_plots[quantity]->setCurves(plan ? scaled((plan->*calculated[quantity])(), factor) : QVector<QPointF>(),
+                                     m_parameterModel ? scaled((m_parameterModel->*stored[quantity])(), factor)
+                                                      : QVector<QPointF>());
+        QString unit = quantity == CurvePlot::Position ? slaveUnit : QString();
+        if (quantity != CurvePlot::Position && scaling)
+            unit = scaling->derivativeUnit(quantity);
+        if (quantity != CurvePlot::Position && unit.isEmpty())
+            unit = defaultUnit(quantity, slaveUnit, masterUnit);
+        m_plots[quantity]->setAxisTitles(masterUnit, unit, quantity == lowestVisible);
+    }
+    updateMarkers();
+    updateScales();
+}
+
+void CurvePlotStack::updateMarkers()
+{
+    QVector<QPointF> points[PlainMarkers + 1];
+    const int count = m_editorModel ? m_editorModel->motionPointCount() : 0;
+    for (int row = 0; row < count; ++row) {
+        const MotionPoint *point = m_editorModel->motionPointAt(row);
+        const bool typed = point->typeApplies() && point->type() >= 0 && point->type() < PlainMarkers;
+        points[typed ? point->type() : PlainMarkers].append(point->position());
+    }
+    for (int marker = 0; marker <= PlainMarkers; ++marker)
+        m_markers[marker]->setSamples(points[marker]);
+}
+
+void CurvePlotStack::updateScales()
+{
+    m_settingScales = true;
+    const double first = m_editorModel && m_editorModel->motionPointCount() > 0
+        ? m_editorModel->motionPointAt(0)->master()
+        : 0.0;
+    const double end = m_editorModel ? m_editorModel->masterEnd() : 1.0;
+    for (CurvePlot *plot : m_plots) {
+        if (!m_zoomed) {
+            plot->setAxisScale(QwtPlot::xBottom, first, end > first ? end : first + 1.0);
+            plot->setAxisAutoScale(QwtPlot::yLeft);
+        }
+    }
+    alignAxes();
+    m_settingScales = false;
+}
+
+void CurvePlotStack::alignAxes()
+{
+    // As Qwt's plot matrix does: every left axis as wide as the widest, so
+    // that the canvases stand exactly above each other.
+    double extent = 0.0;
+    for (CurvePlot *plot : m_plots) {
+        plot->updateAxes();
+        QwtScaleWidget *axis = plot->axisWidget(QwtPlot::yLeft);
+        axis->scaleDraw()->setMinimumExtent(0.0);
+        if (!plot->isHidden())
+            extent = std::max(extent, axis->scaleDraw()->extent(axis->font()));
+    }
+    for (CurvePlot *plot : m_plots) {
+        plot->axisWidget(QwtPlot::yLeft)->scaleDraw()->setMinimumExtent(extent);
+        if (!plot->isHidden())
+            plot->replot();
+    }
+}
+
+void CurvePlotStack::onMasterAxisChanged(CurvePlot *source)
+{
+    if (m_settingScales)
+        return;
+    m_settingScales = true;
+    m_zoomed = true;
+    const QwtInterval interval = source->axisInterval(QwtPlot::xBottom);
+    for (CurvePlot *plot : m_plots) {
+        if (plot != source) {
+            plot->setAxisScale(QwtPlot::xBottom, interval.minValue(), interval.maxValue());
+            plot->replot();
+        }
+    }
+    m_settingScales = false;
+}
+
+void CurvePlotStack::showWholeCurve()
+{
+    m_zoomed = false;
+    updateScales();
+}
+
+bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quantity) const
+{
+    QList<CurvePlot *> plots;
+    for (CurvePlot *plot : m_plots) {
+        if (quantity < 0 ? !plot->isHidden() : plot->quantity() == quantity)
+            plots.append(plot);
+    }
+    if (plots.isEmpty() || size.isEmpty())
+        return false;
+    const auto render = [&plots](QPainter &painter, const QRectF &area) {
+        QwtPlotRenderer renderer;
+        const double height = area.height() / plots.size();
+        for (int i = 0; i < plots.size(); ++i)
+            renderer.render(plots.at(i), &painter, QRectF(area.left(), area.top() + i * height, area.width(), height));
+    };
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    const QRectF area(QPointF(0.0, 0.0), QSizeF(size));
+    if (suffix == QLatin1String("svg")) {
+        QSvgGenerator generator;
+        generator.setFileName(path);
+        generator.setSize(size);
+        generator.setViewBox(area);
+        QPainter painter;
+        if (!painter.begin(&generator))
+            return false;
+        render(painter, area);
+        return painter.end();
+    }
+    if (suffix == QLatin1String("pdf")) {
+        QPdfWriter writer(path);
+        // One point per pixel, the page the size of the picture.
+        writer.setResolution(72);
+        writer.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
+        writer.setPageMargins(QMarginsF());
+        QPainter painter;
+        if (!painter.begin(&writer))
+            return false;
+        render(painter, QRectF(painter.viewport()));
+        return painter.end();
+    }
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    render(painter, area);
+    painter.end();
+    return image.save(path, suffix == QLatin1String("png") ? "PNG" : nullptr);
+}
+
+void CurvePlotStack::exportPlots()
+{
+    VxUtilities::DefaultPathSetting defaultPath { QLatin1String(DefaultPathKind) };
+    const QString path = FileDialog::getSaveFileName(this, tr("Kurven exportieren"), defaultPath.path(),
+                                                     tr("Bilder (*.png *.svg *.pdf)"));
+    if (path.isEmpty())
+        return;
+    if (!exportTo(path, size())) {
+        MessageBox::warning(this, tr("Exportieren nicht möglich"),
+                            tr("Die Datei %1 konnte nicht geschrieben werden.").arg(path));
+        return;
+    }
+    defaultPath.setPath(path);
+}
+
+void CurvePlotStack::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    menu.addAction(m_wholeCurveAction);
+    menu.addAction(m_exportAction);
+    menu.exec(event->globalPos());
+}

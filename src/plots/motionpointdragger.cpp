@@ -1,0 +1,147 @@
+#include "motionpointdragger.h"
+
+#include "camdesigner/messagebox.h"
+#include "commands/editmotionpointcommand.h"
+#include "curveplot.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "model/scaling.h"
+#include "parameters/parametermodel.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QUndoStack>
+
+#include <qwt_scale_map.h>
+
+#include <cmath>
+#include <limits>
+
+MotionPointDragger::MotionPointDragger(CurvePlot *plot, CamEditorModel *editorModel, ParameterModel *parameterModel,
+                                       QUndoStack *undoStack)
+    : QObject(plot)
+    , m_plot(plot)
+    , m_editorModel(editorModel)
+    , m_parameterModel(parameterModel)
+    , m_undoStack(undoStack)
+{
+    plot->canvas()->installEventFilter(this);
+}
+
+bool MotionPointDragger::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_plot->canvas())
+        return false;
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        auto *mouse = static_cast<QMouseEvent *>(event);
+        return mouse->button() == Qt::LeftButton && press(mouse->pos());
+    }
+    case QEvent::MouseMove:
+        if (!isDragging())
+            return false;
+        move(static_cast<QMouseEvent *>(event)->pos());
+        return true;
+    case QEvent::MouseButtonRelease:
+        if (!isDragging() || static_cast<QMouseEvent *>(event)->button() != Qt::LeftButton)
+            return false;
+        release();
+        return true;
+    case QEvent::KeyPress:
+        if (!isDragging() || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+            return false;
+        cancel();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MotionPointDragger::press(const QPoint &position)
+{
+    if (!m_editorModel || !m_undoStack)
+        return false;
+    const QwtScaleMap x = m_plot->canvasMap(QwtPlot::xBottom);
+    const QwtScaleMap y = m_plot->canvasMap(QwtPlot::yLeft);
+    const int count = m_editorModel->motionPointCount();
+    int nearest = -1;
+    double distance = CatchDistance;
+    for (int row = 0; row < count; ++row) {
+        const MotionPoint *point = m_editorModel->motionPointAt(row);
+        const double d = std::hypot(x.transform(point->master()) - position.x(), y.transform(point->slave()) - position.y());
+        if (d <= distance) {
+            distance = d;
+            nearest = row;
+        }
+    }
+    if (nearest < 0)
+        return false;
+    m_point = m_editorModel->motionPointAt(nearest);
+    m_start = m_point->position();
+    const double infinity = std::numeric_limits<double>::infinity();
+    m_lowest = nearest > 0 ? m_editorModel->motionPointAt(nearest - 1)->master() : -infinity;
+    m_highest = nearest + 1 < count ? m_editorModel->motionPointAt(nearest + 1)->master() : infinity;
+    m_plot->canvas()->setFocus(Qt::MouseFocusReason);
+    m_editorModel->beginCoarseSteps();
+    return true;
+}
+
+void MotionPointDragger::move(const QPoint &position)
+{
+    if (!m_point || !m_parameterModel)
+        return;
+    const int masterDecimals = m_parameterModel->masterDecimalPlaces();
+    const double step = std::pow(10.0, -masterDecimals);
+    double master = rounded(m_plot->invTransform(QwtPlot::xBottom, position.x()), masterDecimals);
+    // Strictly between the neighbours: the point keeps its place in the order.
+    if (master <= m_lowest)
+        master = rounded(m_lowest + step, masterDecimals);
+    if (master >= m_highest)
+        master = rounded(m_highest - step, masterDecimals);
+    if (master <= m_lowest || master >= m_highest)
+        master = m_point->master();
+    const double slave = rounded(m_plot->invTransform(QwtPlot::yLeft, position.y()), m_parameterModel->slaveDecimalPlaces());
+    // The drag itself moves the point, as the model's coarse sampling is
+    // made for; the one command follows at the release.
+    m_point->setPosition(QPointF(master, slave));
+}
+
+void MotionPointDragger::release()
+{
+    MotionPoint *point = m_point;
+    const QPointF target = point->position();
+    // Back to the start, so that the command holds the move from there.
+    point->setPosition(m_start);
+    const QString message = target == m_start || !m_parameterModel
+        ? QString()
+        : m_parameterModel->checkMasterValue(target.x()) + m_parameterModel->checkSlaveValue(target.y());
+    if (target != m_start && !message.isEmpty()) {
+        finish();
+        MessageBox::warning(m_plot, tr("Bewegungspunkt nicht verschoben"), message);
+        return;
+    }
+    if (target != m_start)
+        m_undoStack->push(new EditMotionPointCommand(point, MotionPoint(target.x(), target.y(), MotionPoint::movementRules(point->type())),
+                                                     m_editorModel->scaling()));
+    finish();
+}
+
+void MotionPointDragger::cancel()
+{
+    if (m_point)
+        m_point->setPosition(m_start);
+    finish();
+}
+
+void MotionPointDragger::finish()
+{
+    m_point = nullptr;
+    if (m_editorModel)
+        m_editorModel->endCoarseSteps();
+}
+
+double MotionPointDragger::rounded(double value, int decimals) const
+{
+    const double scale = std::pow(10.0, decimals);
+    return std::round(value * scale) / scale;
+}
