@@ -331,12 +331,18 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
 
 void CurvePlotStack::exportPlots()
 {
+    exportPlot(-1);
+}
+
+void CurvePlotStack::exportPlot(int quantity)
+{
     VxUtilities::DefaultPathSetting defaultPath { QLatin1String(DefaultPathKind) };
     const QString path = FileDialog::getSaveFileName(this, tr("Kurven exportieren"), defaultPath.path(),
                                                      tr("Bilder (*.png *.svg *.pdf)"));
     if (path.isEmpty())
         return;
-    if (!exportTo(path, size())) {
+    const QSize shown = quantity < 0 ? size() : m_plots[quantity]->size();
+    if (!exportTo(path, shown, quantity)) {
         MessageBox::warning(this, tr("Exportieren nicht möglich"),
                             tr("Die Datei %1 konnte nicht geschrieben werden.").arg(path));
         return;
@@ -349,5 +355,11 @@ void CurvePlotStack::contextMenuEvent(QContextMenuEvent *event)
     QMenu menu(this);
     menu.addAction(m_wholeCurveAction);
     menu.addAction(m_exportAction);
+    for (QWidget *widget = childAt(event->pos()); widget; widget = widget->parentWidget()) {
+        if (auto *plot = qobject_cast<CurvePlot *>(widget)) {
+            menu.addAction(tr("Diesen Plot exportieren …"), this, [this, plot] { exportPlot(plot->quantity()); });
+            break;
+        }
+    }
     menu.exec(event->globalPos());
 }

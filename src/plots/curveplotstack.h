@@ -47,6 +47,8 @@ public slots:
     void refresh();
     void showWholeCurve();
     void exportPlots();
+    // Asks for a file and writes one plot (or, with -1, the visible ones).
+    void exportPlot(int quantity);
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;

@@ -1,0 +1,202 @@
+#include "editorfixture.h"
+#include "messagecapture.h"
+
+#include "camdesigner/controller.h"
+#include "commands/changemotionlawcommand.h"
+#include "curves/motionplan.h"
+#include "model/cameditormodel.h"
+#include "model/motionlaw.h"
+#include "parameters/parametermodelimplementation.h"
+#include "plots/curveplotstack.h"
+#include "plots/motionpointdragger.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_curve.h>
+
+#include <cmath>
+
+namespace {
+
+// The samples of a plot curve, to compare with the model's lists.
+QPolygonF samplesOf(const QwtPlotCurve *curve)
+{
+    QPolygonF points;
+    for (size_t i = 0; i < curve->dataSize(); ++i)
+        points.append(curve->sample(int(i)));
+    return points;
+}
+
+} // namespace
+
+class tst_CurvePlots : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void plotsHoldTheModelsLists();
+    void dragPushesOneEdit_data();
+    void dragPushesOneEdit();
+    void exportWritesEachFormat_data();
+    void exportWritesEachFormat();
+};
+
+void tst_CurvePlots::cleanup()
+{
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+// Calculated and stored lists of every quantity, after a write, an undo, a
+// load and a law switch; the plot actions show and hide the plots.
+void tst_CurvePlots::plotsHoldTheModelsLists()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    CurvePlotStack *plots = window->plots();
+    CamEditorModel *model = editor.implementation()->editorModel();
+    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    const auto check = [&] {
+        const MotionPlan *plan = model->motionPlan();
+        const QPolygonF calculated[] = { plan->positions(), plan->velocities(), plan->accelerations(), plan->jerks() };
+        const QPolygonF stored[] = { parameters->storedGridPoints(), parameters->storedVelocities(),
+                                     parameters->storedAccelerations(), parameters->storedJerks() };
+        for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+            QCOMPARE(samplesOf(plots->plot(CurvePlot::Quantity(quantity))->calculatedCurve()), calculated[quantity]);
+            QCOMPARE(samplesOf(plots->plot(CurvePlot::Quantity(quantity))->storedCurve()), stored[quantity]);
+        }
+        QCOMPARE(int(plots->markers(MotionPoint::rest)->dataSize() + plots->markers(MotionPoint::speed)->dataSize()
+                     + plots->markers(-1)->dataSize()),
+                 model->motionPointCount());
+    };
+    check();
+    parameters->writeGridPoints(model->motionPlan()->positions());
+    QVERIFY(plots->plot(CurvePlot::Position)->storedCurve()->dataSize() > 2);
+    check();
+    editor.description->loadWithUndo(parseJson(R"({"MotionPoints": [[0, 0], [50, 10], [100, 0]]})"), QStringLiteral("x"));
+    check();
+    window->undoStack()->undo();
+    check();
+    window->undoStack()->push(new ChangeMotionLawCommand(editor.camDescription()->motionLaw(), MotionLaw::Spline));
+    check();
+    // Under the spline the segment types do not apply: one plain symbol.
+    QCOMPARE(int(plots->markers(-1)->dataSize()), 3);
+
+    QVERIFY(plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
+    QVERIFY(!plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
+    actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->trigger();
+    actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
+    QVERIFY(plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
+    QVERIFY(!plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
+    window->close();
+}
+
+void tst_CurvePlots::dragPushesOneEdit_data()
+{
+    QTest::addColumn<double>("toMaster");
+    QTest::addColumn<double>("toSlave");
+    QTest::addColumn<bool>("escape");
+    QTest::addColumn<double>("expectedMaster");
+    QTest::addColumn<qint64>("slaveLimit");
+    QTest::newRow("within the neighbours") << 120.0 << 60.0 << false << -1.0 << qint64(0);
+    // Held one step of the drive's resolution before the next point.
+    QTest::newRow("past the next point") << 250.0 << 60.0 << false << 179.999 << qint64(0);
+    QTest::newRow("escape") << 120.0 << 60.0 << true << 90.0 << qint64(0);
+    // The drive takes slave positions up to 50.000: refused, the point returns.
+    QTest::newRow("beyond the slave limit") << 120.0 << 60.0 << false << 90.0 << qint64(50000);
+}
+
+void tst_CurvePlots::dragPushesOneEdit()
+{
+    QFETCH(double, toMaster);
+    QFETCH(double, toSlave);
+    QFETCH(bool, escape);
+    QFETCH(double, expectedMaster);
+    QFETCH(qint64, slaveLimit);
+    EditorFixture editor;
+    MessageCapture messages;
+    CamDesignerViewImplementation *window = editor.open();
+    if (slaveLimit > 0)
+        QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
+                                             -slaveLimit, slaveLimit));
+    window->resize(1200, 900);
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
+    plot->replot();
+    CamEditorModel *model = editor.implementation()->editorModel();
+    QWidget *canvas = plot->canvas();
+    const auto pixel = [plot](double master, double slave) {
+        return QPoint(int(std::lround(plot->transform(QwtPlot::xBottom, master))),
+                      int(std::lround(plot->transform(QwtPlot::yLeft, slave))));
+    };
+    const QPoint target = pixel(toMaster, toSlave);
+
+    QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(90, 40));
+    QVERIFY(window->plots()->dragger()->isDragging());
+    QVERIFY(model->isCoarseSteps());
+    // What the user points at, on the scales the press found.
+    const double pointedMaster = std::round(plot->invTransform(QwtPlot::xBottom, target.x()) * 1000.0) / 1000.0;
+    const double pointedSlave = std::round(plot->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
+    // QTest moves the cursor instead, which sends nothing offscreen.
+    QMouseEvent move(QEvent::MouseMove, target, canvas->mapToGlobal(target), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(canvas, &move);
+    QVERIFY(editor.camDescription()->pointAt(90) == nullptr);
+    if (escape)
+        QTest::keyClick(canvas, Qt::Key_Escape);
+    else
+        QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
+    QVERIFY(!model->isCoarseSteps());
+    QCOMPARE(messages.count(), slaveLimit > 0 ? 1 : 0);
+    if (escape || slaveLimit > 0) {
+        QCOMPARE(window->undoStack()->count(), 0);
+        QVERIFY(editor.camDescription()->pointAt(90));
+        window->close();
+        return;
+    }
+    QCOMPARE(window->undoStack()->count(), 1);
+    const MotionPoint *moved = model->motionPointAt(1);
+    const double master = expectedMaster >= 0.0 ? expectedMaster : pointedMaster;
+    QCOMPARE(moved->master(), master);
+    QCOMPARE(moved->slave(), pointedSlave);
+    window->undoStack()->undo();
+    QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
+    window->undoStack()->redo();
+    QCOMPARE(model->motionPointAt(1)->master(), master);
+    window->close();
+}
+
+void tst_CurvePlots::exportWritesEachFormat_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QByteArray>("start");
+    QTest::newRow("png") << "png" << QByteArray("\x89PNG");
+    QTest::newRow("svg") << "svg" << QByteArray("<?xml");
+    QTest::newRow("pdf") << "pdf" << QByteArray("%PDF");
+}
+
+void tst_CurvePlots::exportWritesEachFormat()
+{
+    QFETCH(QString, suffix);
+    QFETCH(QByteArray, start);
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QTemporaryDir directory;
+    const QString stacked = directory.filePath(QStringLiteral("kurven.") + suffix);
+    const QString single = directory.filePath(QStringLiteral("position.") + suffix);
+    QVERIFY(window->plots()->exportTo(stacked, QSize(800, 900)));
+    QVERIFY(window->plots()->exportTo(single, QSize(800, 300), CurvePlot::Position));
+    QFile file(stacked);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.read(start.size()) == start);
+    if (suffix == QLatin1String("png"))
+        QCOMPARE(QImage(single).size(), QSize(800, 300));
+    QVERIFY(!window->plots()->exportTo(directory.filePath(QStringLiteral("fehlt/kurven.png")), QSize(10, 10)));
+    window->close();
+}
+
+QTEST_MAIN(tst_CurvePlots)
+#include "tst_curveplots.moc"
