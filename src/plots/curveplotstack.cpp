@@ -5,6 +5,7 @@
 #include "curves/motionplan.h"
 #include "defaultpathsetting.h"
 #include "model/cameditormodel.h"
+#include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "motionpointdragger.h"
@@ -16,6 +17,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QSaveFile>
 #include <QSvgGenerator>
 #include <QVBoxLayout>
 
@@ -36,6 +38,7 @@ namespace {
 
 constexpr int PlainMarkers = 4;
 constexpr int MarkerSize = 9;
+constexpr double MasterMargin = 0.01;
 const char DefaultPathKind[] = "CamDesignerPlots";
 
 QwtSymbol *symbolFor(int marker)
@@ -214,9 +217,13 @@ void CurvePlotStack::updateMarkers()
 {
     QVector<QPointF> points[PlainMarkers + 1];
     const int count = m_editorModel ? m_editorModel->motionPointCount() : 0;
+    // Segment types matter to the VDI law alone (the law, not the points'
+    // flag, which keeps its start value until the law first changes).
+    const bool typesApply = m_editorModel && m_editorModel->motionLaw()
+        && m_editorModel->motionLaw()->law() == MotionLaw::Vdi;
     for (int row = 0; row < count; ++row) {
         const MotionPoint *point = m_editorModel->motionPointAt(row);
-        const bool typed = point->typeApplies() && point->type() >= 0 && point->type() < PlainMarkers;
+        const bool typed = typesApply && point->type() >= 0 && point->type() < PlainMarkers;
         points[typed ? point->type() : PlainMarkers].append(point->position());
     }
     for (int marker = 0; marker <= PlainMarkers; ++marker)
@@ -232,7 +239,9 @@ void CurvePlotStack::updateScales()
     const double end = m_editorModel ? m_editorModel->masterEnd() : 1.0;
     for (CurvePlot *plot : m_plots) {
         if (!m_zoomed) {
-            plot->setAxisScale(QwtPlot::xBottom, first, end > first ? end : first + 1.0);
+            // A little room at both ends, so that the first and last markers show whole.
+            const double length = end > first ? end - first : 1.0;
+            plot->setAxisScale(QwtPlot::xBottom, first - MasterMargin * length, first + (1.0 + MasterMargin) * length);
             plot->setAxisAutoScale(QwtPlot::yLeft);
         }
     }
@@ -298,19 +307,24 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
     };
     const QString suffix = QFileInfo(path).suffix().toLower();
     const QRectF area(QPointF(0.0, 0.0), QSizeF(size));
+    // Written whole or not at all: an existing picture stays until the new
+    // one is complete.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator generator;
-        generator.setFileName(path);
+        generator.setOutputDevice(&file);
         generator.setSize(size);
         generator.setViewBox(area);
         QPainter painter;
         if (!painter.begin(&generator))
             return false;
         render(painter, area);
-        return painter.end();
-    }
-    if (suffix == QLatin1String("pdf")) {
-        QPdfWriter writer(path);
+        if (!painter.end())
+            return false;
+    } else if (suffix == QLatin1String("pdf")) {
+        QPdfWriter writer(&file);
         // One point per pixel, the page the size of the picture.
         writer.setResolution(72);
         writer.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
@@ -319,14 +333,18 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
         if (!painter.begin(&writer))
             return false;
         render(painter, QRectF(painter.viewport()));
-        return painter.end();
+        if (!painter.end())
+            return false;
+    } else {
+        QImage image(size, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        render(painter, area);
+        painter.end();
+        if (!image.save(&file, "PNG"))
+            return false;
     }
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    render(painter, area);
-    painter.end();
-    return image.save(path, suffix == QLatin1String("png") ? "PNG" : nullptr);
+    return file.commit();
 }
 
 void CurvePlotStack::exportPlots()

@@ -113,6 +113,13 @@ private slots:
         QTest::newRow("write missing cam file") << QStringList{ "write", missing, "--table", "1" } + drive << 1 << missing;
         QTest::newRow("write one point") << QStringList{ "write", cam(OnePoint), "--table", "1" } + drive << 1
                                          << "two motion points";
+        QTest::newRow("plot without --output") << QStringList{ "plot", Cyclic } << 2 << "--output";
+        QTest::newRow("plot to an unknown format") << QStringList{ "plot", Cyclic, "--output", tmp("a.bmp") } << 2 << ".png";
+        QTest::newRow("plot of a bad size") << QStringList{ "plot", Cyclic, "--output", tmp("a.png"), "--size", "0x9" } << 2
+                                            << "--size";
+        QTest::newRow("plot missing file") << QStringList{ "plot", missing, "--output", tmp("a.png") } << 1 << missing;
+        QTest::newRow("plot into a missing folder") << QStringList{ "plot", Cyclic, "--output", tmp("no/a.svg") } << 1
+                                                    << "cannot write";
     }
 
     void exitCodes()
@@ -281,6 +288,23 @@ private slots:
                                          { "acceleration", number(plan.acceleration(m)) }, { "jerk", number(plan.jerk(m)) } });
         }
         QCOMPARE(QJsonDocument::fromJson(run.out).array(), expected);
+    }
+
+    // The editor's plots of a cam, with the table of a drive beside them.
+    void plotWritesEachFormat()
+    {
+        QCOMPARE(camtool(QStringList{ "write", Cyclic, "--drive", m_project, "--table", "3" }).exitCode, 0);
+        const struct { const char *suffix; QByteArray start; } formats[] = {
+            { "png", QByteArray("\x89PNG") }, { "svg", QByteArray("<?xml") }, { "pdf", QByteArray("%PDF") } };
+        for (const auto &format : formats) {
+            const QString path = tmp(QStringLiteral("plot.") + QLatin1String(format.suffix));
+            const CamToolResult run = camtool(QStringList{ "plot", Spline, "--output", path, "--size", "640x480",
+                                                           "--drive", m_project, "--table", "3" });
+            QCOMPARE(run.exitCode, 0);
+            QVERIFY2(run.err.isEmpty(), run.err.constData());
+            QVERIFY(readFile(path).startsWith(format.start));
+        }
+        QCOMPARE(QImage(tmp("plot.png")).size(), QSize(640, 480));
     }
 
     // Write, read back, write again, delete, as a user would.
