@@ -11,6 +11,7 @@
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parameters/parametermodelimplementation.h"
+#include "plots/curveplotstack.h"
 #include "views/camdesignerviewimplementation.h"
 
 #include "simulateddrive.h"
@@ -18,6 +19,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QJsonArray>
 
 #include <benchmark/benchmark.h>
@@ -97,8 +100,56 @@ void editPoint(benchmark::State &state)
     }
 }
 
+// One step of a drag on the position plot of a 100-point cam: the mouse
+// moves, the model samples coarsely, the visible plots are replotted.
+void dragStep(benchmark::State &state)
+{
+    Editor editor;
+    editor.click();
+    CamDesignerViewImplementation *window = editor.implementation()->view();
+    window->resize(1400, 900);
+    QApplication::processEvents();
+    CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
+    QWidget *canvas = plot->canvas();
+    const MotionPoint *point = editor.editorModel()->motionPointAt(50);
+    const QPoint start(int(plot->transform(QwtPlot::xBottom, point->master())),
+                       int(plot->transform(QwtPlot::yLeft, point->slave())));
+    QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(canvas, &press);
+    int offset = 0;
+    for (auto _ : state) {
+        offset = (offset + 1) % 20;
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(0, offset - 10), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+        QApplication::processEvents();
+    }
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(canvas, &escape);
+    state.counters["gridPoints"] = double(editor.editorModel()->motionPlan()->positions().size());
+}
+
+// The four plots replotted on 16000 calculated and 16000 stored points.
+void replotAll(benchmark::State &state)
+{
+    Editor editor;
+    editor.click();
+    CamDesignerViewImplementation *window = editor.implementation()->view();
+    window->resize(1400, 900);
+    window->plots()->setPlotVisible(CurvePlot::Jerk, true);
+    QApplication::processEvents();
+    for (auto _ : state) {
+        for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+            CurvePlot *plot = window->plots()->plot(CurvePlot::Quantity(quantity));
+            plot->replot();
+            plot->repaint();
+        }
+    }
+}
+
 } // namespace
 
+BENCHMARK(dragStep)->Unit(benchmark::kMillisecond);
+BENCHMARK(replotAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(openEditor)->Unit(benchmark::kMillisecond);
 BENCHMARK(editPoint)->ArgName("viewsOpen")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 

@@ -161,6 +161,11 @@ void CurvePlotStack::setPlotVisible(CurvePlot::Quantity quantity, bool visible)
     refresh();
 }
 
+bool CurvePlotStack::isReplotPending() const
+{
+    return m_replotPending;
+}
+
 void CurvePlotStack::setCurvesVisible(bool calculated, bool visible)
 {
     for (CurvePlot *plot : m_plots) {
@@ -245,6 +250,25 @@ void CurvePlotStack::updateScales()
             plot->setAxisAutoScale(QwtPlot::yLeft);
         }
     }
+    m_settingScales = false;
+    scheduleReplot();
+}
+
+void CurvePlotStack::scheduleReplot()
+{
+    // An edit rebuilds the plan more than once and a drag step arrives with
+    // every mouse move: the plots are drawn once, when the events of the
+    // change have been handled.
+    if (m_replotPending)
+        return;
+    m_replotPending = true;
+    QMetaObject::invokeMethod(this, &CurvePlotStack::replotNow, Qt::QueuedConnection);
+}
+
+void CurvePlotStack::replotNow()
+{
+    m_replotPending = false;
+    m_settingScales = true;
     alignAxes();
     m_settingScales = false;
 }
@@ -290,8 +314,11 @@ void CurvePlotStack::showWholeCurve()
     updateScales();
 }
 
-bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quantity) const
+bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quantity)
 {
+    // The picture shows the scales of the current curves.
+    if (m_replotPending)
+        replotNow();
     QList<CurvePlot *> plots;
     for (CurvePlot *plot : m_plots) {
         if (quantity < 0 ? !plot->isHidden() : plot->quantity() == quantity)

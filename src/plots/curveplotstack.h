@@ -41,7 +41,11 @@ public:
 
     // Renders the visible plots stacked (or the one given) as shown, into a
     // PNG, SVG or PDF file as its suffix says. False when it cannot be written.
-    bool exportTo(const QString &path, const QSize &size, int quantity = -1) const;
+    bool exportTo(const QString &path, const QSize &size, int quantity = -1);
+    // The curves are up to date at once; the drawing follows once the event
+    // loop has handled the change.
+    bool isReplotPending() const;
+    void replotNow();
 
 public slots:
     void refresh();
@@ -58,6 +62,7 @@ private:
     void updateScales();
     void alignAxes();
     void onMasterAxisChanged(CurvePlot *source);
+    void scheduleReplot();
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;
@@ -70,4 +75,5 @@ private:
     // The user zoomed or panned: refreshes keep the master range shown.
     bool m_zoomed = false;
     bool m_settingScales = false;
+    bool m_replotPending = false;
 };
