@@ -85,6 +85,24 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     // Under the spline the segment types do not apply: one plain symbol.
     QCOMPARE(int(plots->markers(-1)->dataSize()), 3);
 
+    // The tracker names each visible curve's value under the mouse.
+    CurvePlot *velocity = plots->plot(CurvePlot::Velocity);
+    const QString tracked = velocity->trackerText(45.0);
+    QVERIFY(tracked.contains(QString::number(CurvePlot::valueAt(velocity->calculatedCurve(), 45.0), 'f', 3)));
+    QVERIFY(tracked.contains(QString::number(CurvePlot::valueAt(velocity->storedCurve(), 45.0), 'f', 3)));
+
+    // Zoom on one plot is zoom on all, kept across changes until the whole
+    // curve is asked for again.
+    velocity->setAxisScale(QwtPlot::xBottom, 10.0, 20.0);
+    velocity->replot();
+    QCOMPARE(plots->plot(CurvePlot::Position)->axisInterval(QwtPlot::xBottom).maxValue(), 20.0);
+    window->undoStack()->undo();
+    plots->replotNow();
+    QCOMPARE(plots->plot(CurvePlot::Acceleration)->axisInterval(QwtPlot::xBottom).minValue(), 10.0);
+    plots->wholeCurveAction()->trigger();
+    plots->replotNow();
+    QVERIFY(plots->plot(CurvePlot::Acceleration)->axisInterval(QwtPlot::xBottom).maxValue() > 100.0);
+
     QVERIFY(plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
     QVERIFY(!plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
     actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->trigger();
