@@ -12,8 +12,11 @@
 #include "parameters/parametermodel.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
 #include <QContextMenuEvent>
 #include <QFileInfo>
+#include <QFontMetricsF>
 #include <QMenu>
 #include <QPainter>
 #include <QPdfWriter>
@@ -21,8 +24,6 @@
 #include <QSvgGenerator>
 #include <QVBoxLayout>
 
-#include <qwt_legend.h>
-#include <qwt_legend_label.h>
 #include <qwt_picker_machine.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_magnifier.h>
@@ -86,11 +87,12 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
     layout->setSpacing(4);
-    m_legend = new QwtLegend;
-    m_legend->setDefaultItemMode(QwtLegendData::Checkable);
-    m_legend->setMaxColumns(2);
-    m_legend->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    layout->addWidget(m_legend, 0, Qt::AlignLeft);
+    // The legend belongs where the plots' controls are (the window puts it
+    // on the plot dock's tool bar): a check box per curve, in its colour.
+    m_legend = new QWidget;
+    m_legend->setObjectName(QStringLiteral("curveLegend"));
+    auto *legendLayout = new QHBoxLayout(m_legend);
+    legendLayout->setContentsMargins(0, 0, 0, 0);
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         auto *plot = new CurvePlot(CurvePlot::Quantity(quantity));
         m_plots[quantity] = plot;
@@ -124,15 +126,19 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
         curve->attach(position);
         m_markers[marker] = curve;
     }
-    // The position plot's curves stand for all in the legend.
-    connect(position, &QwtPlot::legendDataChanged, m_legend, &QwtLegend::updateLegend);
-    position->updateLegend();
-    connect(m_legend, &QwtLegend::checked, this, [this, position](const QVariant &info, bool on) {
-        setCurvesVisible(position->infoToItem(info) == position->calculatedCurve(), on);
-    });
-    for (const QwtPlotCurve *curve : { position->calculatedCurve(), position->storedCurve() }) {
-        if (auto *label = qobject_cast<QwtLegendLabel *>(m_legend->legendWidget(position->itemToInfo(const_cast<QwtPlotCurve *>(curve)))))
-            label->setChecked(true);
+    for (bool calculated : { true, false }) {
+        const QwtPlotCurve *curve = calculated ? position->calculatedCurve() : position->storedCurve();
+        QPixmap swatch(16, 16);
+        swatch.fill(Qt::transparent);
+        QPainter painter(&swatch);
+        painter.fillRect(QRect(1, 6, 14, 4), curve->pen().color());
+        painter.end();
+        auto *toggle = new QCheckBox(curve->title().text());
+        toggle->setObjectName(calculated ? QStringLiteral("calculatedCurveToggle") : QStringLiteral("storedCurveToggle"));
+        toggle->setIcon(QIcon(swatch));
+        toggle->setChecked(true);
+        connect(toggle, &QCheckBox::toggled, this, [this, calculated](bool on) { setCurvesVisible(calculated, on); });
+        legendLayout->addWidget(toggle);
     }
     // Installed after the pickers, so that a press on a marker drags it.
     m_dragger = new MotionPointDragger(position, editorModel, parameterModel, undoStack);
@@ -153,7 +159,12 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     refresh();
 }
 
-CurvePlotStack::~CurvePlotStack() = default;
+CurvePlotStack::~CurvePlotStack()
+{
+    // Nobody took the legend in: it is still the stack's.
+    if (m_legend && !m_legend->parent())
+        delete m_legend.data();
+}
 
 void CurvePlotStack::setPlotVisible(CurvePlot::Quantity quantity, bool visible)
 {
@@ -287,8 +298,10 @@ void CurvePlotStack::alignAxes()
     }
     for (CurvePlot *plot : m_plots) {
         plot->axisWidget(QwtPlot::yLeft)->scaleDraw()->setMinimumExtent(extent);
-        if (!plot->isHidden())
+        if (!plot->isHidden()) {
+            plot->updateLayout();
             plot->replot();
+        }
     }
 }
 
@@ -327,10 +340,26 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
     if (plots.isEmpty() || size.isEmpty())
         return false;
     const auto render = [&plots](QPainter &painter, const QRectF &area) {
+        // A line that names the curves, then the plots one below the other.
+        const QFontMetricsF metrics(painter.font());
+        const double legendHeight = metrics.height() * 1.6;
+        double x = area.left() + metrics.height();
+        for (const QwtPlotCurve *curve : { plots.first()->calculatedCurve(), plots.first()->storedCurve() }) {
+            if (!curve->isVisible())
+                continue;
+            const QRectF swatch(x, area.top() + legendHeight / 2 - 2, metrics.height() * 1.5, 4);
+            painter.fillRect(swatch, curve->pen().color());
+            x = swatch.right() + metrics.height() * 0.4;
+            const QString title = curve->title().text();
+            painter.setPen(Qt::black);
+            painter.drawText(QPointF(x, area.top() + (legendHeight + metrics.ascent() - metrics.descent()) / 2), title);
+            x += metrics.horizontalAdvance(title) + metrics.height() * 1.5;
+        }
         QwtPlotRenderer renderer;
-        const double height = area.height() / plots.size();
+        const double height = (area.height() - legendHeight) / plots.size();
         for (int i = 0; i < plots.size(); ++i)
-            renderer.render(plots.at(i), &painter, QRectF(area.left(), area.top() + i * height, area.width(), height));
+            renderer.render(plots.at(i), &painter,
+                            QRectF(area.left(), area.top() + legendHeight + i * height, area.width(), height));
     };
     const QString suffix = QFileInfo(path).suffix().toLower();
     const QRectF area(QPointF(0.0, 0.0), QSizeF(size));

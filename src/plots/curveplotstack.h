@@ -10,7 +10,6 @@ class MotionPointDragger;
 class ParameterModel;
 class QAction;
 class QUndoStack;
-class QwtLegend;
 class QwtPlotCurve;
 
 // The four curve plots of the editor, stacked over one master axis: the
@@ -36,7 +35,7 @@ public:
     QAction *exportAction() const { return m_exportAction; }
     // One legend for the stack: its entries show or hide the calculated and
     // the stored curve in every plot.
-    QwtLegend *legend() const { return m_legend; }
+    QWidget *legend() const { return m_legend; }
     void setCurvesVisible(bool calculated, bool visible);
 
     // Renders the visible plots stacked (or the one given) as shown, into a
@@ -68,7 +67,7 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     CurvePlot *m_plots[CurvePlot::QuantityCount];
     QwtPlotCurve *m_markers[5];
-    QwtLegend *m_legend;
+    QPointer<QWidget> m_legend;
     MotionPointDragger *m_dragger;
     QAction *m_wholeCurveAction;
     QAction *m_exportAction;
