@@ -12,23 +12,13 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QTextCodec>
 
-#include <cmath>
 
 namespace {
 
-enum Column { MasterParameter, MasterImported, MasterDelta, SlaveParameter, SlaveImported, SlaveDelta, ColumnCount };
-
 const char EmptyIcon[] = ":/Resources/General/Empty_16x16.png";
-// Light enough to keep the numbers readable.
-const QColor DifferenceColor(255, 160, 160);
-
-// Exact, not fuzzy: a keystroke that changes the last digit must refill its row.
-bool samePoint(const QPointF &a, const QPointF &b)
-{
-    return a.x() == b.x() && a.y() == b.y();
-}
 
 // Curve files come from Windows tools as often as from others: a byte-order
 // mark decides, else UTF-8 if the bytes are valid UTF-8, else Latin-1.
@@ -52,29 +42,26 @@ QString decodedText(const QByteArray &bytes)
     return text;
 }
 
-void setIfChanged(QTreeWidgetItem *item, int column, const QString &text)
-{
-    if (item->text(column) != text)
-        item->setText(column, text);
-}
-
 } // namespace
 
 ExternalCurveImportView::ExternalCurveImportView(ParameterModel *parameterModel, QWidget *parent)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::ExternalCurveImportView>())
-    , m_parameterModel(parameterModel)
 {
+    m_table.parameterModel = parameterModel;
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_valueSeparatorRadios = { { CurveTextConverter::Semicolon, m_ui->semicolonSeparatorRadio },
                                { CurveTextConverter::Comma, m_ui->commaSeparatorRadio },
                                { CurveTextConverter::Tab, m_ui->tapSeparatorRadio },
                                { CurveTextConverter::Blank, m_ui->spaceSeparatorRadio } };
-    if (m_parameterModel)
-        m_parameterPoints = m_parameterModel->storedGridPoints();
+    if (parameterModel)
+        m_table.parameter = parameterModel->storedGridPoints();
     createLegend();
     createCompareRows();
+    // The comparison needs more room than the text.
+    m_ui->splitter_2->setStretchFactor(1, 1);
+    m_ui->splitter_2->setSizes({ 2, 5 });
 
     connect(m_ui->importButton, &QAbstractButton::clicked, this, &ExternalCurveImportView::chooseFile);
     connect(m_ui->sourceFileEdit, &QLineEdit::editingFinished, this, &ExternalCurveImportView::onSourceFileEdited);
@@ -85,8 +72,8 @@ ExternalCurveImportView::ExternalCurveImportView(ParameterModel *parameterModel,
         connect(radio, &QAbstractButton::toggled, this, &ExternalCurveImportView::onDecimalSeparatorToggled);
     for (QRadioButton *radio : m_valueSeparatorRadios)
         connect(radio, &QAbstractButton::toggled, this, &ExternalCurveImportView::onValueSeparatorToggled);
-    if (m_parameterModel)
-        connect(m_parameterModel, &ParameterModel::valueChanged, this,
+    if (parameterModel)
+        connect(parameterModel, &ParameterModel::valueChanged, this,
                 &ExternalCurveImportView::onParameterValuesChanged);
 
     bringRadiosInLine();
@@ -95,6 +82,8 @@ ExternalCurveImportView::ExternalCurveImportView(ParameterModel *parameterModel,
 
 ExternalCurveImportView::~ExternalCurveImportView()
 {
+    // The rows read the table, which goes before the widgets do.
+    m_ui->compareView->clear();
     // Owned here while detached; detaches itself if the plot holds it.
     delete m_importedCurve;
 }
@@ -110,7 +99,7 @@ void ExternalCurveImportView::createLegend()
     m_parameterCurve = new QwtPlotCurve(tr("Parameter"));
     m_parameterCurve->setPen(QPen(Qt::darkGreen));
     m_parameterCurve->setRenderHint(QwtPlotItem::RenderAntialiased, true);
-    m_parameterCurve->setSamples(m_parameterPoints);
+    m_parameterCurve->setSamples(m_table.parameter);
     m_parameterCurve->attach(plot);
     if (auto *label = qobject_cast<QwtLegendLabel *>(legend->legendWidget(plot->itemToInfo(m_parameterCurve))))
         label->setChecked(true);
@@ -123,19 +112,19 @@ void ExternalCurveImportView::createLegend()
 
 void ExternalCurveImportView::createCompareRows()
 {
-    // Made once: a refresh only fills, shows and hides them.
-    QTreeWidgetItem prototype;
-    for (int column = 0; column < ColumnCount; ++column)
-        prototype.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    prototype.setIcon(MasterParameter, QIcon(QLatin1String(EmptyIcon)));
+    // Made once: a refresh only shows and hides them.
+    m_table.icon = QIcon(QLatin1String(EmptyIcon));
     QList<QTreeWidgetItem *> rows;
     rows.reserve(CompareRows);
     for (int row = 0; row < CompareRows; ++row)
-        rows.append(prototype.clone());
+        rows.append(new CompareRow(&m_table, row));
     QTreeWidget *view = m_ui->compareView;
     view->addTopLevelItems(rows);
     for (int row = 0; row < CompareRows; ++row)
         view->setRowHidden(row, QModelIndex(), true);
+    // Wide enough for the headers, sized once: sizing to the contents
+    // would measure rows on every refresh.
+    view->header()->resizeSections(QHeaderView::ResizeToContents);
 }
 
 void ExternalCurveImportView::chooseFile()
@@ -254,21 +243,11 @@ void ExternalCurveImportView::bringRadiosInLine()
 
 void ExternalCurveImportView::refresh()
 {
-    const QPolygonF previous = m_importedPoints;
-    m_importedPoints = m_converter.convert();
+    m_table.imported = m_converter.convert();
     updateImportedCurve();
-
-    QTreeWidget *view = m_ui->compareView;
-    view->setUpdatesEnabled(false);
-    // Only rows whose pair changed, or that come into view, are filled: a
-    // keystroke in a long file changes one pair, not thousands.
-    const int shownNow = qMin(m_importedPoints.size(), CompareRows);
-    for (int row = 0; row < shownNow; ++row) {
-        if (row >= m_shownRows || !samePoint(previous.at(row), m_importedPoints.at(row)))
-            fillRows(row, row + 1);
-    }
-    showRows(m_shownRows, shownNow);
-    view->setUpdatesEnabled(true);
+    showRows(qMin(m_table.imported.size(), CompareRows));
+    // The rows read their cells when painted.
+    m_ui->compareView->viewport()->update();
     updateSummary();
 }
 
@@ -276,8 +255,8 @@ void ExternalCurveImportView::updateImportedCurve()
 {
     QwtPlot *plot = m_ui->comparePlot;
     // Two pairs or fewer make no curve worth drawing.
-    if (m_importedPoints.size() > 2) {
-        m_importedCurve->setSamples(m_importedPoints);
+    if (m_table.imported.size() > 2) {
+        m_importedCurve->setSamples(m_table.imported);
         if (!m_importedCurve->plot())
             m_importedCurve->attach(plot);
         m_importedCurve->setVisible(true);
@@ -290,62 +269,13 @@ void ExternalCurveImportView::updateImportedCurve()
     plot->replot();
 }
 
-void ExternalCurveImportView::fillRows(int first, int last)
+void ExternalCurveImportView::showRows(int shownNow)
 {
-    if (!m_parameterModel)
-        return;
-    const ParameterModel &model = *m_parameterModel;
-    const double masterScale = std::pow(10.0, model.masterDecimalPlaces());
-    const double slaveScale = std::pow(10.0, model.slaveDecimalPlaces());
-    // Differences in units of the last decimal place, as the write rounds.
-    const auto delta = [](double imported, double parameter, double scale) {
-        return std::round(imported * scale) - std::round(parameter * scale);
-    };
-    const auto deltaText = [](double scaledDelta, const QString &text) {
-        return scaledDelta > 0.0 ? QLatin1Char('+') + text : text;
-    };
+    // Only rows that come into view or leave it are touched.
     QTreeWidget *view = m_ui->compareView;
-    for (int row = first; row < last; ++row) {
-        QTreeWidgetItem *item = view->topLevelItem(row);
-        const QPointF imported = m_importedPoints.at(row);
-        setIfChanged(item, MasterImported, model.masterValueToText(imported.x()));
-        setIfChanged(item, SlaveImported, model.slaveValueToText(imported.y()));
-        QString toolTip;
-        if (row < m_parameterPoints.size()) {
-            const QPointF parameter = m_parameterPoints.at(row);
-            const double masterDelta = delta(imported.x(), parameter.x(), masterScale);
-            const double slaveDelta = delta(imported.y(), parameter.y(), slaveScale);
-            const QString masterText =
-                deltaText(masterDelta, model.masterValueToText(masterDelta / masterScale));
-            const QString slaveText = deltaText(slaveDelta, model.slaveValueToText(slaveDelta / slaveScale));
-            setIfChanged(item, MasterParameter, model.masterValueToText(parameter.x()));
-            setIfChanged(item, SlaveParameter, model.slaveValueToText(parameter.y()));
-            setIfChanged(item, MasterDelta, masterText);
-            setIfChanged(item, SlaveDelta, slaveText);
-            if (masterDelta != 0.0 || slaveDelta != 0.0)
-                toolTip = tr("Importierter Wert weicht vom Parameterwert ab: Δ Master %1, Δ Slave %2")
-                              .arg(masterText, slaveText);
-        } else {
-            for (int column : { MasterParameter, SlaveParameter, MasterDelta, SlaveDelta })
-                setIfChanged(item, column, QString());
-            toolTip = tr("Kein Parameterwert: die Stützstelle kommt mit dem Import hinzu.");
-        }
-        if (item->toolTip(MasterParameter) == toolTip)
-            continue;
-        const QBrush background = toolTip.isEmpty() ? QBrush() : QBrush(DifferenceColor);
-        for (int column = 0; column < ColumnCount; ++column) {
-            item->setBackground(column, background);
-            item->setToolTip(column, toolTip);
-        }
-    }
-}
-
-void ExternalCurveImportView::showRows(int shownBefore, int shownNow)
-{
-    QTreeWidget *view = m_ui->compareView;
-    for (int row = shownNow; row < shownBefore; ++row)
+    for (int row = shownNow; row < m_shownRows; ++row)
         view->setRowHidden(row, QModelIndex(), true);
-    for (int row = shownBefore; row < shownNow; ++row)
+    for (int row = m_shownRows; row < shownNow; ++row)
         view->setRowHidden(row, QModelIndex(), false);
     m_shownRows = shownNow;
 }
@@ -353,7 +283,7 @@ void ExternalCurveImportView::showRows(int shownBefore, int shownNow)
 void ExternalCurveImportView::updateSummary()
 {
     m_ui->pairCountLabel->setText(
-        tr("Wertepaare: %1 gelesen, %2 aufgelistet.").arg(m_importedPoints.size()).arg(m_shownRows));
+        tr("Wertepaare: %1 gelesen, %2 aufgelistet.").arg(m_table.imported.size()).arg(m_shownRows));
     const QString error = m_converter.errorMessage();
     m_ui->conversionErrorLabel->setText(error);
     m_ui->conversionErrorLabel->setVisible(!error.isEmpty());
@@ -361,26 +291,24 @@ void ExternalCurveImportView::updateSummary()
 
 void ExternalCurveImportView::onParameterValuesChanged()
 {
-    if (!m_parameterModel)
+    if (!m_table.parameterModel)
         return;
-    m_parameterPoints = m_parameterModel->storedGridPoints();
-    m_parameterCurve->setSamples(m_parameterPoints);
+    m_table.parameter = m_table.parameterModel->storedGridPoints();
+    m_parameterCurve->setSamples(m_table.parameter);
     m_ui->comparePlot->replot();
-    m_ui->compareView->setUpdatesEnabled(false);
-    fillRows(0, m_shownRows);
-    m_ui->compareView->setUpdatesEnabled(true);
+    m_ui->compareView->viewport()->update();
 }
 
 void ExternalCurveImportView::accept()
 {
-    m_importedPoints = m_converter.convert();
+    m_table.imported = m_converter.convert();
     QPointer<ExternalCurveImportView> self(this);
     // The write processes events while it runs: no second click meanwhile,
-    // and no refill of the rows for a table that is about to be left.
+    // and no repaint of the rows for a table that is about to be left.
     setEnabled(false);
-    if (m_parameterModel) {
-        disconnect(m_parameterModel, nullptr, this, nullptr);
-        m_parameterModel->writeGridPoints(m_importedPoints);
+    if (ParameterModel *model = m_table.parameterModel) {
+        disconnect(model, nullptr, this, nullptr);
+        model->writeGridPoints(m_table.imported);
     }
     if (!self)
         return;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "comparerow.h"
 #include "curvetextconverter.h"
 
 #include <QDialog>
 #include <QMap>
-#include <QPointer>
 #include <QPolygonF>
 
 #include <memory>
@@ -34,7 +34,7 @@ public:
     ~ExternalCurveImportView() override;
 
     // The result of the last conversion.
-    QPolygonF importedPoints() const { return m_importedPoints; }
+    QPolygonF importedPoints() const { return m_table.imported; }
 
 public slots:
     void accept() override;
@@ -56,16 +56,13 @@ private:
     void bringRadiosInLine();
     void refresh();
     void updateImportedCurve();
-    // Rows first..last-1 from the current points and the drive's table.
-    void fillRows(int first, int last);
-    void showRows(int shownBefore, int shownNow);
+    void showRows(int shownNow);
     void updateSummary();
 
     std::unique_ptr<Ui::ExternalCurveImportView> m_ui;
     CurveTextConverter m_converter;
-    QPolygonF m_importedPoints;
-    QPolygonF m_parameterPoints;
-    QPointer<ParameterModel> m_parameterModel;
+    // The imported points, the drive's table and its formatting.
+    CompareTable m_table;
     QwtPlotCurve *m_parameterCurve = nullptr;
     QwtPlotCurve *m_importedCurve = nullptr;
     QMap<int, QRadioButton *> m_valueSeparatorRadios;
