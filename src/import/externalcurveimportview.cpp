@@ -15,7 +15,6 @@
 #include <QHeaderView>
 #include <QTextCodec>
 
-
 namespace {
 
 const char EmptyIcon[] = ":/Resources/General/Empty_16x16.png";
@@ -29,7 +28,7 @@ QString decodedText(const QByteArray &bytes)
         text = unicode->toUnicode(bytes);
     } else {
         QTextCodec::ConverterState state;
-        text = QTextCodec::codecForMib(106)->toUnicode(bytes.constData(), bytes.size(), &state);
+        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
         if (state.invalidChars > 0)
             text = QString::fromLatin1(bytes);
     }

@@ -39,6 +39,12 @@ namespace {
 constexpr unsigned short Table = 5;
 constexpr int LivingSpace = 1;
 
+// A drive with the model of one cam table.
+struct Bound {
+    MxSimulation::SimulatedDrive drive { 2 };
+    ParameterModelImplementation model { nullptr, &drive, Table, LivingSpace };
+};
+
 // Keeps what the dialog hands to the write instead of writing it.
 class RecordingModel : public ParameterModelImplementation
 {
@@ -170,9 +176,8 @@ void tst_ExternalCurveImportView::formatsPresetTheSeparators()
     QFETCH(QString, valueRadio);
     QFETCH(QString, decimalRadio);
     QFETCH(QStringList, firstRow);
-    MxSimulation::SimulatedDrive drive { 2 };
-    ParameterModelImplementation model(nullptr, &drive, Table, LivingSpace);
-    ExternalCurveImportView dialog(&model);
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Stützstellentabelle aus Datei importieren"));
     QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
     auto *combo = widget<QComboBox>(&dialog, "formatCombo");
@@ -218,10 +223,9 @@ void tst_ExternalCurveImportView::compareRows()
     QFETCH(int, row);
     QFETCH(QStringList, cells);
     QFETCH(QString, toolTip);
-    MxSimulation::SimulatedDrive drive { 2 };
-    ParameterModelImplementation model(nullptr, &drive, Table, LivingSpace);
-    model.writeGridPoints({ { 0, 0 }, { 10, 5 }, { 20, 10 } });
-    ExternalCurveImportView dialog(&model);
+    Bound bound;
+    bound.model.writeGridPoints({ { 0, 0 }, { 10, 5 }, { 20, 10 } });
+    ExternalCurveImportView dialog(&bound.model);
     setText(&dialog, QStringLiteral("0;0\n10.0004;5\n19.999;10.5\n30;12\n"));
 
     QTreeWidget *view = compareView(&dialog);
@@ -239,9 +243,8 @@ void tst_ExternalCurveImportView::compareRows()
 
 void tst_ExternalCurveImportView::refreshDrawsMoreThanTwoPairs()
 {
-    MxSimulation::SimulatedDrive drive { 2 };
-    ParameterModelImplementation model(nullptr, &drive, Table, LivingSpace);
-    ExternalCurveImportView dialog(&model);
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
     dialog.show();
     QwtPlotCurve *parameter = curveTitled(&dialog, QStringLiteral("Parameter"));
     QVERIFY(parameter && legendEntry(&dialog, parameter)->isChecked());
@@ -281,6 +284,12 @@ void tst_ExternalCurveImportView::refreshDrawsMoreThanTwoPairs()
     QVERIFY(!curveTitled(&dialog, QStringLiteral("Importierte Kurve")));
     QCOMPARE(shownRows(&dialog), 2);
     QVERIFY(error->isHidden());
+
+    // The drive's table changes while the dialog is open.
+    bound.model.writeGridPoints({ { 0, 7 }, { 1, 1 }, { 2, 2 } });
+    QCOMPARE(parameter->dataSize(), size_t(3));
+    QCOMPARE(compareView(&dialog)->topLevelItem(0)->text(3), QStringLiteral("7.000"));
+    QCOMPARE(compareView(&dialog)->topLevelItem(0)->text(5), QStringLiteral("-7.000"));
 }
 
 // 20000 pairs: 16000 listed, all 20000 handed to the write.
@@ -325,9 +334,8 @@ void tst_ExternalCurveImportView::fileErrors()
     // A directory exists but opens as no file.
     FileAnswer answer(directory ? scratch.path() : scratch.filePath(QStringLiteral("vanished.txt")));
     MessageCapture messages;
-    MxSimulation::SimulatedDrive drive { 2 };
-    ParameterModelImplementation model(nullptr, &drive, Table, LivingSpace);
-    ExternalCurveImportView dialog(&model);
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
     setText(&dialog, QStringLiteral("0;0\n1;1\n2;2"));
 
     widget<QToolButton>(&dialog, "importButton")->click();
@@ -360,9 +368,8 @@ void tst_ExternalCurveImportView::encodings()
     QTemporaryDir scratch;
     const QString path = scratch.filePath(QStringLiteral("kurve.csv"));
     QVERIFY(writeFile(path, bytes));
-    MxSimulation::SimulatedDrive drive { 2 };
-    ParameterModelImplementation model(nullptr, &drive, Table, LivingSpace);
-    ExternalCurveImportView dialog(&model);
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
     dialog.show();
     auto *pathEdit = widget<QLineEdit>(&dialog, "sourceFileEdit");
     QTest::keyClicks(pathEdit, path);
