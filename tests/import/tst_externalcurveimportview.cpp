@@ -8,7 +8,6 @@
 #include "parameters/parametermodelimplementation.h"
 #include "parameterelementlist.h"
 #include "plots/previewview.h"
-#include "simulateddrive.h"
 
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
@@ -78,15 +77,14 @@ template<class T> T *widget(QWidget *dialog, const char *name)
 
 QTreeWidget *compareView(QWidget *dialog) { return widget<QTreeWidget>(dialog, "compareView"); }
 
+// The number of shown rows, which must be the first ones; -1 for a gap.
 int shownRows(QWidget *dialog)
 {
     QTreeWidget *view = compareView(dialog);
     int shown = 0;
-    while (shown < view->topLevelItemCount() && !view->topLevelItem(shown)->isHidden())
-        ++shown;
-    for (int row = shown; row < view->topLevelItemCount(); ++row) {
-        if (!view->topLevelItem(row)->isHidden())
-            return -1;  // a gap: shown rows must be the first ones
+    for (int row = 0; row < view->topLevelItemCount(); ++row) {
+        if (!view->topLevelItem(row)->isHidden() && row != shown++)
+            return -1;
     }
     return shown;
 }
