@@ -8,6 +8,7 @@
 #include "camdesigner/messagebox.h"
 #include "commands/undoview.h"
 #include "curves/motionplan.h"
+#include "import/externalcurveimportview.h"
 #include "defaultpathsetting.h"
 #include "model/cameditormodel.h"
 #include "parameters/calculatedtableview.h"
@@ -311,7 +312,19 @@ void CamDesignerViewImplementation::openCloseDialog()
 
 void CamDesignerViewImplementation::openParameterImportExternDialog()
 {
-    // The external curve import dialog takes its place here.
+    if (!m_parameterModel)
+        return;
+    for (ExternalCurveImportView *shown : findChildren<ExternalCurveImportView *>()) {
+        if (shown->isVisible()) {
+            shown->raise();
+            return;
+        }
+    }
+    // Modal to this window, without a nested event loop: the write on
+    // acceptance runs from the dialog, which then deletes itself.
+    auto *dialog = new ExternalCurveImportView(m_parameterModel, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void CamDesignerViewImplementation::resetView()

@@ -1,0 +1,433 @@
+#include "../views/editorfixture.h"
+#include "messagecapture.h"
+#include "testfiles.h"
+
+#include "camdesigner/filedialog.h"
+#include "import/externalcurveimportview.h"
+#include "parameters/gridpointparameterview.h"
+#include "parameters/parametermodelimplementation.h"
+#include "parameterelementlist.h"
+#include "plots/previewview.h"
+
+#include <qwt_legend.h>
+#include <qwt_legend_label.h>
+#include <qwt_plot.h>
+#include <qwt_plot_curve.h>
+
+#include <qtadvanceddocking/DockWidget.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QTextEdit>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr unsigned short Table = 5;
+constexpr int LivingSpace = 1;
+
+// A drive with the model of one cam table.
+struct Bound {
+    MxSimulation::SimulatedDrive drive { 2 };
+    ParameterModelImplementation model { nullptr, &drive, Table, LivingSpace };
+};
+
+// Keeps what the dialog hands to the write instead of writing it.
+class RecordingModel : public ParameterModelImplementation
+{
+public:
+    using ParameterModelImplementation::ParameterModelImplementation;
+    void writeGridPoints(const QVector<QPointF> &points) override { written.append(points); }
+    QList<QVector<QPointF>> written;
+};
+
+// Answers the file chooser with one path.
+struct FileAnswer {
+    explicit FileAnswer(const QString &path)
+        : previous(FileDialog::setHandler([this, path](QWidget *, const FileDialog::Request &request) {
+            requests.append(request);
+            return path;
+        }))
+    {
+    }
+    ~FileAnswer() { FileDialog::setHandler(previous); }
+    QList<FileDialog::Request> requests;
+    FileDialog::Handler previous;
+};
+
+template<class T> T *widget(QWidget *dialog, const char *name)
+{
+    T *found = dialog->findChild<T *>(QLatin1String(name));
+    if (!found)
+        qFatal("the form has no %s", name);
+    return found;
+}
+
+QTreeWidget *compareView(QWidget *dialog) { return widget<QTreeWidget>(dialog, "compareView"); }
+
+// The number of shown rows, which must be the first ones; -1 for a gap.
+int shownRows(QWidget *dialog)
+{
+    QTreeWidget *view = compareView(dialog);
+    int shown = 0;
+    for (int row = 0; row < view->topLevelItemCount(); ++row) {
+        if (!view->topLevelItem(row)->isHidden() && row != shown++)
+            return -1;
+    }
+    return shown;
+}
+
+QwtPlotCurve *curveTitled(QWidget *dialog, const QString &title)
+{
+    for (QwtPlotItem *item : widget<QwtPlot>(dialog, "comparePlot")->itemList(QwtPlotItem::Rtti_PlotCurve)) {
+        if (item->title().text() == title)
+            return static_cast<QwtPlotCurve *>(item);
+    }
+    return nullptr;
+}
+
+QwtLegendLabel *legendEntry(QWidget *dialog, QwtPlotItem *item)
+{
+    auto *plot = widget<QwtPlot>(dialog, "comparePlot");
+    return qobject_cast<QwtLegendLabel *>(static_cast<QwtLegend *>(plot->legend())->legendWidget(plot->itemToInfo(item)));
+}
+
+void setText(QWidget *dialog, const QString &text) { widget<QTextEdit>(dialog, "importFileEdit")->setPlainText(text); }
+
+// The cam of the example files: 3-4-5 polynomial rise by 100 over 0..120,
+// dwell to 180, return over 180..300, dwell to 360.
+double exampleCam(double master)
+{
+    const auto rise = [](double u) { return u * u * u * (10.0 - 15.0 * u + 6.0 * u * u); };
+    if (master <= 120.0)
+        return 100.0 * rise(master / 120.0);
+    if (master <= 180.0)
+        return 100.0;
+    if (master <= 300.0)
+        return 100.0 * (1.0 - rise((master - 180.0) / 120.0));
+    return 0.0;
+}
+
+} // namespace
+
+class tst_ExternalCurveImportView : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void formatsPresetTheSeparators_data();
+    void formatsPresetTheSeparators();
+    void compareRows_data();
+    void compareRows();
+    void refreshDrawsMoreThanTwoPairs();
+    void listsAtMost16000RowsAndHandsOverAll();
+    void fileErrors_data();
+    void fileErrors();
+    void encodings_data();
+    void encodings();
+    void examplesThroughTheEditorWindow_data();
+    void examplesThroughTheEditorWindow();
+};
+
+void tst_ExternalCurveImportView::cleanup()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+void tst_ExternalCurveImportView::formatsPresetTheSeparators_data()
+{
+    QTest::addColumn<QList<int>>("formats");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("valueRadio");
+    QTest::addColumn<QString>("decimalRadio");
+    QTest::addColumn<QStringList>("firstRow");
+    QTest::newRow("SERVOsoft") << QList<int> { 0 } << "10,5;;20,25" << "semicolonSeparatorRadio"
+                               << "decimalPlacesCommaSeparatorRadio" << QStringList { "10.500", "20.250" };
+    QTest::newRow("TwinCat2") << QList<int> { 1 } << "1.5,2.5" << "commaSeparatorRadio"
+                              << "decimalPlacesDotSeparatorRadio" << QStringList { "1.500", "2.500" };
+    QTest::newRow("CodeSys") << QList<int> { 2 } << "1.0;  2.0e-3" << "semicolonSeparatorRadio"
+                             << "decimalPlacesDotSeparatorRadio" << QStringList { "1.000", "0.002" };
+    QTest::newRow("free after SERVOsoft keeps its preset")
+        << QList<int> { 0, 3 } << "1,5;2,5" << "semicolonSeparatorRadio" << "decimalPlacesCommaSeparatorRadio"
+        << QStringList { "1.500", "2.500" };
+    QTest::newRow("free with the clicked radios") << QList<int> {} << "1,5 2,5" << "spaceSeparatorRadio"
+                                                  << "decimalPlacesCommaSeparatorRadio" << QStringList { "1.500", "2.500" };
+}
+
+void tst_ExternalCurveImportView::formatsPresetTheSeparators()
+{
+    QFETCH(QList<int>, formats);
+    QFETCH(QString, text);
+    QFETCH(QString, valueRadio);
+    QFETCH(QString, decimalRadio);
+    QFETCH(QStringList, firstRow);
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Stützstellentabelle aus Datei importieren"));
+    QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+    auto *combo = widget<QComboBox>(&dialog, "formatCombo");
+    QCOMPARE(combo->currentText(), QStringLiteral("Freies Format"));
+    QVERIFY(widget<QRadioButton>(&dialog, "semicolonSeparatorRadio")->isChecked());
+    QVERIFY(widget<QRadioButton>(&dialog, "decimalPlacesDotSeparatorRadio")->isChecked());
+    QCOMPARE(compareView(&dialog)->topLevelItemCount(), ExternalCurveImportView::CompareRows);
+    QCOMPARE(shownRows(&dialog), 0);
+
+    widget<QRadioButton>(&dialog, "spaceSeparatorRadio")->click();
+    widget<QRadioButton>(&dialog, "decimalPlacesCommaSeparatorRadio")->click();
+    for (int format : formats)
+        combo->setCurrentIndex(format);
+    setText(&dialog, text);
+
+    const bool free = combo->currentIndex() == 3;
+    QCOMPARE(widget<QGroupBox>(&dialog, "valueSeparatorBox")->isEnabled(), free);
+    QCOMPARE(widget<QGroupBox>(&dialog, "decimalSeparatorBox")->isEnabled(), free);
+    QVERIFY(widget<QRadioButton>(&dialog, qPrintable(valueRadio))->isChecked());
+    QVERIFY(widget<QRadioButton>(&dialog, qPrintable(decimalRadio))->isChecked());
+    QCOMPARE(shownRows(&dialog), 1);
+    QTreeWidgetItem *row = compareView(&dialog)->topLevelItem(0);
+    QCOMPARE(QStringList({ row->text(1), row->text(4) }), firstRow);
+}
+
+void tst_ExternalCurveImportView::compareRows_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QStringList>("cells");
+    QTest::addColumn<QString>("toolTip");  // empty: the row is not marked
+    QTest::newRow("equal") << 0 << QStringList { "0.000", "0.000", "0.000", "0.000", "0.000", "0.000" } << "";
+    QTest::newRow("equal after rounding") << 1 << QStringList { "10.000", "10.000", "0.000", "5.000", "5.000", "0.000" }
+                                          << "";
+    QTest::newRow("signed differences")
+        << 2 << QStringList { "20.000", "19.999", "-0.001", "10.000", "10.500", "+0.500" }
+        << "Importierter Wert weicht vom Parameterwert ab: Δ Master -0.001, Δ Slave +0.500";
+    QTest::newRow("beyond the stored table") << 3 << QStringList { "", "30.000", "", "", "12.000", "" }
+                                             << "Kein Parameterwert: die Stützstelle kommt mit dem Import hinzu.";
+}
+
+void tst_ExternalCurveImportView::compareRows()
+{
+    QFETCH(int, row);
+    QFETCH(QStringList, cells);
+    QFETCH(QString, toolTip);
+    Bound bound;
+    bound.model.writeGridPoints({ { 0, 0 }, { 10, 5 }, { 20, 10 } });
+    ExternalCurveImportView dialog(&bound.model);
+    setText(&dialog, QStringLiteral("0;0\n10.0004;5\n19.999;10.5\n30;12\n"));
+
+    QTreeWidget *view = compareView(&dialog);
+    QCOMPARE(view->headerItem()->text(2), QStringLiteral("Δ Master-Position"));
+    QTreeWidgetItem *item = view->topLevelItem(row);
+    QStringList texts;
+    for (int column = 0; column < view->columnCount(); ++column) {
+        texts << item->text(column);
+        QCOMPARE(item->textAlignment(column) & Qt::AlignHorizontal_Mask, int(Qt::AlignRight));
+        QCOMPARE(item->toolTip(column), toolTip);
+        QCOMPARE(item->background(column).style() != Qt::NoBrush, !toolTip.isEmpty());
+    }
+    QCOMPARE(texts, cells);
+}
+
+void tst_ExternalCurveImportView::refreshDrawsMoreThanTwoPairs()
+{
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
+    dialog.show();
+    QwtPlotCurve *parameter = curveTitled(&dialog, QStringLiteral("Parameter"));
+    QVERIFY(parameter && legendEntry(&dialog, parameter)->isChecked());
+    QCOMPARE(parameter->pen().color(), QColor(Qt::darkGreen));
+
+    auto *edit = widget<QTextEdit>(&dialog, "importFileEdit");
+    auto *count = widget<QLabel>(&dialog, "pairCountLabel");
+    auto *error = widget<QLabel>(&dialog, "conversionErrorLabel");
+    setText(&dialog, QStringLiteral("0;0\n1;1"));
+    QCOMPARE(shownRows(&dialog), 2);
+    QVERIFY(!curveTitled(&dialog, QStringLiteral("Importierte Kurve")));
+    QCOMPARE(count->text(), QStringLiteral("Wertepaare: 2 gelesen, 2 aufgelistet."));
+
+    edit->moveCursor(QTextCursor::End);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QTest::keyClicks(edit, QStringLiteral("2;4"));
+    QwtPlotCurve *imported = curveTitled(&dialog, QStringLiteral("Importierte Kurve"));
+    QVERIFY(imported && imported->isVisible() && legendEntry(&dialog, imported)->isChecked());
+    QCOMPARE(imported->sample(2), QPointF(2, 4));
+    QCOMPARE(compareView(&dialog)->topLevelItem(2)->text(4), QStringLiteral("4.000"));
+
+    // The legend hides and shows a curve; the next refresh shows it again.
+    QTest::mouseClick(legendEntry(&dialog, imported), Qt::LeftButton);
+    QVERIFY(!imported->isVisible());
+    QTest::keyClicks(edit, QStringLiteral("5"));
+    QVERIFY(imported->isVisible());
+    QCOMPARE(compareView(&dialog)->topLevelItem(2)->text(4), QStringLiteral("45.000"));
+    QVERIFY(error->isHidden());
+
+    // A value beyond double range converts to 0 and says so.
+    QTest::keyClick(edit, Qt::Key_Return);
+    QTest::keyClicks(edit, QStringLiteral("3;1") + QString(400, QLatin1Char('0')));
+    QCOMPARE(compareView(&dialog)->topLevelItem(3)->text(4), QStringLiteral("0.000"));
+    QVERIFY(error->isVisible() && error->text().contains(QStringLiteral("konnte nicht konvertiert werden")));
+
+    setText(&dialog, QStringLiteral("0;0\n1;1"));
+    QVERIFY(!curveTitled(&dialog, QStringLiteral("Importierte Kurve")));
+    QCOMPARE(shownRows(&dialog), 2);
+    QVERIFY(error->isHidden());
+
+    // The drive's table changes while the dialog is open.
+    bound.model.writeGridPoints({ { 0, 7 }, { 1, 1 }, { 2, 2 } });
+    QCOMPARE(parameter->dataSize(), size_t(3));
+    QCOMPARE(compareView(&dialog)->topLevelItem(0)->text(3), QStringLiteral("7.000"));
+    QCOMPARE(compareView(&dialog)->topLevelItem(0)->text(5), QStringLiteral("-7.000"));
+}
+
+// 20000 pairs: 16000 listed, all 20000 handed to the write.
+void tst_ExternalCurveImportView::listsAtMost16000RowsAndHandsOverAll()
+{
+    MxSimulation::SimulatedDrive drive { 2 };
+    RecordingModel model(nullptr, &drive, Table, LivingSpace);
+    ExternalCurveImportView dialog(&model);
+    dialog.open();
+    QString text;
+    for (int i = 0; i < 20000; ++i)
+        text += QStringLiteral("%1;%2\n").arg(i).arg(i * 0.5);
+    setText(&dialog, text);
+    QCOMPARE(shownRows(&dialog), ExternalCurveImportView::CompareRows);
+    QCOMPARE(compareView(&dialog)->topLevelItem(15999)->text(4), QStringLiteral("7999.500"));
+    QCOMPARE(widget<QLabel>(&dialog, "pairCountLabel")->text(), QStringLiteral("Wertepaare: 20000 gelesen, 16000 aufgelistet."));
+
+    QSignalSpy accepted(&dialog, &QDialog::accepted);
+    widget<QDialogButtonBox>(&dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
+    QCOMPARE(accepted.count(), 1);
+    QVERIFY(dialog.isHidden());
+    QCOMPARE(model.written.size(), 1);
+    QCOMPARE(model.written.first().size(), 20000);
+    QCOMPARE(model.written.first().last(), QPointF(19999, 9999.5));
+}
+
+void tst_ExternalCurveImportView::fileErrors_data()
+{
+    QTest::addColumn<bool>("directory");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("missing") << false << "Datei existiert nicht.";
+    QTest::newRow("not readable") << true
+                                  << "Datei kann nicht geöffnet werden, eventuell ist sie von einem anderen Programm "
+                                     "geöffnet.";
+}
+
+void tst_ExternalCurveImportView::fileErrors()
+{
+    QFETCH(bool, directory);
+    QFETCH(QString, reason);
+    QTemporaryDir scratch;
+    // A directory exists but opens as no file.
+    FileAnswer answer(directory ? scratch.path() : scratch.filePath(QStringLiteral("vanished.txt")));
+    MessageCapture messages;
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
+    setText(&dialog, QStringLiteral("0;0\n1;1\n2;2"));
+
+    widget<QToolButton>(&dialog, "importButton")->click();
+    QCOMPARE(answer.requests.size(), 1);
+    QCOMPARE(answer.requests.first().caption, QStringLiteral("Stützstellendateien öffnen"));
+    QCOMPARE(answer.requests.first().filter, QStringLiteral("Stützstellendateien (*.txt *.csv)"));
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().icon, QMessageBox::Critical);
+    QCOMPARE(messages.last().title, QStringLiteral("Fehler beim Öffnen einer Kurvendatei"));
+    QCOMPARE(messages.last().text, reason);
+    QCOMPARE(widget<QTextEdit>(&dialog, "importFileEdit")->toPlainText(), QStringLiteral("0;0\n1;1\n2;2"));
+    QCOMPARE(shownRows(&dialog), 3);
+}
+
+void tst_ExternalCurveImportView::encodings_data()
+{
+    const QString text = QStringLiteral("Master [°];Slave [µm]\r\n0;0\r\n90;45.5\r\n180;0\r\n");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("UTF-8") << text.toUtf8();
+    QTest::newRow("UTF-8 with BOM") << QByteArray("\xef\xbb\xbf") + text.toUtf8();
+    QTest::newRow("Latin-1") << text.toLatin1();
+    QTest::newRow("UTF-16LE with BOM") << QTextCodec::codecForName("UTF-16LE")->fromUnicode(QChar(QChar::ByteOrderMark) + text);
+    QTest::newRow("UTF-16BE with BOM") << QTextCodec::codecForName("UTF-16BE")->fromUnicode(QChar(QChar::ByteOrderMark) + text);
+}
+
+// Loaded from a path typed into the path field.
+void tst_ExternalCurveImportView::encodings()
+{
+    QFETCH(QByteArray, bytes);
+    QTemporaryDir scratch;
+    const QString path = scratch.filePath(QStringLiteral("kurve.csv"));
+    QVERIFY(writeFile(path, bytes));
+    Bound bound;
+    ExternalCurveImportView dialog(&bound.model);
+    dialog.show();
+    auto *pathEdit = widget<QLineEdit>(&dialog, "sourceFileEdit");
+    QTest::keyClicks(pathEdit, path);
+    QCOMPARE(shownRows(&dialog), 0);
+    QTest::keyClick(pathEdit, Qt::Key_Return);
+    QCOMPARE(widget<QTextEdit>(&dialog, "importFileEdit")->toPlainText(),
+             QStringLiteral("Master [°];Slave [µm]\n0;0\n90;45.5\n180;0\n"));
+    QCOMPARE(shownRows(&dialog), 3);
+}
+
+void tst_ExternalCurveImportView::examplesThroughTheEditorWindow_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("format");
+    QTest::newRow("SERVOsoft, Latin-1") << "curve-servosoft.csv" << 0;
+    QTest::newRow("TwinCat2, UTF-8") << "curve-twincat2.txt" << 1;
+    QTest::newRow("CodeSys, UTF-16") << "curve-codesys.txt" << 2;
+    QTest::newRow("free format, tab and decimal comma") << "curve-free-tab.txt" << 3;
+}
+
+void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
+{
+    QFETCH(QString, file);
+    QFETCH(int, format);
+    EditorFixture editor;
+    std::unique_ptr<QWidget> preview(editor.designer->createPreview());
+    CamDesignerViewImplementation *window = editor.open();
+    QAction *action = actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"));
+    action->trigger();
+    auto *dialog = window->findChild<ExternalCurveImportView *>();
+    QVERIFY(dialog && dialog->isVisible());
+    QCOMPARE(dialog->windowModality(), Qt::WindowModal);
+
+    FileAnswer answer(QStringLiteral(EXAMPLES_DIR "/") + file);
+    widget<QComboBox>(dialog, "formatCombo")->setCurrentIndex(format);
+    if (format == 3) {
+        widget<QRadioButton>(dialog, "tapSeparatorRadio")->click();
+        widget<QRadioButton>(dialog, "decimalPlacesCommaSeparatorRadio")->click();
+    }
+    widget<QToolButton>(dialog, "importButton")->click();
+    QVERIFY(widget<QTextEdit>(dialog, "importFileEdit")->toPlainText().contains(QStringLiteral("[°]")));
+    widget<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
+    QTRY_VERIFY(!window->findChild<ExternalCurveImportView *>());
+
+    // Read back by a model of its own, straight from the drive.
+    const QPolygonF stored =
+        ParameterModelImplementation(nullptr, &editor.drive, EditorFixture::Table, EditorFixture::LivingSpace).storedGridPoints();
+    QCOMPARE(stored.size(), 145);
+    for (int i = 0; i < stored.size(); ++i) {
+        QCOMPARE(stored.at(i).x(), i * 2.5);
+        QVERIFY2(std::abs(stored.at(i).y() - exampleCam(i * 2.5)) <= 0.0005 + 1e-9, qPrintable(QString::number(i)));
+    }
+    QCOMPARE(static_cast<PreviewView *>(preview.get())->storedCurve()->dataSize(), size_t(145));
+    auto *gridPoints = window->dock(CamDesignerViewImplementation::ParameterDock)->widget();
+    QCOMPARE(static_cast<GridPointParameterView *>(gridPoints)->elementList()->indexes().size(), 145);
+
+    editor.drive.setReadOnly(true);
+    QVERIFY(!action->isEnabled());
+    window->close();
+}
+
+QTEST_MAIN(tst_ExternalCurveImportView)
+#include "tst_externalcurveimportview.moc"
