@@ -8,12 +8,15 @@
 
 class CalculatedTableView;
 class CamEditorModel;
+class ComparisonView;
 class Controller;
 class GridPointParameterView;
+class MotionPlanTreeEditor;
 class ParameterModelImplementation;
 class QAbstractButton;
 class QLabel;
 class QPushButton;
+class ScalingView;
 class UndoView;
 
 namespace Ui {
@@ -45,6 +48,10 @@ public:
     ads::CDockWidget *dock(Dock which) const { return m_docks[which]; }
     // The second write control, beside the cam definition data.
     QPushButton *writeButton() const { return m_writeButton; }
+    // The editing panels; null where the window has no editor model.
+    MotionPlanTreeEditor *motionPlanEditor() const { return m_motionPlanEditor; }
+    ScalingView *scalingView() const { return m_scalingView; }
+    ComparisonView *comparisonView() const { return m_comparisonView; }
 
 signals:
     void closed();
@@ -90,6 +97,9 @@ private:
     CalculatedTableView *m_calculatedTable = nullptr;
     GridPointParameterView *m_gridPointView = nullptr;
     QLabel *m_readOnlyLabel = nullptr;
+    MotionPlanTreeEditor *m_motionPlanEditor = nullptr;
+    ScalingView *m_scalingView = nullptr;
+    ComparisonView *m_comparisonView = nullptr;
     std::unique_ptr<UndoView> m_undoView;
     // The arrangement of construction, for "Zurücksetzen".
     QByteArray m_defaultDockState;
