@@ -60,14 +60,14 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     form->setContentsMargins(0, 0, 0, 0);
     form->addRow(tr("Bewegungsgesetz:"), m_motionLaw);
     form->addRow(QString(), m_cyclic);
-    form->addRow(tr("Umlauflänge:"), m_circularLength);
+    form->addRow(new QLabel, m_circularLength);
     auto *mode = new QHBoxLayout;
     mode->addWidget(m_dynamic);
     mode->addWidget(m_static);
     mode->addStretch();
     form->addRow(tr("Schrittweite:"), mode);
     form->addRow(tr("Anzahl Stützstellen:"), m_resolution);
-    form->addRow(tr("Statische Schrittweite:"), m_stepSize);
+    form->addRow(new QLabel, m_stepSize);
     form->addRow(m_warning);
 
     // Only signals of the user's own actions push; the refresh sets the
@@ -95,6 +95,9 @@ void CamSettingsView::refresh()
     m_cyclic->setChecked(description->isCyclic());
     m_circularLength->setValue(description->circularLength());
     m_circularLength->setEnabled(description->isCyclic());
+    const QString unit = m_editing->parameterModel() ? m_editing->parameterModel()->masterUnit() : QString();
+    setLabel(m_circularLength, tr("Umlauflänge"), unit);
+    setLabel(m_stepSize, tr("Statische Schrittweite"), unit);
     m_dynamic->setChecked(steps->isDynamicStepSize());
     m_static->setChecked(!steps->isDynamicStepSize());
     m_resolution->setValue(steps->dynamicStepResolution());
@@ -110,6 +113,13 @@ void CamSettingsView::refresh()
                                : QString());
     m_warning->setVisible(tooMany);
     m_refreshing = false;
+}
+
+void CamSettingsView::setLabel(QWidget *field, const QString &title, const QString &unit)
+{
+    auto *form = static_cast<QFormLayout *>(layout());
+    if (auto *label = qobject_cast<QLabel *>(form->labelForField(field)))
+        label->setText(unit.isEmpty() ? title + QLatin1Char(':') : QStringLiteral("%1 [%2]:").arg(title, unit));
 }
 
 void CamSettingsView::onMotionLawChosen(int index)

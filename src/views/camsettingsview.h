@@ -32,6 +32,8 @@ public slots:
     void refresh();
 
 private:
+    // A field's form label: the title, then the unit in brackets.
+    void setLabel(QWidget *field, const QString &title, const QString &unit);
     void onMotionLawChosen(int index);
     void onCyclicClicked(bool cyclic);
     void onCircularLengthEdited(const QString &text);

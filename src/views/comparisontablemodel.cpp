@@ -37,6 +37,9 @@ ComparisonTableModel::ComparisonTableModel(CamEditorModel *editorModel, Paramete
         connect(parameterModel, &ParameterModel::valueChanged, this, &ComparisonTableModel::refresh);
         connect(parameterModel, &ParameterModel::sizeChanged, this, &ComparisonTableModel::refresh);
         connect(parameterModel, &ParameterModel::decimalPlacesChanged, this, &ComparisonTableModel::refresh);
+        // A write stamps the table after its last valueChanged(): the summary
+        // is right only then.
+        connect(parameterModel, &ParameterModel::writeProcessFinished, this, &ComparisonTableModel::refresh);
     }
     refresh();
 }
@@ -139,16 +142,16 @@ QVariant ComparisonTableModel::headerData(int section, Qt::Orientation orientati
         return section; // the drive's element index, from 0
     switch (section) {
     case CalculatedMaster:
-        return tr("Master berechnet");
+        return tr("Master\nberechnet");
     case CalculatedSlave:
-        return tr("Slave berechnet");
+        return tr("Slave\nberechnet");
     case StoredMaster:
-        return tr("Master gespeichert");
+        return tr("Master\ngespeichert");
     case StoredSlave:
-        return tr("Slave gespeichert");
+        return tr("Slave\ngespeichert");
     case MasterDifference:
-        return tr("Differenz Master");
+        return tr("Differenz\nMaster");
     default:
-        return tr("Differenz Slave");
+        return tr("Differenz\nSlave");
     }
 }

@@ -4,6 +4,7 @@
 
 #include "parameters/parametermodel.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QTableView>
@@ -35,10 +36,13 @@ ComparisonView::ComparisonView(CamEditorModel *editorModel, ParameterModel *para
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
 
+    // The summary beside the table, so that the rows keep the height.
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_status);
-    layout->addWidget(m_summary);
-    layout->addWidget(m_table, 1);
+    auto *body = new QHBoxLayout;
+    body->addWidget(m_table, 1);
+    body->addWidget(m_summary, 0, Qt::AlignTop);
+    layout->addLayout(body, 1);
     connect(m_model, &QAbstractItemModel::modelReset, this, &ComparisonView::updateHeader);
     updateHeader();
 }

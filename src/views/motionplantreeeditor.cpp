@@ -83,8 +83,8 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                             | QAbstractItemView::AnyKeyPressed);
     m_tree->setItemDelegate(new SegmentTypeDelegate(m_tree));
-    m_tree->header()->setStretchLastSection(true);
-    m_tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Equal columns whether or not the segment type shows.
+    m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
     m_tree->setObjectName(QStringLiteral("motionPointTree"));
 
     m_removeAction->setShortcut(QKeySequence::Delete);

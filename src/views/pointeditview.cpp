@@ -7,9 +7,12 @@
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
+#include "parameters/parametermodel.h"
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -28,10 +31,13 @@ PointEditView::PointEditView(const MotionPointEditing *editing, QWidget *parent)
         m_type->addItem(MotionPoint::typeDisplayName(MotionPoint::typeForIndex(index)));
     auto *form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(tr("Master-Position:"), m_master);
-    form->addRow(tr("Slave-Position:"), m_slave);
+    form->addRow(new QLabel, m_master);
+    form->addRow(new QLabel, m_slave);
     form->addRow(tr("Segmenttyp:"), m_type);
-    form->addRow(QString(), m_remove);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(m_remove);
+    buttons->addStretch();
+    form->addRow(QString(), buttons);
 
     connect(m_master, &PositionLineEdit::edited, this, &PointEditView::onMasterEdited);
     connect(m_slave, &PositionLineEdit::edited, this, &PointEditView::onSlaveEdited);
@@ -64,13 +70,18 @@ void PointEditView::refresh()
         m_slave->clear();
         m_type->setCurrentIndex(-1);
     }
+    const ParameterModel *parameters = m_editing->parameterModel();
+    auto *form = static_cast<QFormLayout *>(layout());
+    const auto label = [form](QWidget *field) { return qobject_cast<QLabel *>(form->labelForField(field)); };
+    const auto withUnit = [](const QString &title, const QString &unit) {
+        return unit.isEmpty() ? title + QLatin1Char(':') : QStringLiteral("%1 [%2]:").arg(title, unit);
+    };
+    label(m_master)->setText(withUnit(tr("Master-Position"), parameters ? parameters->masterUnit() : QString()));
+    label(m_slave)->setText(withUnit(tr("Slave-Position"), parameters ? parameters->slaveUnit() : QString()));
     // Segment types count only under the polynomial law.
-    const CamEditorModel *model = m_editing->editorModel();
-    m_type->setVisible(model->motionLaw()->law() == MotionLaw::Vdi);
-    if (auto *form = qobject_cast<QFormLayout *>(layout())) {
-        if (QWidget *label = form->labelForField(m_type))
-            label->setVisible(m_type->isVisibleTo(this));
-    }
+    const bool typeApplies = m_editing->editorModel()->motionLaw()->law() == MotionLaw::Vdi;
+    m_type->setVisible(typeApplies);
+    label(m_type)->setVisible(typeApplies);
     m_refreshing = false;
 }
 

@@ -78,7 +78,7 @@ void ScalingView::refresh()
     m_cycleTime->setEnabled(m_scaling->isTimeBased());
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
     const double range = plan ? plan->masterRange() : 0.0;
-    QString units = tr("Geschwindigkeit in %1, Beschleunigung in %2, Ruck in %3")
+    QString units = tr("Geschwindigkeit: %1\nBeschleunigung: %2\nRuck: %3")
                         .arg(m_scaling->derivativeUnit(1), m_scaling->derivativeUnit(2), m_scaling->derivativeUnit(3));
     if (m_scaling->isTimeBased())
         units += QLatin1Char('\n') + tr("Master-Geschwindigkeit: %1 %2/s")
