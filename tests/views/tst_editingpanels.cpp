@@ -341,6 +341,7 @@ void tst_EditingPanels::changedRefreshesEveryPanelWithoutPushing()
         model->motionLaw()->setLaw(MotionLaw::Spline);
         model->steps()->setDynamicStepResolution(100);
         model->steps()->setIsDynamicStepSize(false);
+        model->steps()->setStaticStepSize(0.001);  // 360 / 0.001 grid points: too many
         model->scaling()->setCycleTime(2.0);
         model->calculateNewMotionPlan();
     }
@@ -352,6 +353,8 @@ void tst_EditingPanels::changedRefreshesEveryPanelWithoutPushing()
     QVERIFY(panels.settings->staticButton()->isChecked());
     QVERIFY(!panels.settings->resolutionBox()->isEnabled());
     QCOMPARE(panels.settings->resolutionBox()->value(), 100);
+    QVERIFY(panels.settings->warningLabel()->isVisibleTo(panels.settings));
+    QVERIFY(panels.settings->warningLabel()->text().contains(QStringLiteral("0.023")));
     QVERIFY(panels.tree->pointTree()->isColumnHidden(2));
     QCOMPARE(panels.scaling->cycleTimeEdit()->text(), QStringLiteral("2.0000"));
     QCOMPARE(panels.comparison->model()->calculatedCount(), calculated);
