@@ -61,7 +61,9 @@ ScalingView::ScalingView(CamEditorModel *editorModel, QUndoStack *undoStack, QWi
 QString ScalingView::cycleTimeFieldText() const
 {
     QString text = m_scaling->cycleTimeText();
-    text.chop(int(sizeof(SecondsSuffix)) - 1);
+    const QLatin1String suffix(SecondsSuffix);
+    if (text.endsWith(suffix))
+        text.chop(suffix.size());
     return text;
 }
 
