@@ -76,6 +76,24 @@ CatalogueEntry decimalPlaces(const QString &coordinate, bool perAxis, const QStr
     return info;
 }
 
+// A per-axis number the editor needs to show velocities in revolutions per
+// minute (the feed of the output and the gear between motor and output).
+CatalogueEntry axisNumber(const QString &coordinate, int decimals, qint64 nativeDefault, const QString &shortText,
+                          const QString &unitParameter = QString())
+{
+    CatalogueEntry info;
+    info.coordinate = coordinate;
+    info.kind = CatalogueEntry::Number;
+    info.perAxis = true;
+    info.decimalPlaces = decimals;
+    info.nativeMinimum = 1;
+    info.nativeMaximum = std::numeric_limits<qint32>::max();
+    info.defaultNative = nativeDefault;
+    info.shortText = shortText;
+    info.unitParameter = unitParameter;
+    return info;
+}
+
 } // namespace
 
 QString masterArrayCoordinate(int table)
@@ -109,6 +127,10 @@ QList<CatalogueEntry> parameterCatalogue()
     catalogue.append(decimalPlaces(QStringLiteral("I06"), true, QStringLiteral("Nachkommastellen Slave-Position")));
     catalogue.append(positionUnit(QStringLiteral("G49"), false, 2, QStringLiteral("Einheit Master-Position")));
     catalogue.append(positionUnit(QStringLiteral("I09"), true, 1, QStringLiteral("Einheit Slave-Position")));
+    catalogue.append(axisNumber(QStringLiteral("I07"), PositionDecimals, 360000,
+                                QStringLiteral("Weg pro Abtriebsumdrehung"), QStringLiteral("I09")));
+    catalogue.append(axisNumber(QStringLiteral("I12"), 0, 1, QStringLiteral("Getriebe Motorumdrehungen")));
+    catalogue.append(axisNumber(QStringLiteral("I13"), 0, 1, QStringLiteral("Getriebe Abtriebsumdrehungen")));
     return catalogue;
 }
 

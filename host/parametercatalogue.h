@@ -26,7 +26,8 @@ struct CatalogueEntry {
 };
 
 // Every parameter the cam editor uses: the 16 pairs of grid point arrays,
-// the per-table bookkeeping arrays and the position units and precision.
+// the per-table bookkeeping arrays, the position units and precision, and
+// the feed and gear of each axis.
 QList<CatalogueEntry> parameterCatalogue();
 
 // Grid point arrays of a cam table (0..15): master odd, slave the next even.

@@ -41,6 +41,28 @@ public:
     virtual double masterTextToPosition(const QString &text) const = 0;
     virtual double slaveTextToPosition(const QString &text) const = 0;
 
+    // Unit texts of the positions; empty where no drive names them.
+    virtual QString masterUnit() const { return QString(); }
+    virtual QString slaveUnit() const { return QString(); }
+    // Slave units that one revolution of the output travels, and motor
+    // revolutions per output revolution. Not a number where the drive holds
+    // no usable value; without a drive one unit is one revolution, 1:1.
+    virtual double slaveUnitsPerRevolution() const { return 1.0; }
+    virtual double gearRatio() const { return 1.0; }
+
+    // The one conversion of curve derivatives into the units the selectors
+    // ask for. A derivative of the given order (1 velocity, 2 acceleration,
+    // 3 jerk; 0 the position itself) in slave units per master unit to that
+    // power is multiplied by derivativeFactor() and then reads in
+    // derivativeUnit(). masterRange is the master distance the curve runs
+    // through once per cycle time. An order outside 0..3 gives NaN and an
+    // empty unit.
+    double derivativeFactor(int order, double masterRange) const;
+    QString derivativeUnit(int order) const;
+    // Whether derivatives are taken over time (a cycle time or revolutions
+    // per minute are selected) rather than over the master position.
+    bool isTimeBased() const;
+
     int masterAxisScaling() const { return m_masterAxisScaling; }
     void setMasterAxisScaling(int scaling);
     double cycleTime() const { return m_cycleTime; }
@@ -56,12 +78,6 @@ public:
     QString velocityScalingText() const { return velocityScalingText(m_velocityScaling); }
     // Four decimals, the system locale's decimal point, then " s".
     QString cycleTimeText() const;
-
-    // How a derivative of the curve (order 1 velocity, 2 acceleration, 3
-    // jerk), calculated per master unit, is shown: multiplied by this factor,
-    // in derivativeUnit(order). masterRange is the master distance of one cycle.
-    virtual double derivativeFactor(int order, double masterRange) const;
-    virtual QString derivativeUnit(int order) const;
 
 signals:
     void masterAxisScalingChanged();

@@ -1,101 +1,19 @@
 #include "scalingimplementation.h"
 
-// Scaling's own settings are defined here too: they are shared by every
-// scaling and need no file of their own.
-
 #include "parameters/parametermodel.h"
+#include "parameterinstance.h"
 
 #include <QLocale>
+
+#include <limits>
 
 namespace {
 // Without a drive positions keep the drive's usual precision.
 constexpr int FallbackDecimalPlaces = 3;
+const char TravelPerRevolution[] = "I07";
+const char MotorRevolutions[] = "I12";
+const char OutputRevolutions[] = "I13";
 } // namespace
-
-Scaling *Scaling::createScaling(ParameterModel *parameterModel, QObject *parent)
-{
-    return new ScalingImplementation(parameterModel, parent);
-}
-
-void Scaling::setMasterAxisScaling(int scaling)
-{
-    if (m_masterAxisScaling == scaling)
-        return;
-    m_masterAxisScaling = scaling;
-    emit masterAxisScalingChanged();
-}
-
-void Scaling::setCycleTime(double seconds)
-{
-    if (m_cycleTime == seconds)
-        return;
-    m_cycleTime = seconds;
-    emit cycleTimeChanged();
-}
-
-void Scaling::setVelocityScaling(int scaling)
-{
-    if (m_velocityScaling == scaling)
-        return;
-    m_velocityScaling = scaling;
-    emit velocityScalingChanged();
-}
-
-QString Scaling::masterAxisScalingText(int scaling)
-{
-    switch (scaling) {
-    case MasterUnit:
-        return tr("Master-Einheit");
-    case CycleTime:
-        return tr("Zykluszeit");
-    default:
-        return QString();
-    }
-}
-
-QString Scaling::velocityScalingText(int scaling)
-{
-    switch (scaling) {
-    case MasterSlave:
-        return tr("Master-Slave");
-    case RpmOutput:
-        return tr("Upm-Abtrieb");
-    case RpmMotor:
-        return tr("Upm-Motor");
-    default:
-        return QString();
-    }
-}
-
-QString Scaling::timeUnitName(int unit)
-{
-    switch (unit) {
-    case Minutes:
-        return tr("min");
-    case Seconds:
-        return tr("s");
-    case Milliseconds:
-        return tr("ms");
-    default:
-        return QString();
-    }
-}
-
-QString Scaling::cycleTimeText() const
-{
-    return QString::number(m_cycleTime, 'f', 4).replace(QLatin1Char('.'), QLocale::system().decimalPoint())
-        + QStringLiteral(" s");
-}
-
-double Scaling::derivativeFactor(int, double) const
-{
-    return 1.0;
-}
-
-QString Scaling::derivativeUnit(int) const
-{
-    return QString();
-}
 
 ScalingImplementation::ScalingImplementation(ParameterModel *parameterModel, QObject *parent)
     : Scaling(parent)
@@ -137,4 +55,56 @@ double ScalingImplementation::masterTextToPosition(const QString &text) const
 double ScalingImplementation::slaveTextToPosition(const QString &text) const
 {
     return m_parameterModel ? m_parameterModel->slaveTextToValue(text) : text.toDouble();
+}
+
+QString ScalingImplementation::masterUnit() const
+{
+    return m_parameterModel ? m_parameterModel->masterUnit() : QString();
+}
+
+QString ScalingImplementation::slaveUnit() const
+{
+    return m_parameterModel ? m_parameterModel->slaveUnit() : QString();
+}
+
+void ScalingImplementation::setDrive(MxParameterInstance::ParameterContainer *container, int livingSpace)
+{
+    if (m_container == container && m_livingSpace == livingSpace)
+        return;
+    for (const char *coordinate : { TravelPerRevolution, MotorRevolutions, OutputRevolutions }) {
+        const MxParameterDefinition::ParameterCoordinate parameter { QLatin1String(coordinate) };
+        if (m_container) {
+            if (MxParameterInstance::ParameterInformation *information = m_container->definition(parameter))
+                disconnect(information, nullptr, this, nullptr);
+        }
+        if (container) {
+            if (MxParameterInstance::ParameterInformation *information = container->definition(parameter))
+                connect(information, &MxParameterInstance::ParameterInformation::valueChanged, this, &Scaling::changed);
+        }
+    }
+    m_container = container;
+    m_livingSpace = livingSpace;
+    emit changed();
+}
+
+double ScalingImplementation::axisNumber(const char *coordinate) const
+{
+    const double invalid = std::numeric_limits<double>::quiet_NaN();
+    if (!m_container)
+        return invalid;
+    QString text = m_container->readValue(m_livingSpace, MxParameterDefinition::ParameterCoordinate(QLatin1String(coordinate)), 0);
+    text.replace(QLocale::system().decimalPoint(), QLatin1Char('.'));
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    return ok && value > 0.0 ? value : invalid;
+}
+
+double ScalingImplementation::slaveUnitsPerRevolution() const
+{
+    return m_container ? axisNumber(TravelPerRevolution) : Scaling::slaveUnitsPerRevolution();
+}
+
+double ScalingImplementation::gearRatio() const
+{
+    return m_container ? axisNumber(MotorRevolutions) / axisNumber(OutputRevolutions) : Scaling::gearRatio();
 }

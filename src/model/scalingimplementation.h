@@ -4,6 +4,10 @@
 
 #include <QPointer>
 
+namespace MxParameterInstance {
+class ParameterContainer;
+}
+
 // The scaling of an editor bound to a drive: decimal places and position
 // texts are the parameter model's.
 class ScalingImplementation : public Scaling
@@ -23,6 +27,22 @@ public:
     double masterTextToPosition(const QString &text) const override;
     double slaveTextToPosition(const QString &text) const override;
 
+    QString masterUnit() const override;
+    QString slaveUnit() const override;
+    // From the axis parameters "I07" (travel per output revolution, in slave
+    // units) and "I12":"I13" (motor to output revolutions).
+    double slaveUnitsPerRevolution() const override;
+    double gearRatio() const override;
+
+    // The drive whose feed and gear scale velocities into revolutions per
+    // minute, and the living space of the axis. Their changes end in changed().
+    void setDrive(MxParameterInstance::ParameterContainer *container, int livingSpace);
+
 private:
+    // A positive number of the axis, NaN when unreadable or not positive.
+    double axisNumber(const char *coordinate) const;
+
     QPointer<ParameterModel> m_parameterModel;
+    QPointer<MxParameterInstance::ParameterContainer> m_container;
+    int m_livingSpace = 0;
 };

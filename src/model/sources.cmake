@@ -9,6 +9,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.cpp
     ${CMAKE_CURRENT_LIST_DIR}/fixedscaling.h
     ${CMAKE_CURRENT_LIST_DIR}/scaling.h
+    ${CMAKE_CURRENT_LIST_DIR}/scaling.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/scalingimplementation.cpp
     ${CMAKE_CURRENT_LIST_DIR}/steps.h

@@ -11,11 +11,17 @@
 #include "import/externalcurveimportview.h"
 #include "defaultpathsetting.h"
 #include "model/cameditormodel.h"
+#include "model/scalingimplementation.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
 #include "resources/camdesignerresources.h"
+#include "parameterinstance.h"
+
+#include "comparisonview.h"
+#include "motionplantreeeditor.h"
+#include "scalingview.h"
 
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
@@ -115,7 +121,13 @@ void CamDesignerViewImplementation::arrangeDocks()
     // The motion plan tree editor goes above the second write control.
     auto *motionPlan = new QWidget;
     auto *motionPlanLayout = new QVBoxLayout(motionPlan);
-    motionPlanLayout->addStretch();
+    motionPlanLayout->setContentsMargins(0, 0, 0, 0);
+    if (m_editorModel) {
+        m_motionPlanEditor = new MotionPlanTreeEditor(m_editorModel, m_parameterModel, m_undoStack.get());
+        motionPlanLayout->addWidget(m_motionPlanEditor, 1);
+    } else {
+        motionPlanLayout->addStretch();
+    }
     // A button of its own, not one bound to the action: its tool tip must be
     // empty while writing is possible, where an action's falls back to its text.
     m_writeButton = new QPushButton(m_ui->actionSaveParameters->icon(), m_ui->actionSaveParameters->text());
@@ -123,11 +135,19 @@ void CamDesignerViewImplementation::arrangeDocks()
     connect(m_writeButton, &QPushButton::clicked, this, &CamDesignerViewImplementation::saveParameterValues);
     motionPlanLayout->addWidget(m_writeButton, 0, Qt::AlignRight);
     m_docks[MotionPlanDock]->setWidget(motionPlan, ads::CDockWidget::ForceNoScrollArea);
-    m_docks[ScalingDock]->setWidget(new QWidget);
+    if (m_editorModel) {
+        m_scalingView = new ScalingView(m_editorModel, m_undoStack.get());
+        // Velocities in revolutions per minute need the axis' feed and gear.
+        if (auto *scaling = qobject_cast<ScalingImplementation *>(m_editorModel->scaling()))
+            scaling->setDrive(qobject_cast<MxParameterInstance::ParameterContainer *>(m_provider),
+                              m_parameterModel ? m_parameterModel->livingSpace() : 0);
+    }
+    m_docks[ScalingDock]->setWidget(m_scalingView ? static_cast<QWidget *>(m_scalingView) : new QWidget);
     m_gridPointView = new GridPointParameterView(m_parameterModel, m_provider,
                                                  m_parameterModel ? m_parameterModel->livingSpace() : 0);
     m_docks[ParameterDock]->setWidget(m_gridPointView, ads::CDockWidget::ForceNoScrollArea);
-    m_docks[ComparisonDock]->setWidget(new QWidget);
+    m_comparisonView = new ComparisonView(m_editorModel, m_parameterModel);
+    m_docks[ComparisonDock]->setWidget(m_comparisonView, ads::CDockWidget::ForceNoScrollArea);
     m_calculatedTable = new CalculatedTableView(m_editorModel, m_parameterModel);
     m_docks[CalculatedDock]->setWidget(m_calculatedTable, ads::CDockWidget::ForceNoScrollArea);
     m_plots = new CurvePlotStack(m_editorModel, m_parameterModel, m_undoStack.get());

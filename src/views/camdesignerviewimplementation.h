@@ -9,12 +9,15 @@
 class CalculatedTableView;
 class CamEditorModel;
 class CurvePlotStack;
+class ComparisonView;
 class Controller;
 class GridPointParameterView;
+class MotionPlanTreeEditor;
 class ParameterModelImplementation;
 class QAbstractButton;
 class QLabel;
 class QPushButton;
+class ScalingView;
 class UndoView;
 
 namespace Ui {
@@ -47,6 +50,10 @@ public:
     // The second write control, beside the cam definition data.
     QPushButton *writeButton() const { return m_writeButton; }
     CurvePlotStack *plots() const { return m_plots; }
+    // The editing panels; null where the window has no editor model.
+    MotionPlanTreeEditor *motionPlanEditor() const { return m_motionPlanEditor; }
+    ScalingView *scalingView() const { return m_scalingView; }
+    ComparisonView *comparisonView() const { return m_comparisonView; }
 
 signals:
     void closed();
@@ -94,6 +101,9 @@ private:
     CurvePlotStack *m_plots = nullptr;
     GridPointParameterView *m_gridPointView = nullptr;
     QLabel *m_readOnlyLabel = nullptr;
+    MotionPlanTreeEditor *m_motionPlanEditor = nullptr;
+    ScalingView *m_scalingView = nullptr;
+    ComparisonView *m_comparisonView = nullptr;
     std::unique_ptr<UndoView> m_undoView;
     // The arrangement of construction, for "Zurücksetzen".
     QByteArray m_defaultDockState;

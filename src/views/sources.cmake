@@ -2,4 +2,22 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerview.ui
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camsettingsview.h
+    ${CMAKE_CURRENT_LIST_DIR}/camsettingsview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/comparisontablemodel.h
+    ${CMAKE_CURRENT_LIST_DIR}/comparisontablemodel.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/comparisonview.h
+    ${CMAKE_CURRENT_LIST_DIR}/comparisonview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointtablemodel.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointtablemodel.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/pointeditview.h
+    ${CMAKE_CURRENT_LIST_DIR}/pointeditview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.h
+    ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/scalingview.h
+    ${CMAKE_CURRENT_LIST_DIR}/scalingview.cpp
 )

@@ -80,6 +80,60 @@ private slots:
         QCOMPARE(changed.count(), 2);
     }
 
+    // By hand: 360 ° in 2 s is 180 °/s; the drive's default feed is 360 mm
+    // per output revolution, the gear 5 motor to 2 output revolutions.
+    void derivativeConversion_data()
+    {
+        QTest::addColumn<int>("axis");
+        QTest::addColumn<int>("velocity");
+        QTest::addColumn<int>("order");
+        QTest::addColumn<double>("factor");
+        QTest::addColumn<QString>("unit");
+        QTest::newRow("master units, position") << 0 << 0 << 0 << 1.0 << "mm";
+        QTest::newRow("master units, jerk") << 0 << 0 << 3 << 1.0 << "mm/°³";
+        QTest::newRow("cycle time, velocity") << 1 << 0 << 1 << 180.0 << "mm/s";
+        QTest::newRow("cycle time, acceleration") << 1 << 0 << 2 << 32400.0 << "mm/s²";
+        QTest::newRow("cycle time, jerk") << 1 << 0 << 3 << 5832000.0 << "mm/s³";
+        // 180 mm/s / 360 mm * 60 = 30 U/min, whatever the master axis shows.
+        QTest::newRow("output rpm") << 0 << 1 << 1 << 30.0 << "U/min";
+        QTest::newRow("output rpm, acceleration") << 1 << 1 << 2 << 5400.0 << "U/min/s";
+        QTest::newRow("output rpm, position") << 1 << 1 << 0 << 1.0 << "mm";
+        QTest::newRow("motor rpm") << 1 << 2 << 1 << 75.0 << "U/min";
+        QTest::newRow("motor rpm, jerk") << 1 << 2 << 3 << 2430000.0 << "U/min/s²";
+        QTest::newRow("order 4") << 1 << 0 << 4 << qQNaN() << "";
+    }
+    void derivativeConversion()
+    {
+        QFETCH(int, axis);
+        QFETCH(int, velocity);
+        QFETCH(int, order);
+        QFETCH(double, factor);
+        QFETCH(QString, unit);
+        BoundTable bound;
+        QVERIFY(bound.drive.writeValue(1, coordinate("I12"), 0, QStringLiteral("5")));
+        QVERIFY(bound.drive.writeValue(1, coordinate("I13"), 0, QStringLiteral("2")));
+        ScalingImplementation scaling(&bound.model());
+        scaling.setDrive(&bound.drive, BoundTable::LivingSpace);
+        scaling.setMasterAxisScaling(axis);
+        scaling.setVelocityScaling(velocity);
+        scaling.setCycleTime(2.0);
+        QCOMPARE(scaling.derivativeFactor(order, 360.0), factor);
+        QCOMPARE(scaling.derivativeUnit(order), unit);
+    }
+
+    void feedAndGearFollowTheDrive()
+    {
+        BoundTable bound;
+        ScalingImplementation scaling(&bound.model());
+        scaling.setVelocityScaling(Scaling::RpmOutput);
+        QCOMPARE(scaling.derivativeFactor(1, 60.0), 60.0 * 60.0);  // without a drive one unit is one revolution
+        QSignalSpy changed(&scaling, &Scaling::changed);
+        scaling.setDrive(&bound.drive, BoundTable::LivingSpace);
+        QVERIFY(bound.drive.writeValue(1, coordinate("I07"), 0, QStringLiteral("10")));
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(scaling.derivativeFactor(1, 60.0), 360.0);  // 60 °/s × 60 s/min / 10 mm a revolution
+    }
+
     void survivesTheParameterModel()
     {
         auto bound = std::make_unique<BoundTable>();

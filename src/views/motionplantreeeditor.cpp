@@ -1,0 +1,193 @@
+#include "motionplantreeeditor.h"
+
+#include "camsettingsview.h"
+#include "motionpointediting.h"
+#include "motionpointtablemodel.h"
+#include "pointeditview.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "model/cameditormodel.h"
+#include "model/motionlaw.h"
+#include "model/motionpoint.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int TypeCount = 4;
+
+// The segment type cell is edited with the point combo box; a choice
+// commits at once.
+class SegmentTypeDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        if (index.column() != MotionPointTableModel::TypeColumn)
+            return QStyledItemDelegate::createEditor(parent, option, index);
+        auto *box = new QComboBox(parent);
+        for (int i = 0; i < TypeCount; ++i)
+            box->addItem(MotionPoint::typeDisplayName(MotionPoint::typeForIndex(i)));
+        connect(box, QOverload<int>::of(&QComboBox::activated), this, [this, box] {
+            emit const_cast<SegmentTypeDelegate *>(this)->commitData(box);
+            emit const_cast<SegmentTypeDelegate *>(this)->closeEditor(box);
+        });
+        return box;
+    }
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        if (auto *box = qobject_cast<QComboBox *>(editor))
+            box->setCurrentIndex(index.data(Qt::EditRole).toInt());
+        else
+            QStyledItemDelegate::setEditorData(editor, index);
+    }
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
+    {
+        if (auto *box = qobject_cast<QComboBox *>(editor))
+            model->setData(index, box->currentIndex());
+        else
+            QStyledItemDelegate::setModelData(editor, model, index);
+    }
+};
+
+} // namespace
+
+MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, ParameterModel *parameterModel,
+                                           QUndoStack *undoStack, QWidget *parent)
+    : QWidget(parent)
+    , m_editing(std::make_unique<MotionPointEditing>(editorModel, parameterModel, undoStack))
+    , m_model(new MotionPointTableModel(m_editing.get(), this, this))
+    , m_settings(new CamSettingsView(m_editing.get()))
+    , m_tree(new QTreeView)
+    , m_pointEdit(new PointEditView(m_editing.get()))
+    , m_add(new QPushButton(tr("Hinzufügen")))
+    , m_remove(new QPushButton(tr("&Punkt entfernen")))
+    , m_removeAction(new QAction(tr("&Punkt entfernen"), this))
+{
+    m_tree->setModel(m_model);
+    m_tree->setRootIsDecorated(false);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setAlternatingRowColors(true);
+    m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_tree->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+                            | QAbstractItemView::AnyKeyPressed);
+    m_tree->setItemDelegate(new SegmentTypeDelegate(m_tree));
+    // Equal columns whether or not the segment type shows.
+    m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
+    m_tree->setObjectName(QStringLiteral("motionPointTree"));
+
+    m_removeAction->setShortcut(QKeySequence::Delete);
+    m_removeAction->setShortcutContext(Qt::WidgetShortcut);
+    m_tree->addAction(m_removeAction);
+
+    auto *cam = new QGroupBox(tr("Kurve"));
+    (new QVBoxLayout(cam))->addWidget(m_settings);
+    auto *points = new QGroupBox(tr("Bewegungspunkte"));
+    auto *pointsLayout = new QVBoxLayout(points);
+    pointsLayout->addWidget(m_tree, 1);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(m_add);
+    buttons->addWidget(m_remove);
+    buttons->addStretch();
+    pointsLayout->addLayout(buttons);
+    auto *point = new QGroupBox(tr("Ausgewählter Bewegungspunkt"));
+    (new QVBoxLayout(point))->addWidget(m_pointEdit);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(cam);
+    layout->addWidget(points, 1);
+    layout->addWidget(point);
+
+    connect(m_add, &QPushButton::clicked, this, &MotionPlanTreeEditor::addPoint);
+    connect(m_remove, &QPushButton::clicked, this, &MotionPlanTreeEditor::removePoint);
+    connect(m_removeAction, &QAction::triggered, this, &MotionPlanTreeEditor::removePoint);
+    connect(m_tree->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &MotionPlanTreeEditor::onCurrentChanged);
+    // A load replaces every row: the selection is found again by its master.
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &MotionPlanTreeEditor::rememberSelection);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &MotionPlanTreeEditor::restoreSelection);
+    connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
+    refresh();
+}
+
+MotionPlanTreeEditor::~MotionPlanTreeEditor() = default;
+
+int MotionPlanTreeEditor::currentRow() const
+{
+    const QModelIndex current = m_tree->selectionModel()->currentIndex();
+    return current.isValid() && m_tree->selectionModel()->isSelected(current) ? current.row() : -1;
+}
+
+void MotionPlanTreeEditor::selectRow(int row)
+{
+    if (row < 0 || row >= m_model->rowCount()) {
+        m_tree->selectionModel()->clear();
+        m_pointEdit->setPoint(nullptr);
+        return;
+    }
+    const QModelIndex index = m_model->index(row, MotionPointTableModel::MasterColumn);
+    m_tree->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_tree->scrollTo(index);
+}
+
+void MotionPlanTreeEditor::addPoint()
+{
+    double master = 0.0;
+    double slave = 0.0;
+    int type = MotionPoint::rest;
+    m_editing->proposeNewPoint(currentRow(), &master, &slave, &type);
+    if (m_editing->add(this, master, slave, type))
+        selectRow(m_editing->editorModel()->rowOfMotionPoint(m_editing->editorModel()->camDescription()->pointAt(master)));
+}
+
+void MotionPlanTreeEditor::removePoint()
+{
+    const int row = currentRow();
+    if (row < 0)
+        return;
+    if (m_editing->remove(m_editing->editorModel()->motionPointAt(row)))
+        selectRow(qMin(row, m_model->rowCount() - 1));
+}
+
+void MotionPlanTreeEditor::refresh()
+{
+    m_model->refresh();
+    const CamEditorModel *model = m_editing->editorModel();
+    m_tree->setColumnHidden(MotionPointTableModel::TypeColumn, model->motionLaw()->law() != MotionLaw::Vdi);
+    m_remove->setEnabled(currentRow() >= 0);
+    m_removeAction->setEnabled(currentRow() >= 0);
+}
+
+void MotionPlanTreeEditor::onCurrentChanged(const QModelIndex &current)
+{
+    m_pointEdit->setPoint(current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr);
+    m_remove->setEnabled(current.isValid());
+    m_removeAction->setEnabled(current.isValid());
+}
+
+void MotionPlanTreeEditor::rememberSelection()
+{
+    const int row = currentRow();
+    m_hadSelection = row >= 0;
+    if (m_hadSelection)
+        m_selectedMaster = m_editing->editorModel()->motionPointAt(row)->master();
+}
+
+void MotionPlanTreeEditor::restoreSelection()
+{
+    const CamEditorModel *model = m_editing->editorModel();
+    const MotionPoint *point = m_hadSelection ? model->camDescription()->pointAt(m_selectedMaster) : nullptr;
+    selectRow(point ? model->rowOfMotionPoint(point) : -1);
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+class CamEditorModel;
+class CamSettingsView;
+class MotionPoint;
+class MotionPointEditing;
+class MotionPointTableModel;
+class ParameterModel;
+class PointEditView;
+class QAction;
+class QModelIndex;
+class QPushButton;
+class QTreeView;
+class QUndoStack;
+
+// The cam definition data in one panel: the cam's settings, the motion
+// points in ascending master order (edited in place), "Hinzufügen" and
+// "&Punkt entfernen", and the selected point in the point edit view. The
+// selection follows the user: a new point is selected, after a removal its
+// neighbour, and recalculations keep it.
+class MotionPlanTreeEditor : public QWidget
+{
+    Q_OBJECT
+public:
+    MotionPlanTreeEditor(CamEditorModel *editorModel, ParameterModel *parameterModel, QUndoStack *undoStack,
+                         QWidget *parent = nullptr);
+    ~MotionPlanTreeEditor() override;
+
+    CamSettingsView *settingsView() const { return m_settings; }
+    QTreeView *pointTree() const { return m_tree; }
+    PointEditView *pointEditView() const { return m_pointEdit; }
+    QPushButton *addButton() const { return m_add; }
+    QPushButton *removeButton() const { return m_remove; }
+    QAction *removeAction() const { return m_removeAction; }
+
+    // The row of the selected point, -1 without one.
+    int currentRow() const;
+    void selectRow(int row);
+
+public slots:
+    void addPoint();
+    void removePoint();
+    void refresh();
+
+private:
+    void onCurrentChanged(const QModelIndex &current);
+    void rememberSelection();
+    void restoreSelection();
+
+    std::unique_ptr<MotionPointEditing> m_editing;
+    MotionPointTableModel *m_model;
+    CamSettingsView *m_settings;
+    QTreeView *m_tree;
+    PointEditView *m_pointEdit;
+    QPushButton *m_add;
+    QPushButton *m_remove;
+    QAction *m_removeAction;
+    // The selected point's master across a reset of all rows (a load).
+    double m_selectedMaster = 0.0;
+    bool m_hadSelection = false;
+};

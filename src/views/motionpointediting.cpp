@@ -1,0 +1,165 @@
+#include "motionpointediting.h"
+
+#include "positionlineedit.h"
+
+#include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/messagebox.h"
+#include "commands/addmotionpointcommand.h"
+#include "commands/editmotionpointcommand.h"
+#include "commands/removemotionpointcommand.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "parameters/parametermodel.h"
+
+#include <QObject>
+#include <QUndoStack>
+
+#include <cmath>
+
+namespace {
+// The spacing of a point added after a lone point.
+constexpr double LonePointSpacing = 1.0;
+} // namespace
+
+MotionPointEditing::MotionPointEditing(CamEditorModel *editorModel, ParameterModel *parameterModel,
+                                       QUndoStack *undoStack)
+    : m_editorModel(editorModel)
+    , m_parameterModel(parameterModel)
+    , m_undoStack(undoStack)
+{
+}
+
+CamEditorModel *MotionPointEditing::editorModel() const
+{
+    return m_editorModel;
+}
+
+ParameterModel *MotionPointEditing::parameterModel() const
+{
+    return m_parameterModel;
+}
+
+QUndoStack *MotionPointEditing::undoStack() const
+{
+    return m_undoStack;
+}
+
+double MotionPointEditing::round(double value, bool master) const
+{
+    if (!m_parameterModel)
+        return value;
+    const double scale = std::pow(10.0, master ? m_parameterModel->masterDecimalPlaces()
+                                               : m_parameterModel->slaveDecimalPlaces());
+    return std::round(value * scale) / scale;
+}
+
+bool MotionPointEditing::readMaster(QWidget *parent, const QString &text, double *master) const
+{
+    double value = 0.0;
+    if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->masterUnit() : QString(), &value)) {
+        MessageBox::warning(parent, QObject::tr("Ungültige Eingabe"),
+                            QObject::tr("\"%1\" ist keine gültige Master-Position.").arg(text));
+        return false;
+    }
+    *master = round(value, true);
+    return checkMaster(parent, *master);
+}
+
+bool MotionPointEditing::readSlave(QWidget *parent, const QString &text, double *slave) const
+{
+    double value = 0.0;
+    if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->slaveUnit() : QString(), &value)) {
+        MessageBox::warning(parent, QObject::tr("Ungültige Eingabe"),
+                            QObject::tr("\"%1\" ist keine gültige Slave-Position.").arg(text));
+        return false;
+    }
+    *slave = round(value, false);
+    return checkSlave(parent, *slave);
+}
+
+bool MotionPointEditing::checkMaster(QWidget *parent, double master) const
+{
+    const QString message = m_parameterModel ? m_parameterModel->checkMasterValue(master) : QString();
+    if (!message.isEmpty())
+        MessageBox::warning(parent, QObject::tr("Master-Position außerhalb der Grenzen"), message);
+    return message.isEmpty();
+}
+
+bool MotionPointEditing::checkSlave(QWidget *parent, double slave) const
+{
+    const QString message = m_parameterModel ? m_parameterModel->checkSlaveValue(slave) : QString();
+    if (!message.isEmpty())
+        MessageBox::warning(parent, QObject::tr("Slave-Position außerhalb der Grenzen"), message);
+    return message.isEmpty();
+}
+
+bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master, double slave, int type) const
+{
+    if (!point || !m_editorModel || !m_undoStack)
+        return false;
+    const MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
+    if (!point->differs(&newValue))
+        return false;
+    CamDescriptionImplementation *description = m_editorModel->camDescription();
+    MotionPoint *other = description->pointAt(master);
+    if (other && other != point) {
+        // The same box as a refused add: an edit may not replace a point either.
+        MessageBox::critical(parent, QObject::tr("Master-Position schon vorhanden"),
+                             QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
+                                         "vorhanden. Überschreiben nicht möglich.")
+                                 .arg(master));
+        return false;
+    }
+    m_undoStack->push(new EditMotionPointCommand(description, point, newValue, m_editorModel->scaling()));
+    return true;
+}
+
+bool MotionPointEditing::add(QWidget *parent, double master, double slave, int type) const
+{
+    if (!m_editorModel || !m_undoStack || !checkMaster(parent, master) || !checkSlave(parent, slave))
+        return false;
+    CamDescriptionImplementation *description = m_editorModel->camDescription();
+    // A point at an occupied master is refused by the command itself, with
+    // its message box; the stack then drops it.
+    const int before = m_undoStack->count();
+    m_undoStack->push(new AddMotionPointCommand(
+        description, new MotionPoint(master, slave, MotionPoint::movementRules(type))));
+    return m_undoStack->count() > before;
+}
+
+bool MotionPointEditing::remove(MotionPoint *point) const
+{
+    if (!point || !m_editorModel || !m_undoStack)
+        return false;
+    m_undoStack->push(new RemoveMotionPointCommand(point, m_editorModel->camDescription()));
+    return true;
+}
+
+void MotionPointEditing::proposeNewPoint(int row, double *master, double *slave, int *type) const
+{
+    *master = 0.0;
+    *slave = 0.0;
+    *type = MotionPoint::rest;
+    const int count = m_editorModel ? m_editorModel->motionPointCount() : 0;
+    if (count == 0)
+        return;
+    if (row < 0 || row >= count)
+        row = count - 1;
+    const MotionPoint *point = m_editorModel->motionPointAt(row);
+    *type = point->type();
+    *slave = point->slave();
+    const CamDescriptionImplementation *description = m_editorModel->camDescription();
+    if (row + 1 < count) {
+        const MotionPoint *next = m_editorModel->motionPointAt(row + 1);
+        *master = (point->master() + next->master()) / 2.0;
+        *slave = (point->slave() + next->slave()) / 2.0;
+    } else if (description->isCyclic() && description->circularLength() > point->master()) {
+        *master = (point->master() + description->circularLength()) / 2.0;
+    } else {
+        const double spacing = count > 1 ? point->master() - m_editorModel->motionPointAt(row - 1)->master()
+                                         : LonePointSpacing;
+        *master = point->master() + spacing;
+    }
+    *master = round(*master, true);
+    *slave = round(*slave, false);
+}

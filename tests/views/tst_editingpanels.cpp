@@ -1,0 +1,429 @@
+#include "editorfixture.h"
+#include "messagecapture.h"
+
+#include "camdesigner/controller.h"
+#include "commands/changemotionlawcommand.h"
+#include "commands/loadnewmotionplancommand.h"
+#include "curves/motionplan.h"
+#include "model/cameditormodel.h"
+#include "model/scaling.h"
+#include "parameters/parametermodelimplementation.h"
+#include "views/camsettingsview.h"
+#include "views/comparisontablemodel.h"
+#include "views/comparisonview.h"
+#include "views/motionplantreeeditor.h"
+#include "views/pointeditview.h"
+#include "views/positionlineedit.h"
+#include "views/scalingview.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+#include <QTreeView>
+
+#include <functional>
+
+namespace {
+
+// Cyclic over 360 (the closing point makes the range 360 with 4 points), so
+// that every settings field applies in one mode or the other.
+const char CyclicCam[] = R"({"Cyclic": true, "CircularLength": 360,
+    "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
+const char StaticCam[] = R"({"Cyclic": true, "CircularLength": 360, "Steps": {"isDynamicStepSize": false},
+    "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
+
+// On the box itself, not in the empty width a form gives it.
+void click(QAbstractButton *button)
+{
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(4, button->height() / 2));
+}
+
+void type(QWidget *field, const QString &text, Qt::Key finish = Qt::Key_Return)
+{
+    field->setFocus();
+    if (auto *edit = qobject_cast<QLineEdit *>(field))
+        edit->selectAll();
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(field))
+        spin->selectAll();
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, finish);
+    QCoreApplication::processEvents();  // an item view commits its editor queued
+}
+
+// A choice from the open list, as a click makes it.
+void choose(QComboBox *box, int index)
+{
+    box->showPopup();
+    QAbstractItemView *list = box->view();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(index, 0)).center());
+    QTRY_VERIFY(!list->isVisible());
+}
+
+// Everything a panel can change: the cam definition data and the scaling.
+QString state(const EditorFixture &editor)
+{
+    const Scaling *scaling = editor.implementation()->editorModel()->scaling();
+    return QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson(QJsonDocument::Compact))
+        + QStringLiteral(" axis=%1 cycle=%2 velocity=%3")
+              .arg(scaling->masterAxisScaling())
+              .arg(scaling->cycleTime())
+              .arg(scaling->velocityScaling());
+}
+
+struct Panels {
+    EditorFixture editor;
+    CamDesignerViewImplementation *window;
+    MotionPlanTreeEditor *tree;
+    CamSettingsView *settings;
+    PointEditView *point;
+    ScalingView *scaling;
+    ComparisonView *comparison;
+    Controller *stack;
+
+    explicit Panels(const char *cam = CyclicCam)
+        : editor(cam)
+        , window(editor.open())
+        , tree(window->motionPlanEditor())
+        , settings(tree->settingsView())
+        , point(tree->pointEditView())
+        , scaling(window->scalingView())
+        , comparison(window->comparisonView())
+        , stack(window->undoStack())
+    {
+        QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+    ~Panels() { window->close(); }
+    CamEditorModel *model() const { return editor.implementation()->editorModel(); }
+    ParameterModelImplementation *parameters() const { return editor.implementation()->parameterModel(); }
+    QString cell(int row, int column) const { return tree->pointTree()->model()->index(row, column).data().toString(); }
+};
+
+using Action = std::function<void(Panels &)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+class tst_EditingPanels : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
+    void commands_data();
+    void commands();
+    void refusals_data();
+    void refusals();
+    void addAndRemoveMoveTheSelection();
+    void pointEditCommitsOnLeavingAndRevertsOnEscape();
+    void changedRefreshesEveryPanelWithoutPushing();
+    void changesElsewhereShowInEveryPanel();
+    void comparisonMarksWhatAWriteWouldChange();
+};
+
+// Each user action pushes exactly one command; redo and undo move the model
+// between the two states.
+void tst_EditingPanels::commands_data()
+{
+    QTest::addColumn<QByteArray>("cam");
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<QString>("undoText");
+    QTest::addColumn<QString>("after");  // a part of the state that only the new one has
+    const QByteArray cyclic(CyclicCam);
+    QTest::newRow("motion law") << cyclic << Action([](Panels &p) { choose(p.settings->motionLawBox(), 1); })
+                                << "Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline"
+                                << "\"MotionLaw\":\"Spline\"";
+    QTest::newRow("cyclic off") << cyclic << Action([](Panels &p) { click(p.settings->cyclicBox()); })
+                                << "Deaktiviere zyklische Umlauflänge" << "\"Cyclic\":false";
+    QTest::newRow("circular length") << cyclic << Action([](Panels &p) { type(p.settings->circularLengthEdit(), "400 °"); })
+                                     << "Ändere Umlauflänge 360 -> 400" << "\"CircularLength\":400";
+    QTest::newRow("static steps") << cyclic << Action([](Panels &p) { click(p.settings->staticButton()); })
+                                  << "Aktiviere statische Schrittweite" << "\"isDynamicStepSize\":false";
+    QTest::newRow("resolution") << cyclic << Action([](Panels &p) { type(p.settings->resolutionBox(), "800"); })
+                                << "Ändere Auflösung der dynamischen Schrittweite von 500 Punkten -> 800 Punkten"
+                                << "\"dynamicSteps\":800";
+    QTest::newRow("step size") << QByteArray(StaticCam) << Action([](Panels &p) { type(p.settings->stepSizeEdit(), "0.5"); })
+                               << "Ändere Schrittweite von 1 -> 0.5" << "\"staticStepSize\":0.5";
+    QTest::newRow("tree slave cell") << cyclic << Action([](Panels &p) {
+        QTreeView *view = p.tree->pointTree();
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(1, 1));
+        QTest::keyClick(view, Qt::Key_F2);
+        type(view->viewport()->findChild<QLineEdit *>(), "45,5");  // the C locale takes no comma
+    }) << "" << "";
+    QTest::newRow("tree type cell") << cyclic << Action([](Panels &p) {
+        QTreeView *view = p.tree->pointTree();
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(1, 2));
+        QTest::keyClick(view, Qt::Key_F2);
+        choose(view->viewport()->findChild<QComboBox *>(), 2);
+    }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [90.000;40.000;Beschleunigung]" << "[90,40,\"acceleration\"]";
+    QTest::newRow("point master") << cyclic << Action([](Panels &p) {
+        p.tree->selectRow(1);
+        type(p.point->masterEdit(), "100.0004");  // rounded to the drive's places
+    }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [100.000;40.000;Konstante Geschwindigkeit]" << "[100,40,\"speed\"]";
+    QTest::newRow("point type") << cyclic << Action([](Panels &p) {
+        p.tree->selectRow(1);
+        choose(p.point->typeBox(), 3);
+    }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [90.000;40.000;Umkehrpunkt]" << "[90,40,\"turningPoint\"]";
+    QTest::newRow("point removed") << cyclic << Action([](Panels &p) {
+        p.tree->selectRow(1);
+        QTest::mouseClick(p.point->removeButton(), Qt::LeftButton);
+    }) << "Entferne Bewegungspunkt [90,40] hinzu" << "[[0,0,\"rest\"],[180,0,\"rest\"]]";
+    QTest::newRow("master axis") << cyclic << Action([](Panels &p) { choose(p.scaling->masterAxisBox(), 1); })
+                                 << "Ändere Master-Skala von Master-Einheit zu Zykluszeit" << "axis=1";
+    QTest::newRow("velocity") << cyclic << Action([](Panels &p) { choose(p.scaling->velocityBox(), 2); })
+                              << "Ändere Geschwindigkeitsskala von Upm-Abtrieb zu Upm-Motor" << "velocity=2";
+    QTest::newRow("cycle time") << cyclic << Action([](Panels &p) { type(p.scaling->cycleTimeEdit(), "0.25 s"); }) << "Ändere Zykluszeit von 1 zu 0.25" << "cycle=0.25";
+}
+
+void tst_EditingPanels::commands()
+{
+    QFETCH(QByteArray, cam);
+    QFETCH(Action, action);
+    QFETCH(QString, undoText);
+    QFETCH(QString, after);
+    Panels panels(cam.constData());
+    // Revolutions per minute need the cycle time: every scaling field applies.
+    panels.model()->scaling()->setVelocityScaling(Scaling::RpmOutput);
+    MessageCapture messages;
+    const QString before = state(panels.editor);
+    action(panels);
+    if (undoText.isEmpty()) {  // a cell whose text is refused stays as it was
+        QCOMPARE(panels.stack->count(), 0);
+        QCOMPARE(messages.last().text, QStringLiteral("\"45,5\" ist keine gültige Slave-Position."));
+        QCOMPARE(panels.cell(1, 1), QStringLiteral("40.000"));
+        return;
+    }
+    QCOMPARE(messages.count(), 0);
+    QCOMPARE(panels.stack->count(), 1);
+    QCOMPARE(panels.stack->text(0), undoText);
+    const QString changed = state(panels.editor);
+    QVERIFY2(changed.contains(after) && !before.contains(after), qPrintable(changed));
+    panels.stack->undo();
+    QCOMPARE(state(panels.editor), before);
+    panels.stack->redo();
+    QCOMPARE(state(panels.editor), changed);
+}
+
+// A refused input shows its message, pushes nothing, leaves the model, and
+// the field shows the model's value again.
+void tst_EditingPanels::refusals_data()
+{
+    QTest::addColumn<QByteArray>("cam");
+    QTest::addColumn<int>("field");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("message");
+    enum { Master, Slave, StepSize, CircularLength, CycleTime };
+    const QByteArray cyclic(CyclicCam);
+    QTest::newRow("master too large") << cyclic << int(Master) << "3000000"
+                                      << "Der Wert 3000000.000 ° ist zu groß, das Maximum ist 2147483.647 °";
+    QTest::newRow("slave too small") << cyclic << int(Slave) << "-2147484"
+                                     << "Der Wert -2147484.000 mm ist zu klein, das Minimum ist -2147483.648 mm";
+    QTest::newRow("master of another point")
+        << cyclic << int(Master) << "180"
+        << "Es gibt schon einen Bewegungspunkt auf der Master-Position 180 schon vorhanden. Überschreiben nicht möglich.";
+    QTest::newRow("no number") << cyclic << int(Slave) << "abc" << "\"abc\" ist keine gültige Slave-Position.";
+    // round(360 / 15996 * 1000) / 1000 = 0.023
+    QTest::newRow("step below minimum") << QByteArray(StaticCam) << int(StepSize) << "0.022"
+                                        << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";
+    QTest::newRow("step zero") << QByteArray(StaticCam) << int(StepSize) << "0"
+                               << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";
+    QTest::newRow("circular length zero") << cyclic << int(CircularLength) << "0"
+                                          << "Die Umlauflänge muss größer als 0 sein.";
+    const char *cycleMessage = "\"%1\" ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden größer als 0 ein.";
+    for (const char *input : { "0", "-1", "0.00004", "eins" })
+        QTest::newRow(qPrintable(QStringLiteral("cycle time %1").arg(input)))
+            << cyclic << int(CycleTime) << input << QString::fromUtf8(cycleMessage).arg(input);
+}
+
+void tst_EditingPanels::refusals()
+{
+    QFETCH(QByteArray, cam);
+    QFETCH(int, field);
+    QFETCH(QString, input);
+    QFETCH(QString, message);
+    Panels panels(cam.constData());
+    panels.model()->scaling()->setMasterAxisScaling(Scaling::CycleTime);
+    panels.tree->selectRow(0);
+    QLineEdit *edits[] = { panels.point->masterEdit(), panels.point->slaveEdit(), panels.settings->stepSizeEdit(),
+                           panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit() };
+    QLineEdit *edit = edits[field];
+    const QString shown = edit->text();
+    const QString before = state(panels.editor);
+    MessageCapture messages;
+    type(edit, input);
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().text, message);
+    QCOMPARE(panels.stack->count(), 0);
+    QCOMPARE(state(panels.editor), before);
+    QCOMPARE(edit->text(), shown);
+}
+
+// A new point goes halfway to the next one, or halfway to the end of the
+// cycle, and is selected; after a removal (Delete key) the neighbour is.
+// An add that rounds onto an existing master is refused by the command.
+void tst_EditingPanels::addAndRemoveMoveTheSelection()
+{
+    Panels panels;
+    MessageCapture messages;
+    panels.tree->selectRow(0);
+    QTest::mouseClick(panels.tree->addButton(), Qt::LeftButton);
+    QCOMPARE(panels.stack->text(0), QStringLiteral("Füge Bewegungspunkt [45,20] hinzu"));
+    QCOMPARE(panels.tree->currentRow(), 1);
+    QCOMPARE(panels.point->masterEdit()->text(), QStringLiteral("45.000"));
+    panels.tree->selectRow(3);
+    QTest::mouseClick(panels.tree->addButton(), Qt::LeftButton);
+    QCOMPARE(panels.stack->text(1), QStringLiteral("Füge Bewegungspunkt [270,0] hinzu"));
+    QCOMPARE(panels.tree->currentRow(), 4);
+
+    panels.tree->selectRow(2);
+    panels.tree->pointTree()->setFocus();
+    QTest::keyClick(panels.tree->pointTree(), Qt::Key_Delete);
+    QCOMPARE(panels.stack->text(2), QStringLiteral("Entferne Bewegungspunkt [90,40] hinzu"));
+    QCOMPARE(panels.cell(2, 0), QStringLiteral("180.000"));
+    QCOMPARE(panels.tree->currentRow(), 2);
+    QCOMPARE(panels.point->masterEdit()->text(), QStringLiteral("180.000"));
+    panels.tree->selectRow(3);
+    QTest::mouseClick(panels.tree->removeButton(), Qt::LeftButton);
+    QCOMPARE(panels.tree->currentRow(), 2);  // the last one removed: the one before
+    QCOMPARE(messages.count(), 0);
+
+    // Points 0.001 apart: halfway rounds onto the second.
+    panels.stack->push(new LoadNewMotionPlanCommand(
+        panels.editor.camDescription(), parseJson(R"({"MotionPoints": [[0, 0, "rest"], [0.001, 1, "rest"]]})"), "x"));
+    const int count = panels.stack->count();
+    panels.tree->selectRow(0);
+    QTest::mouseClick(panels.tree->addButton(), Qt::LeftButton);
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().title, QStringLiteral("Master-Position schon vorhanden"));
+    QCOMPARE(panels.stack->count(), count);
+}
+
+void tst_EditingPanels::pointEditCommitsOnLeavingAndRevertsOnEscape()
+{
+    Panels panels;
+    panels.tree->selectRow(1);
+    PositionLineEdit *slave = panels.point->slaveEdit();
+    type(slave, "77", Qt::Key_Escape);
+    QCOMPARE(slave->text(), QStringLiteral("40.000"));
+    QCOMPARE(panels.stack->count(), 0);
+    slave->setFocus();
+    slave->selectAll();
+    QTest::keyClicks(slave, "55");
+    panels.point->masterEdit()->setFocus();
+    QCOMPARE(panels.stack->count(), 1);
+    QCOMPARE(panels.cell(1, 1), QStringLiteral("55.000"));
+    // Enter, then leaving the field: still one command.
+    type(panels.point->masterEdit(), "95");
+    slave->setFocus();
+    QCOMPARE(panels.stack->count(), 2);
+}
+
+// One changed() of the model brings every panel up to date and pushes nothing.
+void tst_EditingPanels::changedRefreshesEveryPanelWithoutPushing()
+{
+    Panels panels;
+    QSignalSpy pushes(panels.stack, &QUndoStack::indexChanged);
+    CamEditorModel *model = panels.model();
+    {
+        const QSignalBlocker description(panels.editor.camDescription());
+        const QSignalBlocker law(model->motionLaw());
+        const QSignalBlocker steps(model->steps());
+        const QSignalBlocker scaling(model->scaling());
+        const QSignalBlocker editor(model);
+        model->motionLaw()->setLaw(MotionLaw::Spline);
+        model->steps()->setDynamicStepResolution(100);
+        model->steps()->setIsDynamicStepSize(false);
+        model->steps()->setStaticStepSize(0.001);  // 360 / 0.001 grid points: too many
+        model->scaling()->setCycleTime(2.0);
+        model->calculateNewMotionPlan();
+    }
+    const int calculated = model->motionPlan()->positions().size();
+    QVERIFY(panels.comparison->model()->calculatedCount() != calculated);
+    emit model->changed();
+    QCOMPARE(pushes.count(), 0);
+    QCOMPARE(panels.settings->motionLawBox()->currentIndex(), 1);
+    QVERIFY(panels.settings->staticButton()->isChecked());
+    QVERIFY(!panels.settings->resolutionBox()->isEnabled());
+    QCOMPARE(panels.settings->resolutionBox()->value(), 100);
+    QVERIFY(panels.settings->warningLabel()->isVisibleTo(panels.settings));
+    QVERIFY(panels.settings->warningLabel()->text().contains(QStringLiteral("0.023")));
+    QVERIFY(panels.tree->pointTree()->isColumnHidden(2));
+    QCOMPARE(panels.scaling->cycleTimeEdit()->text(), QStringLiteral("2.0000"));
+    QCOMPARE(panels.comparison->model()->calculatedCount(), calculated);
+}
+
+// Undo, a load and a law switch made elsewhere show in every panel; the
+// selected point is found again after the load.
+void tst_EditingPanels::changesElsewhereShowInEveryPanel()
+{
+    Panels panels;
+    panels.tree->selectRow(1);
+    QSignalSpy pushes(panels.stack, &QUndoStack::indexChanged);
+    CamDescriptionImplementation *description = panels.editor.camDescription();
+    panels.stack->push(new ChangeMotionLawCommand(description->motionLaw(), MotionLaw::Spline));
+    QCOMPARE(panels.settings->motionLawBox()->currentText(), QStringLiteral("Kubischer Spline"));
+    QVERIFY(panels.tree->pointTree()->isColumnHidden(2));
+    QVERIFY(!panels.point->typeBox()->isVisibleTo(panels.point));
+    panels.stack->undo();
+    QVERIFY(!panels.tree->pointTree()->isColumnHidden(2));
+    QVERIFY(panels.point->typeBox()->isVisibleTo(panels.point));
+
+    panels.stack->push(new LoadNewMotionPlanCommand(
+        description,
+        parseJson(R"({"Steps": {"isDynamicStepSize": false, "staticStepSize": 2},
+                      "MotionPoints": [[0, 0, "rest"], [90, 10, "rest"], [300, 0, "rest"]]})"),
+        "y"));
+    QCOMPARE(panels.tree->currentRow(), 1);
+    QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("10.000"));
+    QCOMPARE(panels.cell(2, 0), QStringLiteral("300.000"));
+    QVERIFY(!panels.settings->cyclicBox()->isChecked());
+    QVERIFY(!panels.settings->circularLengthEdit()->isEnabled());
+    QCOMPARE(panels.settings->stepSizeEdit()->text(), QStringLiteral("2.000"));
+    QCOMPARE(panels.comparison->model()->calculatedCount(), panels.model()->motionPlan()->positions().size());
+    panels.stack->undo();
+    QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("40.000"));
+    QVERIFY(panels.settings->cyclicBox()->isChecked());
+    QCOMPARE(pushes.count(), 4);  // the two pushes and the two undos only
+}
+
+void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
+{
+    Panels panels;
+    ComparisonTableModel *model = panels.comparison->model();
+    QCOMPARE(model->storedCount(), 0);
+    QCOMPARE(model->firstDifferingRow(), 0);
+    QVERIFY(panels.comparison->statusLabel()->text().contains(QStringLiteral("die erste ist Zeile 0")));
+    QVERIFY(!panels.comparison->summaryLabel()->isVisibleTo(panels.comparison));
+
+    panels.window->saveParameterValues();
+    QCOMPARE(model->storedCount(), model->calculatedCount());
+    QCOMPARE(model->firstDifferingRow(), -1);
+    QCOMPARE(model->index(3, ComparisonTableModel::MasterDifference).data().toString(), QStringLiteral("0.000"));
+    QVERIFY(!model->index(3, 0).data(Qt::BackgroundRole).isValid());
+    QVERIFY(panels.comparison->statusLabel()->text().startsWith(QStringLiteral("Der Antriebsregler enthält genau")));
+    const QString summary = panels.comparison->summaryLabel()->text();
+    QVERIFY(summary.contains(QStringLiteral("Anzahl: %1").arg(model->storedCount())));
+    QVERIFY(!summary.contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
+
+    // Another tool changes one stored slave: that row alone differs.
+    const MxParameterDefinition::ParameterCoordinate slave(MxSimulation::slaveArrayCoordinate(EditorFixture::Table));
+    const QString old = panels.editor.drive.readValue(EditorFixture::LivingSpace, slave, 3);
+    QVERIFY(panels.editor.drive.writeValue(EditorFixture::LivingSpace, slave, 3, QString::number(old.toDouble() + 0.5)));
+    QTRY_COMPARE(model->firstDifferingRow(), 3);
+    QCOMPARE(model->differingRowCount(), 1);
+    QCOMPARE(model->index(3, ComparisonTableModel::SlaveDifference).data().toString(), QStringLiteral("-0.500"));
+    QVERIFY(model->index(3, 0).data(Qt::BackgroundRole).isValid());
+    QVERIFY(!model->index(3, 0).data(Qt::ToolTipRole).toString().isEmpty());
+    QCOMPARE(panels.comparison->summaryLabel()->text(), panels.parameters()->storedTableSummary());
+}
+
+QTEST_MAIN(tst_EditingPanels)
+#include "tst_editingpanels.moc"
