@@ -3,6 +3,7 @@
 #include "camdesignerbutton.h"
 #include "camdescriptionimplementation.h"
 #include "model/cameditormodel.h"
+#include "model/scalingimplementation.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/previewview.h"
 #include "views/camdesignerviewimplementation.h"
@@ -64,6 +65,9 @@ void CamDesignerImplementation::initialize(MxParameterInstance::ParameterContain
     m_container = container;
     m_parameterModel = new ParameterModelImplementation(this, container, m_camTable, livingSpace);
     m_editorModel = new CamEditorModel(this, m_parameterModel, qobject_cast<CamDescriptionImplementation *>(camDescription));
+    // Velocities in revolutions per minute need the axis' feed and gear.
+    if (auto *scaling = qobject_cast<ScalingImplementation *>(m_editorModel->scaling()))
+        scaling->setDrive(container, livingSpace);
 }
 
 CamDescriptionImplementation *CamDesignerImplementation::camDescription() const

@@ -11,14 +11,11 @@
 #include "import/externalcurveimportview.h"
 #include "defaultpathsetting.h"
 #include "model/cameditormodel.h"
-#include "model/scalingimplementation.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
 #include "resources/camdesignerresources.h"
-#include "parameterinstance.h"
-
 #include "comparisonview.h"
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
@@ -137,10 +134,6 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_docks[MotionPlanDock]->setWidget(motionPlan, ads::CDockWidget::ForceNoScrollArea);
     if (m_editorModel) {
         m_scalingView = new ScalingView(m_editorModel, m_undoStack.get());
-        // Velocities in revolutions per minute need the axis' feed and gear.
-        if (auto *scaling = qobject_cast<ScalingImplementation *>(m_editorModel->scaling()))
-            scaling->setDrive(qobject_cast<MxParameterInstance::ParameterContainer *>(m_provider),
-                              m_parameterModel ? m_parameterModel->livingSpace() : 0);
     }
     m_docks[ScalingDock]->setWidget(m_scalingView ? static_cast<QWidget *>(m_scalingView) : new QWidget);
     m_gridPointView = new GridPointParameterView(m_parameterModel, m_provider,

@@ -3,9 +3,11 @@
 
 #include "camdesigner/controller.h"
 #include "commands/changemotionlawcommand.h"
+#include "commands/setmasteraxisscalingcommand.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
+#include "model/scaling.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
 #include "plots/motionpointdragger.h"
@@ -84,6 +86,18 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     check();
     // Under the spline the segment types do not apply: one plain symbol.
     QCOMPARE(int(plots->markers(-1)->dataSize()), 3);
+
+    // Derivatives over time, as the scaling view sets them: through the
+    // scaling's one conversion.
+    Scaling *scaling = model->scaling();
+    window->undoStack()->push(new SetMasterAxisScalingCommand(scaling, Scaling::CycleTime));
+    const double factor = scaling->derivativeFactor(1, model->motionPlan()->masterRange());
+    QVERIFY(factor != 1.0);
+    const QPolygonF velocities = model->motionPlan()->velocities();
+    const QPointF shown = plots->plot(CurvePlot::Velocity)->calculatedCurve()->sample(7);
+    QCOMPARE(shown.y(), velocities.at(7).y() * factor);
+    QVERIFY(plots->plot(CurvePlot::Velocity)->axisTitle(QwtPlot::yLeft).text().contains(scaling->derivativeUnit(1)));
+    window->undoStack()->undo();
 
     // The tracker names each visible curve's value under the mouse.
     CurvePlot *velocity = plots->plot(CurvePlot::Velocity);
