@@ -31,10 +31,7 @@ void AddMotionPointCommand::redo()
     // Exact comparison on purpose: the map is keyed by the exact master
     // value, so a position one bit away is a different point.
     if (m_camDescription->pointAt(m_values.master)) {
-        MessageBox::critical(nullptr, QObject::tr("Master-Position schon vorhanden"),
-                             QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
-                                         "vorhanden. Überschreiben nicht möglich.")
-                                 .arg(m_values.master));
+        showMasterTaken(nullptr, m_values.master);
         delete m_motionPoint.data();
         m_motionPoint = nullptr;
         m_owned = false;
@@ -56,4 +53,13 @@ void AddMotionPointCommand::undo()
         return;
     m_motionPoint = m_camDescription->takePoint(point);
     m_owned = true;
+}
+
+void AddMotionPointCommand::showMasterTaken(QWidget *parent, double master)
+{
+    // The doubled "schon" is the program's own wording.
+    MessageBox::critical(parent, QObject::tr("Master-Position schon vorhanden"),
+                         QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
+                                     "vorhanden. Überschreiben nicht möglich.")
+                             .arg(master));
 }

@@ -6,6 +6,7 @@
 #include <QUndoCommand>
 
 class CamDescriptionImplementation;
+class QWidget;
 
 // Adds a new motion point. A point at exactly the same master position is
 // refused with a message box; the command then turns obsolete and the stack
@@ -19,6 +20,10 @@ public:
 
     void undo() override;
     void redo() override;
+
+    // The box that refuses a point onto another point's exact master
+    // position; views show it too when an edit would do the same.
+    static void showMasterTaken(QWidget *parent, double master);
 
 private:
     QPointer<CamDescriptionImplementation> m_camDescription;

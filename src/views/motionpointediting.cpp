@@ -104,10 +104,7 @@ bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master
     MotionPoint *other = description->pointAt(master);
     if (other && other != point) {
         // The same box as a refused add: an edit may not replace a point either.
-        MessageBox::critical(parent, QObject::tr("Master-Position schon vorhanden"),
-                             QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
-                                         "vorhanden. Überschreiben nicht möglich.")
-                                 .arg(master));
+        AddMotionPointCommand::showMasterTaken(parent, master);
         return false;
     }
     m_undoStack->push(new EditMotionPointCommand(description, point, newValue, m_editorModel->scaling()));

@@ -1,4 +1,5 @@
 #include "../views/editorfixture.h"
+#include "fileanswer.h"
 #include "messagecapture.h"
 #include "testfiles.h"
 
@@ -51,20 +52,6 @@ public:
     using ParameterModelImplementation::ParameterModelImplementation;
     void writeGridPoints(const QVector<QPointF> &points) override { written.append(points); }
     QList<QVector<QPointF>> written;
-};
-
-// Answers the file chooser with one path.
-struct FileAnswer {
-    explicit FileAnswer(const QString &path)
-        : previous(FileDialog::setHandler([this, path](QWidget *, const FileDialog::Request &request) {
-            requests.append(request);
-            return path;
-        }))
-    {
-    }
-    ~FileAnswer() { FileDialog::setHandler(previous); }
-    QList<FileDialog::Request> requests;
-    FileDialog::Handler previous;
 };
 
 template<class T> T *widget(QWidget *dialog, const char *name)

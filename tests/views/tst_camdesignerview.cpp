@@ -1,4 +1,5 @@
 #include "editorfixture.h"
+#include "fileanswer.h"
 #include "messagecapture.h"
 
 #include "camdesigner/controller.h"
@@ -22,28 +23,6 @@
 #include <qtadvanceddocking/DockWidget.h>
 
 #include <cmath>
-
-namespace {
-
-// Answers every file dialog with one path and records what was asked.
-class FileAnswer
-{
-public:
-    explicit FileAnswer(const QString &path)
-    {
-        m_previous = FileDialog::setHandler([this, path](QWidget *, const FileDialog::Request &request) {
-            requests.append(request);
-            return path;
-        });
-    }
-    ~FileAnswer() { FileDialog::setHandler(m_previous); }
-    QList<FileDialog::Request> requests;
-
-private:
-    FileDialog::Handler m_previous;
-};
-
-} // namespace
 
 class tst_CamDesignerView : public QObject
 {
