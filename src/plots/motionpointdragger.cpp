@@ -24,13 +24,16 @@ MotionPointDragger::MotionPointDragger(CurvePlot *plot, CamEditorModel *editorMo
     , m_editorModel(editorModel)
     , m_parameterModel(parameterModel)
     , m_undoStack(undoStack)
+    , m_canvas(plot->canvas())
 {
-    plot->canvas()->installEventFilter(this);
+    m_canvas->installEventFilter(this);
 }
 
 bool MotionPointDragger::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_plot->canvas())
+    // Compared with the canvas kept at the start: while the plot is being
+    // destroyed its canvas still sends events, and the plot is no plot then.
+    if (watched != m_canvas)
         return false;
     switch (event->type()) {
     case QEvent::MouseButtonPress: {

@@ -9,6 +9,7 @@ class CurvePlot;
 class MotionPoint;
 class ParameterModel;
 class QUndoStack;
+class QWidget;
 
 // Drags motion points on the position plot. While the mouse is held the
 // point follows it, held strictly between its neighbours and rounded to the
@@ -44,6 +45,7 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     QPointer<QUndoStack> m_undoStack;
     QPointer<MotionPoint> m_point;
+    QWidget *m_canvas;
     QPointF m_start;
     double m_lowest = 0.0;
     double m_highest = 0.0;
