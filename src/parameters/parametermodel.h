@@ -34,6 +34,11 @@ public:
     virtual QString checkSlaveValue(double value) const = 0;
     virtual QString checkSlaveValue(double value, double minimum) const = 0;
 
+    // Rounded to the decimal places of the axis, half away from zero, as
+    // the write rounds.
+    virtual double roundMaster(double value) const = 0;
+    virtual double roundSlave(double value) const = 0;
+
     virtual int masterDecimalPlaces() const = 0;
     virtual int slaveDecimalPlaces() const = 0;
     virtual QString masterUnit() const = 0;

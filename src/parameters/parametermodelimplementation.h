@@ -72,9 +72,8 @@ public:
     void editorOpened() override;
     void editorClosed() override;
 
-    // Rounded to the decimal places of the axis, half away from zero.
-    double roundMaster(double value) const;
-    double roundSlave(double value) const;
+    double roundMaster(double value) const override;
+    double roundSlave(double value) const override;
     // Empty when point i may be written, otherwise the message naming the
     // element and the limit.
     QString checkGridPoint(int index, const QPointF &point) const;

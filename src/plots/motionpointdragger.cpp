@@ -93,17 +93,17 @@ void MotionPointDragger::move(const QPoint &position)
 {
     if (!m_point || !m_parameterModel)
         return;
-    const int masterDecimals = m_parameterModel->masterDecimalPlaces();
-    const double step = std::pow(10.0, -masterDecimals);
-    double master = rounded(m_plot->invTransform(QwtPlot::xBottom, position.x()), masterDecimals);
+    const ParameterModel &drive = *m_parameterModel;
+    const double step = std::pow(10.0, -drive.masterDecimalPlaces());
+    double master = drive.roundMaster(m_plot->invTransform(QwtPlot::xBottom, position.x()));
     // Strictly between the neighbours: the point keeps its place in the order.
     if (master <= m_lowest)
-        master = rounded(m_lowest + step, masterDecimals);
+        master = drive.roundMaster(m_lowest + step);
     if (master >= m_highest)
-        master = rounded(m_highest - step, masterDecimals);
+        master = drive.roundMaster(m_highest - step);
     if (master <= m_lowest || master >= m_highest)
         master = m_point->master();
-    const double slave = rounded(m_plot->invTransform(QwtPlot::yLeft, position.y()), m_parameterModel->slaveDecimalPlaces());
+    const double slave = drive.roundSlave(m_plot->invTransform(QwtPlot::yLeft, position.y()));
     // The drag itself moves the point, as the model's coarse sampling is
     // made for; the one command follows at the release.
     m_point->setPosition(QPointF(master, slave));
@@ -143,8 +143,3 @@ void MotionPointDragger::finish()
         m_editorModel->endCoarseSteps();
 }
 
-double MotionPointDragger::rounded(double value, int decimals) const
-{
-    const double scale = std::pow(10.0, decimals);
-    return std::round(value * scale) / scale;
-}

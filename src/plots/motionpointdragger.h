@@ -38,7 +38,6 @@ private:
     void release();
     void cancel();
     void finish();
-    double rounded(double value, int decimals) const;
 
     CurvePlot *m_plot;
     QPointer<CamEditorModel> m_editorModel;

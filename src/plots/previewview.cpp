@@ -111,7 +111,15 @@ void PreviewView::refresh()
     m_stored->setSamples(m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF());
     updateScales();
     updateLabel();
-    replot();
+    // An edit rebuilds the plan more than once and a drag with every mouse
+    // move: the picture is drawn once, when the change has been handled.
+    if (!m_replotPending) {
+        m_replotPending = true;
+        QMetaObject::invokeMethod(this, [this] {
+            m_replotPending = false;
+            replot();
+        }, Qt::QueuedConnection);
+    }
     emit refreshed();
 }
 

@@ -48,6 +48,7 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     unsigned short m_camTable;
     bool m_editorOpen = false;
+    bool m_replotPending = false;
     QwtPlotCurve *m_stored;
     QwtPlotCurve *m_calculated;
     QwtPlotTextLabel *m_label;

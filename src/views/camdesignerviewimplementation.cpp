@@ -146,11 +146,9 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_plots = new CurvePlotStack(m_editorModel, m_parameterModel, m_undoStack.get());
     m_docks[PlotDock]->setWidget(m_plots, ads::CDockWidget::ForceNoScrollArea);
     QToolBar *plotBar = m_docks[PlotDock]->createDefaultToolBar();
-    const QAction *plotActions[CurvePlot::QuantityCount] = { m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
-                                                             m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot };
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
-        plotBar->addAction(const_cast<QAction *>(plotActions[quantity]));
-        connect(plotActions[quantity], &QAction::toggled, m_plots,
+        plotBar->addAction(plotAction(quantity));
+        connect(plotAction(quantity), &QAction::toggled, m_plots,
                 [this, quantity](bool on) { m_plots->setPlotVisible(CurvePlot::Quantity(quantity), on); });
     }
     plotBar->addSeparator();
@@ -221,6 +219,13 @@ void CamDesignerViewImplementation::connectActions()
     statusBar()->addPermanentWidget(m_readOnlyLabel);
 }
 
+QAction *CamDesignerViewImplementation::plotAction(int quantity) const
+{
+    QAction *const actions[CurvePlot::QuantityCount] = { m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
+                                                         m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot };
+    return actions[quantity];
+}
+
 void CamDesignerViewImplementation::restoreSettings()
 {
     QSettings settings;
@@ -234,10 +239,8 @@ void CamDesignerViewImplementation::restoreSettings()
     m_ui->actionShowVelocityPlot->setChecked(settings.value(QLatin1String(VelocityPlotKey), true).toBool());
     m_ui->actionShowAccelerationPlot->setChecked(settings.value(QLatin1String(AccelerationPlotKey), true).toBool());
     m_ui->actionShowJerkPlot->setChecked(settings.value(QLatin1String(JerkPlotKey), false).toBool());
-    const QAction *plotActions[] = { m_ui->actionShowPositionPlot, m_ui->actionShowVelocityPlot,
-                                     m_ui->actionShowAccelerationPlot, m_ui->actionShowJerkPlot };
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
-        m_plots->setPlotVisible(CurvePlot::Quantity(quantity), plotActions[quantity]->isChecked());
+        m_plots->setPlotVisible(CurvePlot::Quantity(quantity), plotAction(quantity)->isChecked());
 }
 
 void CamDesignerViewImplementation::saveSettings() const

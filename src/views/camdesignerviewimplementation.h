@@ -7,6 +7,7 @@
 #include <memory>
 
 class CalculatedTableView;
+class QAction;
 class CamEditorModel;
 class CurvePlotStack;
 class ComparisonView;
@@ -84,6 +85,8 @@ private:
     void arrangeDocks();
     void applyStyleSheet();
     void connectActions();
+    // The action that shows or hides a plot (a CurvePlot::Quantity).
+    QAction *plotAction(int quantity) const;
     void restoreSettings();
     void saveSettings() const;
     void onDecimalPlacesChanged();

@@ -48,9 +48,7 @@ double MotionPointEditing::round(double value, bool master) const
 {
     if (!m_parameterModel)
         return value;
-    const double scale = std::pow(10.0, master ? m_parameterModel->masterDecimalPlaces()
-                                               : m_parameterModel->slaveDecimalPlaces());
-    return std::round(value * scale) / scale;
+    return master ? m_parameterModel->roundMaster(value) : m_parameterModel->roundSlave(value);
 }
 
 bool MotionPointEditing::readMaster(QWidget *parent, const QString &text, double *master) const
