@@ -87,12 +87,13 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
     layout->setSpacing(4);
-    // The legend belongs where the plots' controls are (the window puts it
-    // on the plot dock's tool bar): a check box per curve, in its colour.
+    // The legend above the plots: a check box per curve, in its colour.
     m_legend = new QWidget;
     m_legend->setObjectName(QStringLiteral("curveLegend"));
     auto *legendLayout = new QHBoxLayout(m_legend);
     legendLayout->setContentsMargins(0, 0, 0, 0);
+    legendLayout->addStretch();
+    layout->addWidget(m_legend);
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         auto *plot = new CurvePlot(CurvePlot::Quantity(quantity));
         m_plots[quantity] = plot;
@@ -138,7 +139,7 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
         toggle->setIcon(QIcon(swatch));
         toggle->setChecked(true);
         connect(toggle, &QCheckBox::toggled, this, [this, calculated](bool on) { setCurvesVisible(calculated, on); });
-        legendLayout->addWidget(toggle);
+        legendLayout->insertWidget(legendLayout->count() - 1, toggle);
     }
     // Installed after the pickers, so that a press on a marker drags it.
     m_dragger = new MotionPointDragger(position, editorModel, parameterModel, undoStack);
@@ -159,12 +160,7 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     refresh();
 }
 
-CurvePlotStack::~CurvePlotStack()
-{
-    // Nobody took the legend in: it is still the stack's.
-    if (m_legend && !m_legend->parent())
-        delete m_legend.data();
-}
+CurvePlotStack::~CurvePlotStack() = default;
 
 void CurvePlotStack::setPlotVisible(CurvePlot::Quantity quantity, bool visible)
 {

@@ -67,7 +67,7 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     CurvePlot *m_plots[CurvePlot::QuantityCount];
     QwtPlotCurve *m_markers[5];
-    QPointer<QWidget> m_legend;
+    QWidget *m_legend;
     MotionPointDragger *m_dragger;
     QAction *m_wholeCurveAction;
     QAction *m_exportAction;

@@ -154,8 +154,6 @@ void CamDesignerViewImplementation::arrangeDocks()
     plotBar->addSeparator();
     plotBar->addAction(m_plots->wholeCurveAction());
     plotBar->addAction(m_plots->exportAction());
-    plotBar->addSeparator();
-    plotBar->addWidget(m_plots->legend());
     m_dockManager->addDockWidget(ads::RightDockWidgetArea, m_docks[PlotDock]);
     m_docks[MotionPlanDock]->setAsCurrentTab();
 
