@@ -7,6 +7,7 @@
 #include <QObject>
 
 class CamDescription;
+class QLocale;
 class QWidget;
 
 namespace MxParameterInstance {
@@ -29,6 +30,11 @@ public:
     // parent: the host takes it into a layout. The designer must have been
     // initialised.
     static QWidget *openCamDesignerButton(CamDesigner *designer);
+    // Installs the editor's translation for the locale's language into the
+    // application, replacing the one installed before; German, the language
+    // of the source texts, removes it. Windows opened afterwards use it.
+    // False when there is no translation for that language.
+    static bool installTranslator(const QLocale &locale);
 
     // A preview of the curve for hosts that show it on their own.
     virtual QWidget *createPreview() = 0;

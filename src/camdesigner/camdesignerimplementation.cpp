@@ -11,6 +11,10 @@
 #include <parameterinstance.h>
 
 #include <QApplication>
+#include <QLocale>
+#include <QTranslator>
+
+#include <memory>
 
 CamDesigner *CamDesigner::createCamDesigner(QObject *parent, unsigned short camTable)
 {
@@ -30,6 +34,31 @@ QWidget *CamDesigner::openCamDesignerButton(CamDesigner *designer)
         return new CamDesignerButton(implementation);
     } catch (...) {
         return nullptr;
+    }
+}
+
+bool CamDesigner::installTranslator(const QLocale &locale)
+{
+    // One translator for the whole library, kept for the process's lifetime
+    // so that a later call can take it out again.
+    static QTranslator *translator = nullptr;
+    if (translator) {
+        QCoreApplication::removeTranslator(translator);
+        delete translator;
+        translator = nullptr;
+    }
+    if (locale.language() == QLocale::German)
+        return true;
+    try {
+        auto candidate = std::make_unique<QTranslator>();
+        if (!candidate->load(locale, QStringLiteral("mxcamdesigner"), QStringLiteral("_"),
+                             QStringLiteral(":/translations")))
+            return false;
+        translator = candidate.release();
+        QCoreApplication::installTranslator(translator);
+        return true;
+    } catch (...) {
+        return false;
     }
 }
 
