@@ -3,8 +3,6 @@
 #include "camdesigner/messagebox.h"
 #include "motionpointlookup.h"
 
-#include <QObject>
-
 AddMotionPointCommand::AddMotionPointCommand(CamDescriptionImplementation *camDescription,
                                              const QPointer<MotionPoint> &motionPoint, QUndoCommand *parent)
     : QUndoCommand(parent)
@@ -12,7 +10,7 @@ AddMotionPointCommand::AddMotionPointCommand(CamDescriptionImplementation *camDe
     , m_motionPoint(motionPoint)
     , m_values(motionPoint)
 {
-    setText(QObject::tr("Füge Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
+    setText(tr("Füge Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
     // Without a point there is nothing to record.
     if (!motionPoint)
         setObsolete(true);
@@ -58,8 +56,8 @@ void AddMotionPointCommand::undo()
 void AddMotionPointCommand::showMasterTaken(QWidget *parent, double master)
 {
     // The doubled "schon" is the program's own wording.
-    MessageBox::critical(parent, QObject::tr("Master-Position schon vorhanden"),
-                         QObject::tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
-                                     "vorhanden. Überschreiben nicht möglich.")
+    MessageBox::critical(parent, tr("Master-Position schon vorhanden"),
+                         tr("Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon "
+                            "vorhanden. Überschreiben nicht möglich.")
                              .arg(master));
 }

@@ -2,6 +2,7 @@
 
 #include "motionpointvalues.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -13,6 +14,7 @@ class QWidget;
 // drops it, so nothing is recorded.
 class AddMotionPointCommand : public QUndoCommand
 {
+    Q_DECLARE_TR_FUNCTIONS(AddMotionPointCommand)
 public:
     AddMotionPointCommand(CamDescriptionImplementation *camDescription, const QPointer<MotionPoint> &motionPoint,
                           QUndoCommand *parent = nullptr);

@@ -2,13 +2,11 @@
 
 #include "model/steps.h"
 
-#include <QObject>
-
 ChangeDynamicStepResolutionCommand::ChangeDynamicStepResolutionCommand(int resolution, Steps *steps, QUndoCommand *parent)
     : ValueCommand(steps, &Steps::setDynamicStepResolution, steps ? steps->dynamicStepResolution() : resolution, resolution, parent)
 {
-    const QString points = QObject::tr("%1 Punkten");
-    QString text = QObject::tr("Ändere Auflösung der dynamischen Schrittweite von %oldDynamicSteps% -> %newDynamicSteps%");
+    const QString points = tr("%1 Punkten");
+    QString text = tr("Ändere Auflösung der dynamischen Schrittweite von %oldDynamicSteps% -> %newDynamicSteps%");
     text.replace(QLatin1String("%oldDynamicSteps%"), points.arg(oldValue()));
     text.replace(QLatin1String("%newDynamicSteps%"), points.arg(newValue()));
     setText(text);

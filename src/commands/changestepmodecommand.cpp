@@ -2,11 +2,9 @@
 
 #include "model/steps.h"
 
-#include <QObject>
-
 ChangeStepModeCommand::ChangeStepModeCommand(Steps *steps, bool dynamic, QUndoCommand *parent)
     : ValueCommand(steps, &Steps::setIsDynamicStepSize, !dynamic, dynamic, parent)
 {
-    setText(dynamic ? QObject::tr("Aktiviere dynamische Schrittweite")
-                    : QObject::tr("Aktiviere statische Schrittweite"));
+    setText(dynamic ? tr("Aktiviere dynamische Schrittweite")
+                    : tr("Aktiviere statische Schrittweite"));
 }

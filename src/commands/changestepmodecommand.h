@@ -2,6 +2,8 @@
 
 #include "valuecommand.h"
 
+#include <QCoreApplication>
+
 class Steps;
 
 // Switches between dynamic and static step size. Undo applies the negation of
@@ -10,6 +12,7 @@ class Steps;
 // real change of their check box.
 class ChangeStepModeCommand : public ValueCommand<Steps, bool>
 {
+    Q_DECLARE_TR_FUNCTIONS(ChangeStepModeCommand)
 public:
     ChangeStepModeCommand(Steps *steps, bool dynamic, QUndoCommand *parent = nullptr);
 };

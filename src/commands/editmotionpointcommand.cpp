@@ -4,8 +4,6 @@
 #include "model/scaling.h"
 #include "motionpointlookup.h"
 
-#include <QObject>
-
 EditMotionPointCommand::EditMotionPointCommand(MotionPoint *motionPoint, const MotionPoint &newValue,
                                                Scaling *scaling, QUndoCommand *parent)
     : EditMotionPointCommand(motionPoint ? motionPoint->camDescription() : nullptr, motionPoint, newValue, scaling,
@@ -29,8 +27,8 @@ EditMotionPointCommand::EditMotionPointCommand(CamDescriptionImplementation *cam
         return scaling ? scaling->slavePositionToText(position) : QString::number(position);
     };
     // The mixed separators and the stray ")" are the program's own text.
-    QString text = QObject::tr("Ändere Bewegungspunkt [%MasterPosOld%;%SlavePosOld%,%MotionRuleOld%]) -> "
-                               "[%MasterPosNew%;%SlavePosNew%;%MotionRuleNew%]");
+    QString text = tr("Ändere Bewegungspunkt [%MasterPosOld%;%SlavePosOld%,%MotionRuleOld%]) -> "
+                      "[%MasterPosNew%;%SlavePosNew%;%MotionRuleNew%]");
     if (motionPoint) {
         text.replace(QLatin1String("%MasterPosOld%"), masterText(motionPoint->master()));
         text.replace(QLatin1String("%SlavePosOld%"), slaveText(motionPoint->slave()));

@@ -2,6 +2,7 @@
 
 #include "model/motionpoint.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -15,6 +16,7 @@ class Scaling;
 // values the command holds, so applying it twice restores the start.
 class EditMotionPointCommand : public QUndoCommand
 {
+    Q_DECLARE_TR_FUNCTIONS(EditMotionPointCommand)
 public:
     // The command follows the description that holds the point (found
     // through the point's link to it, or given): it finds an equal point that

@@ -2,8 +2,6 @@
 
 #include "camdesigner/camdescriptionimplementation.h"
 
-#include <QObject>
-
 LoadNewMotionPlanCommand::LoadNewMotionPlanCommand(CamDescriptionImplementation *camDescription,
                                                    const QJsonObject &newData, const QString &name,
                                                    QUndoCommand *parent)
@@ -12,7 +10,7 @@ LoadNewMotionPlanCommand::LoadNewMotionPlanCommand(CamDescriptionImplementation 
     , m_newData(newData)
     , m_oldData(camDescription ? camDescription->toJson() : QJsonObject())
 {
-    QString text = QObject::tr("Lade Kurvendefinitionsdaten : %newDescriptionName%");
+    QString text = tr("Lade Kurvendefinitionsdaten : %newDescriptionName%");
     text.replace(QLatin1String("%newDescriptionName%"), name);
     setText(text);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QPointer>
 #include <QUndoCommand>
@@ -10,6 +11,7 @@ class CamDescriptionImplementation;
 // length, steps); undo loads the data captured when the command was made.
 class LoadNewMotionPlanCommand : public QUndoCommand
 {
+    Q_DECLARE_TR_FUNCTIONS(LoadNewMotionPlanCommand)
 public:
     LoadNewMotionPlanCommand(CamDescriptionImplementation *camDescription, const QJsonObject &newData,
                              const QString &name, QUndoCommand *parent = nullptr);

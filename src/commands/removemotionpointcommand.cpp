@@ -2,8 +2,6 @@
 
 #include "motionpointlookup.h"
 
-#include <QObject>
-
 RemoveMotionPointCommand::RemoveMotionPointCommand(MotionPoint *motionPoint,
                                                    CamDescriptionImplementation *camDescription,
                                                    QUndoCommand *parent)
@@ -13,7 +11,7 @@ RemoveMotionPointCommand::RemoveMotionPointCommand(MotionPoint *motionPoint,
     , m_values(motionPoint)
 {
     // "hinzu" (add) in a removal text is the program's own wording and is kept.
-    setText(QObject::tr("Entferne Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
+    setText(tr("Entferne Bewegungspunkt [%1,%2] hinzu").arg(m_values.master).arg(m_values.slave));
 }
 
 RemoveMotionPointCommand::~RemoveMotionPointCommand()

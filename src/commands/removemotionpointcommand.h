@@ -2,6 +2,7 @@
 
 #include "motionpointvalues.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QUndoCommand>
 
@@ -11,6 +12,7 @@ class CamDescriptionImplementation;
 // puts it back; the point is never copied while it lives.
 class RemoveMotionPointCommand : public QUndoCommand
 {
+    Q_DECLARE_TR_FUNCTIONS(RemoveMotionPointCommand)
 public:
     RemoveMotionPointCommand(MotionPoint *motionPoint, CamDescriptionImplementation *camDescription,
                              QUndoCommand *parent = nullptr);

@@ -2,12 +2,10 @@
 
 #include "camdesigner/camdescriptionimplementation.h"
 
-#include <QObject>
-
 SetCircularLengthCommand::SetCircularLengthCommand(CamDescriptionImplementation *camDescription, double circularLength, QUndoCommand *parent)
     : ValueCommand(camDescription, &CamDescriptionImplementation::setCircularLength, camDescription ? camDescription->circularLength() : circularLength, circularLength, parent)
 {
-    QString text = QObject::tr("Ändere Umlauflänge %oldCircularLength% -> %newCircularLength%");
+    QString text = tr("Ändere Umlauflänge %oldCircularLength% -> %newCircularLength%");
     text.replace(QLatin1String("%oldCircularLength%"), QString::number(oldValue(), 'g', 6));
     text.replace(QLatin1String("%newCircularLength%"), QString::number(newValue(), 'g', 6));
     setText(text);

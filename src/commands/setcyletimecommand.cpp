@@ -2,10 +2,8 @@
 
 #include "model/scaling.h"
 
-#include <QObject>
-
 SetCyleTimeCommand::SetCyleTimeCommand(Scaling *scaling, double cycleTime, QUndoCommand *parent)
     : ValueCommand(scaling, &Scaling::setCycleTime, scaling ? scaling->cycleTime() : cycleTime, cycleTime, parent)
 {
-    setText(QObject::tr("Ändere Zykluszeit von %1 zu %2").arg(oldValue()).arg(newValue()));
+    setText(tr("Ändere Zykluszeit von %1 zu %2").arg(oldValue()).arg(newValue()));
 }

@@ -2,10 +2,8 @@
 
 #include "model/steps.h"
 
-#include <QObject>
-
 SetStepsCommand::SetStepsCommand(Steps *steps, double stepSize, QUndoCommand *parent)
     : ValueCommand(steps, &Steps::setStaticStepSize, steps ? steps->staticStepSize() : stepSize, stepSize, parent)
 {
-    setText(QObject::tr("Ändere Schrittweite von %1 -> %2").arg(oldValue()).arg(newValue()));
+    setText(tr("Ändere Schrittweite von %1 -> %2").arg(oldValue()).arg(newValue()));
 }

@@ -11,7 +11,6 @@
 #include "model/motionpoint.h"
 #include "parameters/parametermodel.h"
 
-#include <QObject>
 #include <QUndoStack>
 
 #include <cmath>
@@ -55,8 +54,8 @@ bool MotionPointEditing::readMaster(QWidget *parent, const QString &text, double
 {
     double value = 0.0;
     if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->masterUnit() : QString(), &value)) {
-        MessageBox::warning(parent, QObject::tr("Ungültige Eingabe"),
-                            QObject::tr("\"%1\" ist keine gültige Master-Position.").arg(text));
+        MessageBox::warning(parent, tr("Ungültige Eingabe"),
+                            tr("\"%1\" ist keine gültige Master-Position.").arg(text));
         return false;
     }
     *master = round(value, true);
@@ -67,8 +66,8 @@ bool MotionPointEditing::readSlave(QWidget *parent, const QString &text, double 
 {
     double value = 0.0;
     if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->slaveUnit() : QString(), &value)) {
-        MessageBox::warning(parent, QObject::tr("Ungültige Eingabe"),
-                            QObject::tr("\"%1\" ist keine gültige Slave-Position.").arg(text));
+        MessageBox::warning(parent, tr("Ungültige Eingabe"),
+                            tr("\"%1\" ist keine gültige Slave-Position.").arg(text));
         return false;
     }
     *slave = round(value, false);
@@ -79,7 +78,7 @@ bool MotionPointEditing::checkMaster(QWidget *parent, double master) const
 {
     const QString message = m_parameterModel ? m_parameterModel->checkMasterValue(master) : QString();
     if (!message.isEmpty())
-        MessageBox::warning(parent, QObject::tr("Master-Position außerhalb der Grenzen"), message);
+        MessageBox::warning(parent, tr("Master-Position außerhalb der Grenzen"), message);
     return message.isEmpty();
 }
 
@@ -87,7 +86,7 @@ bool MotionPointEditing::checkSlave(QWidget *parent, double slave) const
 {
     const QString message = m_parameterModel ? m_parameterModel->checkSlaveValue(slave) : QString();
     if (!message.isEmpty())
-        MessageBox::warning(parent, QObject::tr("Slave-Position außerhalb der Grenzen"), message);
+        MessageBox::warning(parent, tr("Slave-Position außerhalb der Grenzen"), message);
     return message.isEmpty();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QString>
 
@@ -15,6 +16,7 @@ class QWidget;
 // over the given widget and pushes nothing.
 class MotionPointEditing
 {
+    Q_DECLARE_TR_FUNCTIONS(MotionPointEditing)
 public:
     MotionPointEditing(CamEditorModel *editorModel, ParameterModel *parameterModel, QUndoStack *undoStack);
 
