@@ -6,6 +6,7 @@
 #include "model/scalingimplementation.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/previewview.h"
+#include "resources/camdesignerresources.h"
 #include "views/camdesignerviewimplementation.h"
 
 #include <parameterinstance.h>
@@ -50,6 +51,8 @@ bool CamDesigner::installTranslator(const QLocale &locale)
     if (locale.language() == QLocale::German)
         return true;
     try {
+        // A static build has not registered the compiled translations yet.
+        initializeCamDesignerResources();
         auto candidate = std::make_unique<QTranslator>();
         if (!candidate->load(locale, QStringLiteral("mxcamdesigner"), QStringLiteral("_"),
                              QStringLiteral(":/translations")))

@@ -7,4 +7,5 @@
 void initializeCamDesignerResources()
 {
     Q_INIT_RESOURCE(camdesignerresources);
+    Q_INIT_RESOURCE(camdesignertranslations);
 }

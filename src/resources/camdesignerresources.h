@@ -1,7 +1,7 @@
 #pragma once
 
-// Registers the editor's icons and style sheet with Qt's resource system.
-// The shared library registers them when it is loaded; a static build of it
-// does not, so whoever builds the editor's widgets calls this first. Calling
-// it again does no harm.
+// Registers the editor's icons, style sheet and translations with Qt's
+// resource system. The shared library registers them when it is loaded; a
+// static build of it does not, so whoever builds the editor's widgets or
+// loads a translation calls this first. Calling it again does no harm.
 void initializeCamDesignerResources();

@@ -65,3 +65,5 @@ add_custom_target(iconsheet
             $<TARGET_FILE:iconrender> sheet --zoom 2 ${mx_resources_dir}/contactsheet.png ${mx_resources_files}
     DEPENDS ${mx_resources_files}
     VERBATIM)
+
+include(${CMAKE_CURRENT_LIST_DIR}/translations.cmake)

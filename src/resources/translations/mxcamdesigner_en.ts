@@ -1,0 +1,984 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="de">
+<context>
+    <name>AddMotionPointCommand</name>
+    <message>
+        <source>Füge Bewegungspunkt [%1,%2] hinzu</source>
+        <translation>Add motion point [%1,%2]</translation>
+    </message>
+    <message>
+        <source>Master-Position schon vorhanden</source>
+        <translation>Master position already taken</translation>
+    </message>
+    <message>
+        <source>Es gibt schon einen Bewegungspunkt auf der Master-Position %1 schon vorhanden. Überschreiben nicht möglich.</source>
+        <translation>There already is a motion point at the master position %1. It cannot be overwritten.</translation>
+    </message>
+</context>
+<context>
+    <name>CalculatedTableModel</name>
+    <message>
+        <source>Master-Position</source>
+        <translation>Master position</translation>
+    </message>
+    <message>
+        <source>Slave-Position</source>
+        <translation>Slave position</translation>
+    </message>
+</context>
+<context>
+    <name>CamDesignerButton</name>
+    <message>
+        <source>Kurveneditor ist geöffnet.</source>
+        <translation>The cam editor is open.</translation>
+    </message>
+</context>
+<context>
+    <name>CamDesignerView</name>
+    <message>
+        <source>&amp;Kurve</source>
+        <translation>&amp;Cam</translation>
+    </message>
+    <message>
+        <source>&amp;Ansicht</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message>
+        <source>&amp;Bearbeiten</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>Kurve</source>
+        <translation>Cam</translation>
+    </message>
+    <message>
+        <source>Bearbeiten</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Kurvendefinitionsdaten exportieren</source>
+        <translation>&amp;Export cam definition data</translation>
+    </message>
+    <message>
+        <source>Kurvendefinitionsdaten in Datei speichern.</source>
+        <translation>Saves the cam definition data to a file.</translation>
+    </message>
+    <message>
+        <source>Ctrl+E</source>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>&amp;Stützstellentabelle aus Datei importieren</source>
+        <translation>&amp;Import grid point table from file</translation>
+    </message>
+    <message>
+        <source>Stützstellentabelle aus einer Datei importieren.</source>
+        <translation>Imports a grid point table from a file.</translation>
+    </message>
+    <message>
+        <source>Ctrl+Alt+I</source>
+        <translation>Ctrl+Alt+I</translation>
+    </message>
+    <message>
+        <source>Schreibt die berechneten Stützstellen in Parameter</source>
+        <translation>Writes the calculated grid points into the parameters</translation>
+    </message>
+    <message>
+        <source>Schreibt Stützstellen in Parameter</source>
+        <translation>Writes grid points into the parameters</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>Entfernt Stützstellen aus Parametern (nur offline)</source>
+        <translation>Removes the grid points from the parameters (offline only)</translation>
+    </message>
+    <message>
+        <source>Entfernt Stützstellen </source>
+        <translation>Removes grid points </translation>
+    </message>
+    <message>
+        <source>Ctrl+Del</source>
+        <translation>Ctrl+Del</translation>
+    </message>
+    <message>
+        <source>&amp;Kurvendefinitionsdaten aus Projekt importieren</source>
+        <translation>Import cam definition data from &amp;project</translation>
+    </message>
+    <message>
+        <source>Kurvendefinitionsdaten aus anderem Antriebsregler importieren.</source>
+        <translation>Imports cam definition data from another drive controller.</translation>
+    </message>
+    <message>
+        <source>Alt+I</source>
+        <translation>Alt+I</translation>
+    </message>
+    <message>
+        <source>&amp;Kurvendefinitionsdaten aus Datei importieren</source>
+        <translation>Import cam definition data from &amp;file</translation>
+    </message>
+    <message>
+        <source>Kurvendefinitionsdaten aus Datei importieren.</source>
+        <translation>Imports cam definition data from a file.</translation>
+    </message>
+    <message>
+        <source>Ctrl+I</source>
+        <translation>Ctrl+I</translation>
+    </message>
+    <message>
+        <source>&amp;Schließen</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Schließt den Editor</source>
+        <translation>Closes the editor</translation>
+    </message>
+    <message>
+        <source>Zurücksetzen</source>
+        <translation>Reset</translation>
+    </message>
+    <message>
+        <source>&amp;Rückgängig</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Rückgängig Übersicht</source>
+        <translation>Undo history</translation>
+    </message>
+    <message>
+        <source>Wiederholen</source>
+        <translation>Redo</translation>
+    </message>
+    <message>
+        <source>Ctrl+Y</source>
+        <translation>Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>&amp;Bewegungsplan ein-/ausblenden</source>
+        <translation>Show/hide &amp;motion plan</translation>
+    </message>
+    <message>
+        <source>Shift+P</source>
+        <translation>Shift+P</translation>
+    </message>
+    <message>
+        <source>&amp;Geschwindigkeit ein-/ausblenden</source>
+        <translation>Show/hide &amp;velocity</translation>
+    </message>
+    <message>
+        <source>Shift+V</source>
+        <translation>Shift+V</translation>
+    </message>
+    <message>
+        <source>&amp;Beschleunigung ein-/ausblenden</source>
+        <translation>Show/hide &amp;acceleration</translation>
+    </message>
+    <message>
+        <source>Shift+A</source>
+        <translation>Shift+A</translation>
+    </message>
+    <message>
+        <source>&amp;Ruck ein-/ausblenden</source>
+        <translation>Show/hide &amp;jerk</translation>
+    </message>
+</context>
+<context>
+    <name>CamDesignerViewImplementation</name>
+    <message>
+        <source>Kurvendefinitionsdaten</source>
+        <translation>Cam definition data</translation>
+    </message>
+    <message>
+        <source>Skalierung</source>
+        <translation>Scaling</translation>
+    </message>
+    <message>
+        <source>Stützstellen berechnet</source>
+        <translation>Calculated grid points</translation>
+    </message>
+    <message>
+        <source>Stützstellen Vergleich</source>
+        <translation>Grid point comparison</translation>
+    </message>
+    <message>
+        <source>Stützstellen Parameter</source>
+        <translation>Grid point parameters</translation>
+    </message>
+    <message>
+        <source>Kurvenscheibe</source>
+        <translation>Cam</translation>
+    </message>
+    <message>
+        <source>Kurvendefinitionsdaten öffnen</source>
+        <translation>Open cam definition data</translation>
+    </message>
+    <message>
+        <source>Mx6-Kurvendefinitionsdaten (*.json *.dat)</source>
+        <translation>Mx6 cam definition data (*.json *.dat)</translation>
+    </message>
+    <message>
+        <source>Mx6-Bewegungspläne (*.json *.dat)</source>
+        <translation>Mx6 motion plans (*.json *.dat)</translation>
+    </message>
+    <message>
+        <source>Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt.</source>
+        <translation>Saving the file failed. The file may be write-protected.</translation>
+    </message>
+    <message>
+        <source>Stützstellen löschen nicht möglich</source>
+        <translation>Cannot delete the grid points</translation>
+    </message>
+    <message>
+        <source>Beim Löschen der Stützstellen wird die Konfiguration geändert. Bitte gehen Sie Offline und versuchen Sie erneut zu löschen.</source>
+        <translation>Deleting the grid points changes the configuration. Please go offline and try deleting again.</translation>
+    </message>
+    <message>
+        <source>Stützstellen Parameter löschen.</source>
+        <translation>Delete grid point parameters.</translation>
+    </message>
+    <message>
+        <source>Wollen die alle gespeicherten Stützstellen löschen?</source>
+        <translation>Do you want to delete all stored grid points?</translation>
+    </message>
+    <message>
+        <source>Antriebsregler ist schreibgeschützt.</source>
+        <translation>The drive controller is read-only.</translation>
+    </message>
+    <message>
+        <source>Damit Stützpunkte berechnet werden können, fügen sie den Kurvendefinitionsdaten, mindestens zwei Bewegungspunkte hinzu.</source>
+        <translation>To calculate grid points, add at least two motion points to the cam definition data.</translation>
+    </message>
+    <message>
+        <source>Nachkommastellen wurden geändert</source>
+        <translation>Decimal places changed</translation>
+    </message>
+    <message>
+        <source>Die Nachkommastellen der Master/Slave-Position wurden geändert. Der Kurvenscheibeneditor muss geschlossen werden. Sobald die Parameteränderungen aktiv sind, können sie den Editor wieder öffnen.</source>
+        <translation>The decimal places of the master/slave position have changed. The cam editor has to be closed. As soon as the parameter changes are active, you can open the editor again.</translation>
+    </message>
+</context>
+<context>
+    <name>CamSettingsView</name>
+    <message>
+        <source>Zyklische Kurvenscheibe</source>
+        <translation>Cyclic cam</translation>
+    </message>
+    <message>
+        <source>Dynamisch</source>
+        <translation>Dynamic</translation>
+    </message>
+    <message>
+        <source>Statisch</source>
+        <translation>Static</translation>
+    </message>
+    <message>
+        <source> Punkte</source>
+        <translation> points</translation>
+    </message>
+    <message>
+        <source>Bewegungsgesetz:</source>
+        <translation>Motion law:</translation>
+    </message>
+    <message>
+        <source>Schrittweite:</source>
+        <translation>Step size:</translation>
+    </message>
+    <message>
+        <source>Anzahl Stützstellen:</source>
+        <translation>Number of grid points:</translation>
+    </message>
+    <message>
+        <source>Umlauflänge</source>
+        <translation>Circular length</translation>
+    </message>
+    <message>
+        <source>Statische Schrittweite</source>
+        <translation>Static step size</translation>
+    </message>
+    <message>
+        <source>Die Schrittweite ergibt mehr als %1 Stützstellen. Sie wird beim Berechnen auf %2 vergrößert.</source>
+        <translation>The step size gives more than %1 grid points. The calculation enlarges it to %2.</translation>
+    </message>
+    <message>
+        <source>Ungültige Umlauflänge</source>
+        <translation>Invalid circular length</translation>
+    </message>
+    <message>
+        <source>Die Umlauflänge muss größer als 0 sein.</source>
+        <translation>The circular length must be greater than 0.</translation>
+    </message>
+    <message>
+        <source>Ungültige Eingabe</source>
+        <translation>Invalid input</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist keine gültige Schrittweite.</source>
+        <translation>&quot;%1&quot; is not a valid step size.</translation>
+    </message>
+    <message>
+        <source>Schrittweite zu klein</source>
+        <translation>Step size too small</translation>
+    </message>
+    <message>
+        <source>Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer %1</source>
+        <translation>The step size is too small. Please choose a value greater than %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeDynamicStepResolutionCommand</name>
+    <message>
+        <source>%1 Punkten</source>
+        <translation>%1 points</translation>
+    </message>
+    <message>
+        <source>Ändere Auflösung der dynamischen Schrittweite von %oldDynamicSteps% -&gt; %newDynamicSteps%</source>
+        <translation>Change resolution of the dynamic step size from %oldDynamicSteps% -&gt; %newDynamicSteps%</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeMotionLawCommand</name>
+    <message>
+        <source>Ändere Bewegungsgesetz von %MotionLawOld% -&gt; %MotionLawNew%</source>
+        <translation>Change motion law from %MotionLawOld% -&gt; %MotionLawNew%</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeStepModeCommand</name>
+    <message>
+        <source>Aktiviere dynamische Schrittweite</source>
+        <translation>Activate dynamic step size</translation>
+    </message>
+    <message>
+        <source>Aktiviere statische Schrittweite</source>
+        <translation>Activate static step size</translation>
+    </message>
+</context>
+<context>
+    <name>ComparisonTableModel</name>
+    <message>
+        <source>Diese Stützstelle ist im Antriebsregler nicht gespeichert.</source>
+        <translation>This grid point is not stored in the drive controller.</translation>
+    </message>
+    <message>
+        <source>Diese Stützstelle wird nicht mehr berechnet.</source>
+        <translation>This grid point is no longer calculated.</translation>
+    </message>
+    <message>
+        <source>Berechnete und gespeicherte Stützstelle unterscheiden sich.</source>
+        <translation>The calculated and the stored grid point differ.</translation>
+    </message>
+    <message>
+        <source>Master
+berechnet</source>
+        <translation>Master
+calculated</translation>
+    </message>
+    <message>
+        <source>Slave
+berechnet</source>
+        <translation>Slave
+calculated</translation>
+    </message>
+    <message>
+        <source>Master
+gespeichert</source>
+        <translation>Master
+stored</translation>
+    </message>
+    <message>
+        <source>Slave
+gespeichert</source>
+        <translation>Slave
+stored</translation>
+    </message>
+    <message>
+        <source>Differenz
+Master</source>
+        <translation>Master
+difference</translation>
+    </message>
+    <message>
+        <source>Differenz
+Slave</source>
+        <translation>Slave
+difference</translation>
+    </message>
+</context>
+<context>
+    <name>ComparisonView</name>
+    <message>
+        <source>Der Antriebsregler enthält genau die berechneten Stützstellen (%1).</source>
+        <translation>The drive controller holds exactly the calculated grid points (%1).</translation>
+    </message>
+    <message>
+        <source>Der Antriebsregler enthält andere Stützstellen als berechnet: %1 berechnet, %2 gespeichert, %3 Zeilen verschieden, die erste ist Zeile %4.</source>
+        <translation>The drive controller holds other grid points than calculated: %1 calculated, %2 stored, %3 rows differ, the first is row %4.</translation>
+    </message>
+</context>
+<context>
+    <name>CurvePlot</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>Velocity</translation>
+    </message>
+    <message>
+        <source>Beschleunigung</source>
+        <translation>Acceleration</translation>
+    </message>
+    <message>
+        <source>Ruck</source>
+        <translation>Jerk</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>v</source>
+        <translation>v</translation>
+    </message>
+    <message>
+        <source>a</source>
+        <translation>a</translation>
+    </message>
+    <message>
+        <source>j</source>
+        <translation>j</translation>
+    </message>
+    <message>
+        <source>gespeichert</source>
+        <translation>stored</translation>
+    </message>
+    <message>
+        <source>berechnet</source>
+        <translation>calculated</translation>
+    </message>
+    <message>
+        <source>Master</source>
+        <translation>Master</translation>
+    </message>
+    <message>
+        <source>Master [%1]</source>
+        <translation>Master [%1]</translation>
+    </message>
+    <message>
+        <source>Master: %1</source>
+        <translation>Master: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CurvePlotStack</name>
+    <message>
+        <source>Ganze Kurve anzeigen</source>
+        <translation>Show whole curve</translation>
+    </message>
+    <message>
+        <source>Exportieren …</source>
+        <translation>Export …</translation>
+    </message>
+    <message>
+        <source>Kurven exportieren</source>
+        <translation>Export curves</translation>
+    </message>
+    <message>
+        <source>Bilder (*.png *.svg *.pdf)</source>
+        <translation>Images (*.png *.svg *.pdf)</translation>
+    </message>
+    <message>
+        <source>Exportieren nicht möglich</source>
+        <translation>Cannot export</translation>
+    </message>
+    <message>
+        <source>Die Datei %1 konnte nicht geschrieben werden.</source>
+        <translation>The file %1 could not be written.</translation>
+    </message>
+    <message>
+        <source>Diesen Plot exportieren …</source>
+        <translation>Export this plot …</translation>
+    </message>
+</context>
+<context>
+    <name>CurveTextConverter</name>
+    <message>
+        <source>Master-Position %1 konnte nicht konvertiert werden.</source>
+        <translation>Master position %1 could not be converted.</translation>
+    </message>
+    <message>
+        <source>Slave-Position %1 konnte nicht konvertiert werden.</source>
+        <translation>Slave position %1 could not be converted.</translation>
+    </message>
+</context>
+<context>
+    <name>EditMotionPointCommand</name>
+    <message>
+        <source>Ändere Bewegungspunkt [%MasterPosOld%;%SlavePosOld%,%MotionRuleOld%]) -&gt; [%MasterPosNew%;%SlavePosNew%;%MotionRuleNew%]</source>
+        <translation>Change motion point [%MasterPosOld%;%SlavePosOld%,%MotionRuleOld%]) -&gt; [%MasterPosNew%;%SlavePosNew%;%MotionRuleNew%]</translation>
+    </message>
+</context>
+<context>
+    <name>ExternalCurveImportView</name>
+    <message>
+        <source>Stützstellentabelle aus Datei importieren</source>
+        <translation>Import grid point table from file</translation>
+    </message>
+    <message>
+        <source>Pfad:</source>
+        <translation>Path:</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>SERVOsoft</source>
+        <translation>SERVOsoft</translation>
+    </message>
+    <message>
+        <source>TwinCat2</source>
+        <translation>TwinCat2</translation>
+    </message>
+    <message>
+        <source>CodeSys</source>
+        <translation>CodeSys</translation>
+    </message>
+    <message>
+        <source>Freies Format</source>
+        <translation>Free format</translation>
+    </message>
+    <message>
+        <source>Trennzeichen</source>
+        <translation>Separator</translation>
+    </message>
+    <message>
+        <source>; (Semikolon)</source>
+        <translation>; (semicolon)</translation>
+    </message>
+    <message>
+        <source>, (Komma)</source>
+        <translation>, (comma)</translation>
+    </message>
+    <message>
+        <source>&lt;Leerzeichen&gt;</source>
+        <translation>&lt;Space&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;TAB&gt;</source>
+        <translation>&lt;TAB&gt;</translation>
+    </message>
+    <message>
+        <source>Dezimalzeichen</source>
+        <translation>Decimal separator</translation>
+    </message>
+    <message>
+        <source>. (Punkt)</source>
+        <translation>. (point)</translation>
+    </message>
+    <message>
+        <source>Inhalt der Datei</source>
+        <translation>File contents</translation>
+    </message>
+    <message>
+        <source>Master Parameter</source>
+        <translation>Master parameter</translation>
+    </message>
+    <message>
+        <source>Master importiert</source>
+        <translation>Master imported</translation>
+    </message>
+    <message>
+        <source>Δ Master-Position</source>
+        <translation>Δ master position</translation>
+    </message>
+    <message>
+        <source>Slave Parameter</source>
+        <translation>Slave parameter</translation>
+    </message>
+    <message>
+        <source>Slave importiert</source>
+        <translation>Slave imported</translation>
+    </message>
+    <message>
+        <source>Δ Slave-Position</source>
+        <translation>Δ slave position</translation>
+    </message>
+    <message>
+        <source>Kein Parameterwert: die Stützstelle kommt mit dem Import hinzu.</source>
+        <translation>No parameter value: the import adds this grid point.</translation>
+    </message>
+    <message>
+        <source>Importierter Wert weicht vom Parameterwert ab: Δ Master %1, Δ Slave %2</source>
+        <translation>The imported value differs from the parameter value: Δ master %1, Δ slave %2</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Importierte Kurve</source>
+        <translation>Imported curve</translation>
+    </message>
+    <message>
+        <source>Stützstellendateien öffnen</source>
+        <translation>Open grid point files</translation>
+    </message>
+    <message>
+        <source>Stützstellendateien (*.txt *.csv)</source>
+        <translation>Grid point files (*.txt *.csv)</translation>
+    </message>
+    <message>
+        <source>Fehler beim Öffnen einer Kurvendatei</source>
+        <translation>Error opening a curve file</translation>
+    </message>
+    <message>
+        <source>Datei existiert nicht.</source>
+        <translation>The file does not exist.</translation>
+    </message>
+    <message>
+        <source>Datei kann nicht geöffnet werden, eventuell ist sie von einem anderen Programm geöffnet.</source>
+        <translation>The file cannot be opened; another program may have it open.</translation>
+    </message>
+    <message>
+        <source>Wertepaare: %1 gelesen, %2 aufgelistet.</source>
+        <translation>Value pairs: %1 read, %2 listed.</translation>
+    </message>
+</context>
+<context>
+    <name>LoadNewMotionPlanCommand</name>
+    <message>
+        <source>Lade Kurvendefinitionsdaten : %newDescriptionName%</source>
+        <translation>Load cam definition data: %newDescriptionName%</translation>
+    </message>
+</context>
+<context>
+    <name>MotionLaw</name>
+    <message>
+        <source>Polynom fünften Grades</source>
+        <translation>Fifth-degree polynomial</translation>
+    </message>
+    <message>
+        <source>Kubischer Spline</source>
+        <translation>Cubic spline</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPlanTreeEditor</name>
+    <message>
+        <source>Hinzufügen</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>&amp;Punkt entfernen</source>
+        <translation>&amp;Remove point</translation>
+    </message>
+    <message>
+        <source>Kurve</source>
+        <translation>Cam</translation>
+    </message>
+    <message>
+        <source>Bewegungspunkte</source>
+        <translation>Motion points</translation>
+    </message>
+    <message>
+        <source>Ausgewählter Bewegungspunkt</source>
+        <translation>Selected motion point</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPoint</name>
+    <message>
+        <source>Rast</source>
+        <translation>Dwell</translation>
+    </message>
+    <message>
+        <source>Konstante Geschwindigkeit</source>
+        <translation>Constant velocity</translation>
+    </message>
+    <message>
+        <source>Umkehrpunkt</source>
+        <translation>Reversal point</translation>
+    </message>
+    <message>
+        <source>Beschleunigung</source>
+        <translation>Acceleration</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPointDragger</name>
+    <message>
+        <source>Bewegungspunkt nicht verschoben</source>
+        <translation>Motion point not moved</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPointEditing</name>
+    <message>
+        <source>Ungültige Eingabe</source>
+        <translation>Invalid input</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist keine gültige Master-Position.</source>
+        <translation>&quot;%1&quot; is not a valid master position.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist keine gültige Slave-Position.</source>
+        <translation>&quot;%1&quot; is not a valid slave position.</translation>
+    </message>
+    <message>
+        <source>Master-Position außerhalb der Grenzen</source>
+        <translation>Master position out of limits</translation>
+    </message>
+    <message>
+        <source>Slave-Position außerhalb der Grenzen</source>
+        <translation>Slave position out of limits</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPointTableModel</name>
+    <message>
+        <source>Master-Position</source>
+        <translation>Master position</translation>
+    </message>
+    <message>
+        <source>Slave-Position</source>
+        <translation>Slave position</translation>
+    </message>
+    <message>
+        <source>Segmenttyp</source>
+        <translation>Segment type</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterModelImplementation</name>
+    <message>
+        <source>Der Wert %1 ist zu klein, das Minimum ist %2</source>
+        <translation>The value %1 is too small, the minimum is %2</translation>
+    </message>
+    <message>
+        <source>Der Wert %1 ist zu groß, das Maximum ist %2</source>
+        <translation>The value %1 is too large, the maximum is %2</translation>
+    </message>
+    <message>
+        <source>%1 ist zu groß max: %2</source>
+        <translation>%1 is too large max: %2</translation>
+    </message>
+    <message>
+        <source>%1 ist zu klein min: %2</source>
+        <translation>%1 is too small min: %2</translation>
+    </message>
+    <message>
+        <source>Parameter: %1 kann nicht geschrieben werden. Wert %2</source>
+        <translation>Parameter: %1 cannot be written. Value %2</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt; Stützstellenwerte wurden nicht vom Kurvenscheibeneditor beschrieben.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt; The grid point values were not written by the cam editor.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Stützstellen Parameter: &lt;/p&gt;&lt;p&gt;	Anzahl: %SumParameter%&lt;/p&gt;&lt;p&gt;	Erstes Element:&lt;/p&gt;&lt;p&gt;		Master: %FirstMasterValue% &lt;/p&gt;&lt;p&gt;		Slave: %FirstSlaveValue%&lt;/p&gt;&lt;p&gt;	Letztes Element:&lt;/p&gt;&lt;p&gt;		Master: %LastMasterValue% &lt;/p&gt;&lt;p&gt;Slave: %LastSlaveValue%&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Grid point parameters: &lt;/p&gt;&lt;p&gt;	Count: %SumParameter%&lt;/p&gt;&lt;p&gt;	First element:&lt;/p&gt;&lt;p&gt;		Master: %FirstMasterValue% &lt;/p&gt;&lt;p&gt;		Slave: %FirstSlaveValue%&lt;/p&gt;&lt;p&gt;	Last element:&lt;/p&gt;&lt;p&gt;		Master: %LastMasterValue% &lt;/p&gt;&lt;p&gt;Slave: %LastSlaveValue%&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Schreiben in Parameter nicht möglich</source>
+        <translation>Cannot write to the parameters</translation>
+    </message>
+    <message>
+        <source>Antriebsregler ist schreibgeschützt.</source>
+        <translation>The drive controller is read-only.</translation>
+    </message>
+    <message>
+        <source>Ändern des Parameters nicht möglich</source>
+        <translation>Cannot change the parameter</translation>
+    </message>
+    <message>
+        <source>Die Stützstellen-Arrays müssen vergrößert werden, dies benötigt ein Neustart der Konfiguration, bitte gehen sie offline und schreiben sie erneut.</source>
+        <translation>The grid point arrays have to be enlarged, which needs a restart of the configuration. Please go offline and write again.</translation>
+    </message>
+</context>
+<context>
+    <name>PointEditView</name>
+    <message>
+        <source>Entfernen</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Segmenttyp:</source>
+        <translation>Segment type:</translation>
+    </message>
+    <message>
+        <source>Master-Position</source>
+        <translation>Master position</translation>
+    </message>
+    <message>
+        <source>Slave-Position</source>
+        <translation>Slave position</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewView</name>
+    <message>
+        <source>Kurvenscheibe %1</source>
+        <translation>Cam %1</translation>
+    </message>
+    <message>
+        <source>Kurveneditor ist geöffnet.</source>
+        <translation>The cam editor is open.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveMotionPointCommand</name>
+    <message>
+        <source>Entferne Bewegungspunkt [%1,%2] hinzu</source>
+        <translation>Remove motion point [%1,%2]</translation>
+    </message>
+</context>
+<context>
+    <name>SaveParameterProgress</name>
+    <message>
+        <source>Master-Positionen</source>
+        <translation>Master positions</translation>
+    </message>
+    <message>
+        <source>Slave-Positionen</source>
+        <translation>Slave positions</translation>
+    </message>
+    <message>
+        <source>Stützstellentabellen scheiben</source>
+        <translation>Writing grid point tables</translation>
+    </message>
+</context>
+<context>
+    <name>Scaling</name>
+    <message>
+        <source>Master-Einheit</source>
+        <translation>Master unit</translation>
+    </message>
+    <message>
+        <source>Zykluszeit</source>
+        <translation>Cycle time</translation>
+    </message>
+    <message>
+        <source>Master-Slave</source>
+        <translation>Master-slave</translation>
+    </message>
+    <message>
+        <source>Upm-Abtrieb</source>
+        <translation>Output rpm</translation>
+    </message>
+    <message>
+        <source>Upm-Motor</source>
+        <translation>Motor rpm</translation>
+    </message>
+    <message>
+        <source>min</source>
+        <translation>min</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>U</source>
+        <translation>rev</translation>
+    </message>
+</context>
+<context>
+    <name>ScalingView</name>
+    <message>
+        <source>Master-Achse:</source>
+        <translation>Master axis:</translation>
+    </message>
+    <message>
+        <source>Zykluszeit [s]:</source>
+        <translation>Cycle time [s]:</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit:</source>
+        <translation>Velocity:</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit: %1
+Beschleunigung: %2
+Ruck: %3</source>
+        <translation>Velocity: %1
+Acceleration: %2
+Jerk: %3</translation>
+    </message>
+    <message>
+        <source>Master-Geschwindigkeit: %1 %2/s</source>
+        <translation>Master velocity: %1 %2/s</translation>
+    </message>
+    <message>
+        <source>Weg pro Umdrehung oder Getriebe des Antriebsreglers ungültig.</source>
+        <translation>The drive controller&apos;s travel per revolution or gear is invalid.</translation>
+    </message>
+    <message>
+        <source>Ungültige Zykluszeit</source>
+        <translation>Invalid cycle time</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden größer als 0 ein.</source>
+        <translation>&quot;%1&quot; is not a valid cycle time. Please enter a time in seconds greater than 0.</translation>
+    </message>
+</context>
+<context>
+    <name>SetCircularLengthCommand</name>
+    <message>
+        <source>Ändere Umlauflänge %oldCircularLength% -&gt; %newCircularLength%</source>
+        <translation>Change circular length %oldCircularLength% -&gt; %newCircularLength%</translation>
+    </message>
+</context>
+<context>
+    <name>SetCyleTimeCommand</name>
+    <message>
+        <source>Ändere Zykluszeit von %1 zu %2</source>
+        <translation>Change cycle time from %1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>SetIsCyclicCamCommand</name>
+    <message>
+        <source>Aktiviere zyklische Umlauflänge</source>
+        <translation>Activate cyclic circular length</translation>
+    </message>
+    <message>
+        <source>Deaktiviere zyklische Umlauflänge</source>
+        <translation>Deactivate cyclic circular length</translation>
+    </message>
+</context>
+<context>
+    <name>SetMasterAxisScalingCommand</name>
+    <message>
+        <source>Ändere Master-Skala von %1 zu %2</source>
+        <translation>Change master scale from %1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>SetStepsCommand</name>
+    <message>
+        <source>Ändere Schrittweite von %1 -&gt; %2</source>
+        <translation>Change step size from %1 -&gt; %2</translation>
+    </message>
+</context>
+<context>
+    <name>SetVelocityScalingCommand</name>
+    <message>
+        <source>Ändere Geschwindigkeitsskala von %1 zu %2</source>
+        <translation>Change velocity scale from %1 to %2</translation>
+    </message>
+</context>
+</TS>
