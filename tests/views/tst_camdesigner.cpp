@@ -1,15 +1,25 @@
 #include "editorfixture.h"
 
 #include "camdesigner/camdesignerbutton.h"
+#include "camdesigner/controller.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
+#include "model/motionpoint.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/previewview.h"
+#include "resources/camdesignerresources.h"
+#include "views/camsettingsview.h"
+#include "views/motionplantreeeditor.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTranslator>
 
 #include <qwt_plot_curve.h>
 
@@ -23,7 +33,38 @@ private slots:
     void previewFollowsCamAndTable();
     void importRequestNamesWindowAndDescription();
     void foreignDescriptionLeavesTheEditorWithout();
+    void installTranslatorAnswersPerLanguage_data();
+    void installTranslatorAnswersPerLanguage();
+    void windowOpenedAfterInstallingEnglishSpeaksEnglish();
 };
+
+namespace {
+// The translator is the application's; whatever a test does, the next one
+// starts German again.
+struct GermanAtTheEnd {
+    ~GermanAtTheEnd() { CamDesigner::installTranslator(QLocale(QLocale::German)); }
+};
+
+QStringList menuTitles(QMainWindow *window)
+{
+    QStringList titles;
+    for (QAction *action : window->menuBar()->actions())
+        titles << action->text();
+    return titles;
+}
+
+QStringList menuTexts(QMainWindow *window, const QString &title)
+{
+    QStringList texts;
+    for (QAction *action : window->menuBar()->actions()) {
+        if (action->text() == title && action->menu()) {
+            for (QAction *item : action->menu()->actions())
+                texts << item->text();
+        }
+    }
+    return texts;
+}
+} // namespace
 
 void tst_CamDesigner::cleanup()
 {
@@ -123,6 +164,76 @@ void tst_CamDesigner::foreignDescriptionLeavesTheEditorWithout()
     // Not initialised: no button.
     std::unique_ptr<CamDesigner> bare(CamDesigner::createCamDesigner(nullptr, 0));
     QCOMPARE(CamDesigner::openCamDesignerButton(bare.get()), nullptr);
+}
+
+void tst_CamDesigner::installTranslatorAnswersPerLanguage_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<bool>("installed");
+    QTest::newRow("English") << QLocale(QLocale::English) << true;
+    QTest::newRow("British English") << QLocale(QLocale::English, QLocale::UnitedKingdom) << true;
+    QTest::newRow("German, the source texts") << QLocale(QLocale::German, QLocale::Austria) << true;
+    QTest::newRow("French, none") << QLocale(QLocale::French) << false;
+}
+
+// Whether there is a translation, and that a refused language leaves the
+// source texts rather than the translation installed before.
+void tst_CamDesigner::installTranslatorAnswersPerLanguage()
+{
+    QFETCH(QLocale, locale);
+    QFETCH(bool, installed);
+    GermanAtTheEnd german;
+    QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
+    QCOMPARE(CamDesigner::installTranslator(locale), installed);
+    const bool english = installed && locale.language() == QLocale::English;
+    QCOMPARE(MotionPoint::typeDisplayName(MotionPoint::rest),
+             english ? QStringLiteral("Dwell") : QStringLiteral("Rast"));
+}
+
+// The expected texts come from the compiled translation itself; a few are
+// spelt out, so that a translation that is no English fails too.
+void tst_CamDesigner::windowOpenedAfterInstallingEnglishSpeaksEnglish()
+{
+    GermanAtTheEnd german;
+    QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
+    initializeCamDesignerResources();
+    QTranslator reference;
+    QVERIFY(reference.load(QStringLiteral(":/translations/mxcamdesigner_en.qm")));
+    const auto english = [&reference](const char *context, const char *source) {
+        const QString text = reference.translate(context, source);
+        return text.isEmpty() ? QStringLiteral("<no translation of %1>").arg(QLatin1String(source)) : text;
+    };
+
+    {
+        EditorFixture editor;
+        CamDesignerViewImplementation *window = editor.open();
+        QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Cam"), QStringLiteral("&View"), QStringLiteral("&Edit")}));
+        const QStringList camMenu = menuTexts(window, QStringLiteral("&Cam"));
+        QVERIFY2(camMenu.contains(english("CamDesignerView", "&Kurvendefinitionsdaten exportieren")), qPrintable(camMenu.join(", ")));
+        QVERIFY(camMenu.contains(QStringLiteral("&Close")));
+        const QStringList viewMenu = menuTexts(window, QStringLiteral("&View"));
+        for (const char *dock : {"Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Kurvenscheibe"})
+            QVERIFY2(viewMenu.contains(english("CamDesignerViewImplementation", dock)), dock);
+        QVERIFY(viewMenu.contains(QStringLiteral("Grid point parameters")));
+
+        // A named placeholder filled after translation, with the motion
+        // laws' own English names.
+        QComboBox *law = window->motionPlanEditor()->settingsView()->motionLawBox();
+        QCOMPARE(law->itemText(1), english("MotionLaw", "Kubischer Spline"));
+        law->setFocus();
+        QTest::keyClick(law, Qt::Key_Down);
+        QCOMPARE(window->undoStack()->count(), 1);
+        QCOMPARE(window->undoStack()->text(0),
+                 QStringLiteral("Change motion law from Fifth-degree polynomial -> Cubic spline"));
+        window->close();
+    }
+
+    QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::German)));
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Kurve"), QStringLiteral("&Ansicht"), QStringLiteral("&Bearbeiten")}));
+    QVERIFY(menuTexts(window, QStringLiteral("&Ansicht")).contains(QStringLiteral("Skalierung")));
+    window->close();
 }
 
 QTEST_MAIN(tst_CamDesigner)

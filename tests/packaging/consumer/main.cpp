@@ -8,7 +8,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QMainWindow>
+#include <QMenuBar>
 
 #include <memory>
 
@@ -24,11 +26,23 @@ int editorWindows()
     return count;
 }
 
+// The first menu of the open editor, in whatever language it speaks.
+QString firstMenuTitle()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        auto *window = qobject_cast<QMainWindow *>(widget);
+        if (window && window->windowTitle() == Title && !window->menuBar()->actions().isEmpty())
+            return window->menuBar()->actions().first()->text();
+    }
+    return QString();
+}
+
 } // namespace
 
 // A host as the suite is one: the description from the bytes its project
 // keeps, a designer for table 5 on its drive, the button on its page; a
-// click opens the editor, a second click opens no second one.
+// click opens the editor, a second click opens no second one. The host
+// speaks English, and so does the editor.
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
@@ -51,10 +65,14 @@ int main(int argc, char *argv[])
     if (!clickable)
         return 3;
     designer->setWindowTitle(Title);
+    if (!CamDesigner::installTranslator(QLocale(QLocale::English)))
+        return 7;
     button->show();
     clickable->click();
     if (editorWindows() != 1)
         return 4;
+    if (firstMenuTitle() != QStringLiteral("&Cam"))
+        return 8;
     clickable->click();
     if (editorWindows() != 1)
         return 5;
