@@ -2,11 +2,14 @@
 // dialog, so one conversion of a large table must stay well below what a
 // user notices (the target is well under 50 ms for 20000 pairs).
 #include "import/curvetextconverter.h"
+#include "import/curvetextwriter.h"
 
 #include <QPolygonF>
 #include <QString>
 
 #include <benchmark/benchmark.h>
+
+#include <cmath>
 
 namespace {
 
@@ -93,6 +96,32 @@ void convertAfterSeparatorChange(benchmark::State &state)
     }
 }
 BENCHMARK(convertAfterSeparatorChange)->Unit(benchmark::kMillisecond);
+
+// The export writes a table of 16000 grid points and reads it back once to
+// make sure that the import will read the same pairs.
+void writeTable(benchmark::State &state)
+{
+    const int format = static_cast<int>(state.range(0));
+    const int rows = 16000;
+    QVector<QPointF> points;
+    points.reserve(rows);
+    for (int i = 0; i < rows; ++i)
+        points.append(QPointF(i * 0.0225, 100.0 * std::sin(i * 0.001)));
+    CurveTextWriter writer;
+    writer.setFormat(format);
+    writer.setDecimalPlaces(3, 4);
+    for (auto _ : state) {
+        QString error;
+        const QString text = writer.toText(points, &error);
+        if (text.isEmpty()) {
+            state.SkipWithError("the table was refused");
+            break;
+        }
+        benchmark::DoNotOptimize(text.constData());
+    }
+    state.SetItemsProcessed(state.iterations() * rows);
+}
+BENCHMARK(writeTable)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -1,4 +1,5 @@
 #include "import/curvetextconverter.h"
+#include "textformatoptions.h"
 #include "toolsupport.h"
 #include "verbs.h"
 
@@ -11,45 +12,6 @@
 
 namespace {
 
-struct Choice {
-    const char *name;
-    int index;
-};
-
-// Indices as the converter (and the import dialog's selectors) count them.
-const Choice Formats[] = {
-    { "servosoft", CurveTextConverter::ServoSoft },
-    { "twincat2", CurveTextConverter::TwinCat2 },
-    { "codesys", CurveTextConverter::CodeSys },
-    { "free", CurveTextConverter::FreeFormat },
-};
-const Choice DecimalSeparators[] = {
-    { "point", CurveTextConverter::DecimalPoint },
-    { "comma", CurveTextConverter::DecimalComma },
-};
-const Choice ValueSeparators[] = {
-    { "semicolon", CurveTextConverter::Semicolon },
-    { "comma", CurveTextConverter::Comma },
-    { "tab", CurveTextConverter::Tab },
-    { "blank", CurveTextConverter::Blank },
-};
-
-template<size_t N>
-int lookUp(const Choice (&choices)[N], const QString &name)
-{
-    for (const Choice &choice : choices) {
-        if (name.compare(QLatin1String(choice.name), Qt::CaseInsensitive) == 0)
-            return choice.index;
-    }
-    return -1;
-}
-
-int usageError(const QCommandLineParser &parser, const QString &message)
-{
-    CamTool::printError(QStringLiteral("camtool: %1\n").arg(message) + parser.helpText());
-    return CamTool::UsageError;
-}
-
 int runConvert(const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -61,41 +23,16 @@ int runConvert(const QStringList &arguments)
         "taken only together with --format free (or without --format); with a named\n"
         "format they are a usage error."));
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Curve text file (*.txt, *.csv)."));
-    const QCommandLineOption formatOption(QStringLiteral("format"),
-        QStringLiteral("servosoft, twincat2, codesys or free (default)."), QStringLiteral("format"));
-    const QCommandLineOption decimalOption(QStringLiteral("decimal"),
-        QStringLiteral("Decimal mark of the free format: point (default) or comma."), QStringLiteral("mark"));
-    const QCommandLineOption separatorOption(QStringLiteral("separator"),
-        QStringLiteral("Value separator of the free format: semicolon (default), comma, tab or blank."),
-        QStringLiteral("separator"));
-    parser.addOptions({ formatOption, decimalOption, separatorOption });
+    const CamTool::TextFormatOptions formatOptions(QStringLiteral("servosoft, twincat2, codesys or free (default)."));
+    formatOptions.addTo(parser);
     const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
     if (parsed >= 0)
         return parsed;
 
     CurveTextConverter converter;
-    if (parser.isSet(formatOption)) {
-        const int format = lookUp(Formats, parser.value(formatOption));
-        if (format < 0)
-            return usageError(parser, QStringLiteral("unknown format '%1'").arg(parser.value(formatOption)));
-        converter.setFormat(format);
-    }
-    // Applied after the format, since choosing a format presets the separators.
-    const bool separatorsChosen = parser.isSet(decimalOption) || parser.isSet(separatorOption);
-    if (separatorsChosen && converter.format() != CurveTextConverter::FreeFormat)
-        return usageError(parser, QStringLiteral("--decimal and --separator apply to the free format only"));
-    if (parser.isSet(decimalOption)) {
-        const int decimal = lookUp(DecimalSeparators, parser.value(decimalOption));
-        if (decimal < 0)
-            return usageError(parser, QStringLiteral("unknown decimal mark '%1'").arg(parser.value(decimalOption)));
-        converter.setDecimalSeparator(decimal);
-    }
-    if (parser.isSet(separatorOption)) {
-        const int separator = lookUp(ValueSeparators, parser.value(separatorOption));
-        if (separator < 0)
-            return usageError(parser, QStringLiteral("unknown separator '%1'").arg(parser.value(separatorOption)));
-        converter.setValueSeparator(separator);
-    }
+    const int applied = formatOptions.applyTo(parser, converter);
+    if (applied >= 0)
+        return applied;
 
     // Read as the import dialog reads it: text mode, the stream's default codec.
     const QString path = parser.positionalArguments().constFirst();

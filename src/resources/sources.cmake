@@ -12,7 +12,7 @@ set(mx_resources_dir ${CMAKE_CURRENT_BINARY_DIR}/resources)
 set(mx_resources_qrc ${mx_resources_dir}/camdesignerresources.qrc)
 set(mx_resources_icons
     Movementplan.png Scaling.png CalculatedTable.png DeltaTable.png AxisTable.png CamView.png
-    saveParameters.png exportMotionplan.png importParameterExtern.png deleteGrid.png
+    saveParameters.png exportMotionplan.png importParameterExtern.png exportGridPointsText.png deleteGrid.png
     importMotionplanProject.png importMotionplanExternal.png
     undo.ico redo.ico showUndo.png
     Position.png Velocity.png acceleration.png jerk.png)

@@ -9,6 +9,7 @@
 #include "commands/undoview.h"
 #include "curves/motionplan.h"
 #include "import/externalcurveimportview.h"
+#include "import/gridpointexportdialog.h"
 #include "defaultpathsetting.h"
 #include "model/cameditormodel.h"
 #include "parameters/calculatedtableview.h"
@@ -184,6 +185,7 @@ void CamDesignerViewImplementation::connectActions()
     connect(ui.actionImportParameterExtern, &QAction::triggered, this,
             &CamDesignerViewImplementation::openParameterImportExternDialog);
     connect(ui.actionSaveParameters, &QAction::triggered, this, &CamDesignerViewImplementation::saveParameterValues);
+    addGridPointExport();
     connect(ui.actionDeleteGrid, &QAction::triggered, this, &CamDesignerViewImplementation::deleteGrid);
     connect(ui.actionImportMotionPlanProject, &QAction::triggered, this,
             &CamDesignerViewImplementation::openImportParameterDialog);
@@ -339,6 +341,28 @@ void CamDesignerViewImplementation::openParameterImportExternDialog()
     auto *dialog = new ExternalCurveImportView(m_parameterModel, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
+}
+
+void CamDesignerViewImplementation::addGridPointExport()
+{
+    // Only reads: stays enabled while the drive is read-only.
+    auto *action = new QAction(QIcon(QStringLiteral(":/Resources/exportGridPointsText.png")),
+                               tr("Stützstellentabelle als Text exportieren"), this);
+    action->setObjectName(QStringLiteral("actionExportGridPointsText"));
+    action->setStatusTip(tr("Berechnete oder gespeicherte Stützstellen als Textdatei für andere Programme speichern."));
+    m_ui->menuKurve->insertAction(m_ui->actionSaveParameters, action);
+    m_ui->toolBarKurve->insertAction(m_ui->actionSaveParameters, action);
+    connect(action, &QAction::triggered, this, [this] {
+        if (!m_parameterModel)
+            return;
+        const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+        auto *dialog = new GridPointExportDialog(plan ? plan->positions() : QPolygonF(),
+                                                 m_parameterModel->storedGridPoints(),
+                                                 m_parameterModel->masterDecimalPlaces(),
+                                                 m_parameterModel->slaveDecimalPlaces(), this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
 }
 
 void CamDesignerViewImplementation::resetView()

@@ -91,6 +91,8 @@ private:
     void saveSettings() const;
     void onDecimalPlacesChanged();
     void updateWriteControls();
+    // "Stützstellentabelle als Text exportieren", beside the import.
+    void addGridPointExport();
 
     std::unique_ptr<Ui::CamDesignerView> m_ui;
     std::unique_ptr<Controller> m_undoStack;

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cmath>
+
 // Runs the built camtool as a user runs it and holds its output to what the
 // library computes from the same files.
 
@@ -118,6 +120,26 @@ private slots:
         QTest::newRow("plot of a bad size") << QStringList{ "plot", Cyclic, "--output", tmp("a.png"), "--size", "0x9" } << 2
                                             << "--size";
         QTest::newRow("plot missing file") << QStringList{ "plot", missing, "--output", tmp("a.png") } << 1 << missing;
+        const QString out = tmp("table.csv");
+        QTest::newRow("export without --output") << QStringList{ "export", Cyclic, "--format", "codesys" } << 2 << "--output";
+        QTest::newRow("export without --format") << QStringList{ "export", Cyclic, "--output", out } << 2 << "--format";
+        QTest::newRow("export to an unknown format") << QStringList{ "export", Cyclic, "--output", out, "--format", "excel" } << 2
+                                                     << "excel";
+        QTest::newRow("export separator with a named format")
+            << QStringList{ "export", Cyclic, "--output", out, "--format", "twincat2", "--separator", "tab" } << 2
+            << "free format only";
+        QTest::newRow("export --decimals out of range")
+            << QStringList{ "export", Cyclic, "--output", out, "--format", "free", "--decimals", "16" } << 2 << "--decimals";
+        QTest::newRow("export missing cam file") << QStringList{ "export", missing, "--output", out, "--format", "free" } << 1
+                                                 << missing;
+        QTest::newRow("export of a cam without grid points")
+            << QStringList{ "export", cam(OnePoint), "--output", out, "--format", "free" } << 1 << "keine Stützstellen";
+        QTest::newRow("export with decimal comma and comma")
+            << QStringList{ "export", Cyclic, "--output", out, "--format", "free", "--decimal", "comma", "--separator", "comma" }
+            << 1 << "Das Komma kann nicht zugleich Dezimalzeichen und Trennzeichen sein";
+        QTest::newRow("export from a missing drive project")
+            << QStringList{ "export", Cyclic, "--output", out, "--format", "free", "--table", "1" } + drive << 1
+            << "no drive project";
         QTest::newRow("plot into a missing folder") << QStringList{ "plot", Cyclic, "--output", tmp("no/a.svg") } << 1
                                                     << "cannot write";
     }
@@ -135,6 +157,7 @@ private slots:
         if (exitCode == 1)
             QCOMPARE(run.err.count('\n'), 1);
         QVERIFY(!QFile::exists(tmp("x.json")));
+        QVERIFY(!QFile::exists(tmp("table.csv")));
     }
 
     // The verbs that print what they read from one file.
@@ -305,6 +328,60 @@ private slots:
             QVERIFY(readFile(path).startsWith(format.start));
         }
         QCOMPARE(QImage(tmp("plot.png")).size(), QSize(640, 480));
+    }
+
+    // An exported table converts back to the calculated points rounded to
+    // the decimal places, or to the table the drive holds.
+    void exportConvertsBack_data()
+    {
+        QTest::addColumn<QStringList>("format");
+        QTest::addColumn<int>("decimals");  // -1: the stored table of a drive
+        QTest::newRow("SERVOsoft, 2 places") << QStringList{ "--format", "servosoft" } << 2;
+        QTest::newRow("free, comma and tab, no places")
+            << QStringList{ "--format", "free", "--decimal", "comma", "--separator", "tab" } << 0;
+        QTest::newRow("CodeSys, stored table") << QStringList{ "--format", "codesys" } << -1;
+        QTest::newRow("free, point and blank, stored table") << QStringList{ "--format", "free", "--separator", "blank" } << -1;
+    }
+
+    void exportConvertsBack()
+    {
+        QFETCH(QStringList, format);
+        QFETCH(int, decimals);
+        const QString out = tmp(QStringLiteral("export-%1.txt").arg(m_serial++));
+        QStringList options{ "--decimals", QString::number(decimals) };
+        QJsonArray expected;
+        if (decimals < 0) {
+            QCOMPARE(camtool({ "write", Cyclic, "--drive", m_project, "--table", "4" }).exitCode, 0);
+            options = QStringList{ "--drive", m_project, "--table", "4" };
+            expected = camtool(QStringList{ "read" } + options).json().value("points").toArray();
+        } else {
+            FixedScaling scaling(decimals);
+            CamDescriptionImplementation description(nullptr, QByteArray());
+            MotionPlan &plan = *localPlan(Cyclic, description, &scaling);
+            MotionPlanFactory::sample(&plan, description.steps(), false);
+            const double scale = std::pow(10.0, decimals);
+            for (const QPointF &point : plan.positions())
+                expected.append(QJsonArray{ std::round(point.x() * scale) / scale, std::round(point.y() * scale) / scale });
+        }
+        QVERIFY(expected.size() > 100);
+
+        const CamToolResult run = camtool(QStringList{ "export", Cyclic, "--output", out } + format + options);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.err.isEmpty(), run.err.constData());
+        QCOMPARE(run.json().value("count").toInt(), expected.size());
+        const CamToolResult converted = camtool(QStringList{ "convert", out } + format);
+        QCOMPARE(converted.json().value("points").toArray(), expected);
+        QCOMPARE(converted.json().value("error").toString(), QString());
+    }
+
+    void exportRefusalKeepsTheFile()
+    {
+        const QString out = tmp("kept.csv");
+        QVERIFY(writeFile(out, "0;0\r\n"));
+        const CamToolResult run = camtool({ "export", Cyclic, "--output", out, "--format", "free", "--decimal", "comma",
+                                            "--separator", "comma" });
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(readFile(out), QByteArray("0;0\r\n"));
     }
 
     // Write, read back, write again, delete, as a user would.

@@ -28,7 +28,8 @@ void tst_Resources::icon_data()
 
     for (const char *name : {"Movementplan.png", "Scaling.png", "CalculatedTable.png", "DeltaTable.png",
                              "AxisTable.png", "CamView.png", "saveParameters.png", "exportMotionplan.png",
-                             "importParameterExtern.png", "deleteGrid.png", "importMotionplanProject.png",
+                             "importParameterExtern.png", "exportGridPointsText.png", "deleteGrid.png",
+                             "importMotionplanProject.png",
                              "importMotionplanExternal.png", "undo.ico", "redo.ico", "showUndo.png",
                              "Position.png", "Velocity.png", "acceleration.png", "jerk.png"}) {
         QTest::newRow(name) << QStringLiteral(":/Resources/") + QLatin1String(name) << QSize();
