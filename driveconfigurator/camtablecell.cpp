@@ -94,8 +94,12 @@ CamTableCell::CamTableCell(DriveProject *project, int table, QWidget *parent)
     updateTexts();
 }
 
-// The designer deletes its editor window; the button goes with the layout.
-CamTableCell::~CamTableCell() = default;
+// The designer and its editor window go before the description they edit
+// (children would go in the order of creation).
+CamTableCell::~CamTableCell()
+{
+    delete m_designer;
+}
 
 QString CamTableCell::readNative(const QString &coordinate, int element) const
 {
