@@ -12,6 +12,7 @@
 #include <camdesigner/filedialog.h>
 #include <camdesigner/messagebox.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
@@ -168,10 +169,20 @@ void DriveConfiguratorWindow::setProject(std::unique_ptr<DriveProject> project)
 
 void DriveConfiguratorWindow::closeEditors()
 {
+    if (!m_page)
+        return;
     // Closed as the user closes them, so that each keeps its layout; the
-    // designers delete what is left.
+    // designers delete what is left. The library hands out no window, so an
+    // open table's editor is known by the title this host gave it.
+    QStringList titles;
+    for (int table = 0; table < DriveProject::TableCount; ++table) {
+        const CamTableCell *cell = m_page->cell(table);
+        if (cell->button()->isChecked())
+            titles << cell->editorTitle();
+    }
     for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget != this && qobject_cast<QMainWindow *>(widget) && widget->isVisible())
+        if (widget != this && qobject_cast<QMainWindow *>(widget) && widget->isVisible()
+            && titles.contains(widget->windowTitle()))
             widget->close();
     }
 }

@@ -284,6 +284,8 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         }
         QCOMPARE(fresh.page()->cell(0)->storedCount(), written);
         QCOMPARE(fresh.page()->cell(0)->stamp(), CamTableCell::Stamp::Editor);
+        // Another host window's project leaves this window's editor open.
+        QCOMPARE(editorWindows(), QList<CamDesignerViewImplementation *> { editor });
     }
     QCOMPARE(messages.count(), 0);
 }
