@@ -26,6 +26,8 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFile>
+#include <QFileInfo>
+#include <QPointer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
@@ -108,6 +110,7 @@ private slots:
     void editWriteSaveAndReload();
     void damagedProjectIsRefused_data();
     void damagedProjectIsRefused();
+    void openingAnotherProjectClosesTheEditors();
     void closingAsks_data();
     void closingAsks();
     void refusalsOfTheDrive_data();
@@ -336,6 +339,27 @@ void tst_DriveConfigurator::damagedProjectIsRefused()
     QCOMPARE(window.project(), project);
     QCOMPARE(project->toJson(), before);
     QVERIFY(window.isWindowModified());
+}
+
+// The old project's editors close (keeping their layout) and their designers go.
+void tst_DriveConfigurator::openingAnotherProjectClosesTheEditors()
+{
+    DriveConfiguratorWindow window;
+    QVERIFY(window.openProject(copyOfExample()));
+    window.show();
+    QPointer<CamDesignerViewImplementation> editor = openEditor(window, 3);
+    QVERIFY(editor);
+    editor->resize(900, 700);
+    const QPointer<CamDesigner> designer = window.page()->cell(3)->designer();
+    FileAnswer answer(ExampleProject);
+    actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!editor);
+    QVERIFY(!designer);
+    QCOMPARE(window.project()->path(), QFileInfo(ExampleProject).absoluteFilePath());
+    QCOMPARE(QSettings().value(QStringLiteral("CamDesigner/geometry")).isNull(), false);
+    QVERIFY(openEditor(window, 3));
+    QCOMPARE(editorWindows().constFirst()->size(), QSize(900, 700));
 }
 
 void tst_DriveConfigurator::closingAsks_data()
