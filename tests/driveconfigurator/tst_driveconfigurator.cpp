@@ -1,161 +1,31 @@
-#include "camtablecell.h"
-#include "camtablepage.h"
-#include "driveconfiguratorwindow.h"
-#include "driveproject.h"
-#include "importdescriptiondialog.h"
+#include "configuratortest.h"
 
-#include "fileanswer.h"
-#include "messagecapture.h"
-
-#include "camdesigner/camdescription.h"
-#include "camdesigner/camdesignerimplementation.h"
-#include "camdesigner/controller.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
-#include "model/motionpoint.h"
-#include "import/curvetextconverter.h"
-#include "plots/curveplot.h"
-#include "simulateddrive.h"
-#include "views/camdesignerviewimplementation.h"
-#include "views/motionplantreeeditor.h"
-#include "views/pointeditview.h"
-#include "views/positionlineedit.h"
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QDialogButtonBox>
-#include <QFile>
-#include <QFileInfo>
-#include <QPointer>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <cmath>
-
-namespace {
-
-const QString ExampleProject = QStringLiteral(MX_EXAMPLES "/example-project.mxdrive");
-const QString WriteText = QStringLiteral("Schreibt die berechneten Stützstellen in Parameter");
-const QString DeleteText = QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)");
-const QString ImportText = QStringLiteral("&Kurvendefinitionsdaten aus Projekt importieren");
-
-QAction *actionNamed(QWidget *window, const QString &text)
-{
-    for (QAction *action : window->findChildren<QAction *>()) {
-        if (action->text() == text)
-            return action;
-    }
-    return nullptr;
-}
-
-QList<CamDesignerViewImplementation *> editorWindows()
-{
-    QList<CamDesignerViewImplementation *> editors;
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (auto *editor = qobject_cast<CamDesignerViewImplementation *>(widget); editor && editor->isVisible())
-            editors.append(editor);
-    }
-    return editors;
-}
-
-// A click on the table's button, as the user opens the editor.
-CamDesignerViewImplementation *openEditor(DriveConfiguratorWindow &window, int table)
-{
-    QAbstractButton *button = window.page()->cell(table)->button();
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(button->width() / 2, button->height() / 2));
-    for (CamDesignerViewImplementation *editor : editorWindows()) {
-        if (editor->windowTitle() == window.page()->cell(table)->editorTitle())
-            return editor;
-    }
-    return nullptr;
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QString pointsOf(const CamTableCell *cell)
-{
-    return QString::fromUtf8(QJsonDocument(cell->description()->toJson().value(QStringLiteral("MotionPoints")).toArray())
-                                 .toJson(QJsonDocument::Compact));
-}
-
-} // namespace
+using namespace ConfiguratorTest;
 
 class tst_DriveConfigurator : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(m_directory.isValid());
+        useScratchSettings(m_directory);
+    }
+    void init() { QSettings().clear(); }
+    void cleanup() { QVERIFY(noWindowLeft()); }
     void exampleProject();
     void editWriteSaveAndReload();
-    void damagedProjectIsRefused_data();
-    void damagedProjectIsRefused();
-    void openingAnotherProjectClosesTheEditors();
-    void closingAsks_data();
-    void closingAsks();
     void refusalsOfTheDrive_data();
     void refusalsOfTheDrive();
     void importFromAnotherProject();
     void stampFollowsTheDrive();
-    void language();
 
 private:
-    QString copyOfExample();
+    QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
 
     QTemporaryDir m_directory;
 };
 
-void tst_DriveConfigurator::initTestCase()
-{
-    QVERIFY(m_directory.isValid());
-    QCoreApplication::setOrganizationName(QStringLiteral("MxTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("DriveConfiguratorTest"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_directory.filePath(QStringLiteral("settings")));
-}
-
-void tst_DriveConfigurator::init()
-{
-    QSettings().clear();
-}
-
-void tst_DriveConfigurator::cleanup()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
-
-QString tst_DriveConfigurator::copyOfExample()
-{
-    const QString path = m_directory.filePath(QStringLiteral("beispiel.mxdrive"));
-    QFile::remove(path);
-    if (!QFile::copy(ExampleProject, path))
-        return QString();
-    QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    return path;
-}
-
-// The bundled project: three tables stamped by the editor, the curve table
-// as the import path converts the TwinCat2 file.
 void tst_DriveConfigurator::exampleProject()
 {
     DriveConfiguratorWindow window;
@@ -190,6 +60,7 @@ void tst_DriveConfigurator::exampleProject()
 
 // The whole way of one cam: edit in the tree and the plot, undo and redo,
 // write, reopen the editor, save, and read the file into a fresh window.
+
 void tst_DriveConfigurator::editWriteSaveAndReload()
 {
     const QString path = copyOfExample();
@@ -293,121 +164,6 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
     QCOMPARE(messages.count(), 0);
 }
 
-void tst_DriveConfigurator::damagedProjectIsRefused_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("no JSON") << QByteArray("{ \"Format\": \"MxDriveProject\", ");
-    QTest::newRow("another format") << QByteArray(R"({"Drive": "MxSimulatedDrive", "Version": 1})");
-    QTest::newRow("cam table 16") << QByteArray(
-        R"({"Format": "MxDriveProject", "Version": 1, "Drive": {}, "CamDescriptions": {"16": {}}})");
-    QTest::newRow("damaged drive") << QByteArray();  // the example with a broken parameter
-}
-
-// Opening a damaged file from the menu shows why and keeps the open project.
-void tst_DriveConfigurator::damagedProjectIsRefused()
-{
-    QFETCH(QByteArray, content);
-    const QString path = copyOfExample();
-    if (content.isEmpty()) {
-        QJsonObject root = QJsonDocument::fromJson(readFile(path)).object();
-        QJsonObject drive = root.value("Drive").toObject();
-        QJsonObject parameters = drive.value("Parameters").toObject();
-        parameters.insert("G68", QStringLiteral("viele"));
-        drive.insert("Parameters", parameters);
-        root.insert("Drive", drive);
-        content = QJsonDocument(root).toJson();
-    }
-    const QString damaged = m_directory.filePath(QStringLiteral("kaputt.mxdrive"));
-    writeFile(damaged, content);
-
-    DriveConfiguratorWindow window;
-    QVERIFY(window.openProject(path));
-    window.project()->setDescription(5, QJsonObject { { "MotionPoints", QJsonArray { QJsonArray { 0, 0 } } } });
-    CamTablePage *page = window.page();
-    const DriveProject *project = window.project();
-    const QByteArray before = project->toJson();
-    MessageCapture messages(QMessageBox::Discard);
-    FileAnswer answer(damaged);
-    actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
-    // Unsaved changes first: kept for now, then the refusal.
-    QCOMPARE(messages.count(), 2);
-    QCOMPARE(messages.last().title, QStringLiteral("Projekt kann nicht geöffnet werden"));
-    QVERIFY2(messages.last().text.startsWith(
-                 QStringLiteral("Die Datei „kaputt.mxdrive“ ist kein Antriebsprojekt oder ist beschädigt.")),
-             qPrintable(messages.last().text));
-    QCOMPARE(window.page(), page);
-    QCOMPARE(window.project(), project);
-    QCOMPARE(project->toJson(), before);
-    QVERIFY(window.isWindowModified());
-}
-
-// The old project's editors close (keeping their layout) and their designers go.
-void tst_DriveConfigurator::openingAnotherProjectClosesTheEditors()
-{
-    DriveConfiguratorWindow window;
-    QVERIFY(window.openProject(copyOfExample()));
-    window.show();
-    QPointer<CamDesignerViewImplementation> editor = openEditor(window, 3);
-    QVERIFY(editor);
-    editor->resize(900, 700);
-    const QPointer<CamDesigner> designer = window.page()->cell(3)->designer();
-    FileAnswer answer(ExampleProject);
-    actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!editor);
-    QVERIFY(!designer);
-    QCOMPARE(window.project()->path(), QFileInfo(ExampleProject).absoluteFilePath());
-    QCOMPARE(QSettings().value(QStringLiteral("CamDesigner/geometry")).isNull(), false);
-    QVERIFY(openEditor(window, 3));
-    QCOMPARE(editorWindows().constFirst()->size(), QSize(900, 700));
-}
-
-void tst_DriveConfigurator::closingAsks_data()
-{
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("closes");
-    QTest::addColumn<bool>("saved");
-    QTest::newRow("save") << true << int(QMessageBox::Save) << true << true;
-    QTest::newRow("discard") << true << int(QMessageBox::Discard) << true << false;
-    QTest::newRow("cancel") << true << int(QMessageBox::Cancel) << false << false;
-    QTest::newRow("nothing changed") << false << int(QMessageBox::Cancel) << true << false;
-}
-
-void tst_DriveConfigurator::closingAsks()
-{
-    QFETCH(bool, modified);
-    QFETCH(int, answer);
-    QFETCH(bool, closes);
-    QFETCH(bool, saved);
-    const QString path = copyOfExample();
-    const QByteArray before = readFile(path);
-    DriveConfiguratorWindow window;
-    QVERIFY(window.openProject(path));
-    window.show();
-    CamTableCell *cell = window.page()->cell(2);
-    // Changed in the editor: its own table loaded from table 3.
-    if (modified) {
-        QVERIFY(openEditor(window, 2));
-        cell->description()->loadWithUndo(window.project()->description(3), QStringLiteral("3"));
-    }
-    MessageCapture messages(static_cast<QMessageBox::StandardButton>(answer));
-    QCOMPARE(window.close(), closes);
-    QCOMPARE(messages.count(), modified ? 1 : 0);
-    if (modified) {
-        QCOMPARE(messages.last().title, QStringLiteral("Ungespeicherte Änderungen"));
-        QCOMPARE(messages.last().buttons, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    }
-    // Closing the host closes its editors; cancelling keeps them.
-    QCOMPARE(editorWindows().size(), modified && !closes ? 1 : 0);
-    QCOMPARE(readFile(path) != before, saved);
-    if (saved) {
-        QVERIFY(!window.isWindowModified());
-        QString errorString;
-        QCOMPARE(DriveProject::open(path, &errorString)->description(2), window.project()->description(3));
-    }
-}
-
 void tst_DriveConfigurator::refusalsOfTheDrive_data()
 {
     QTest::addColumn<QString>("state");
@@ -469,6 +225,7 @@ void tst_DriveConfigurator::refusalsOfTheDrive()
 }
 
 // "Anderes Projekt…" lists every table of the chosen file; a damaged one is refused.
+
 void tst_DriveConfigurator::importFromAnotherProject()
 {
     DriveConfiguratorWindow window;
@@ -513,6 +270,7 @@ void tst_DriveConfigurator::importFromAnotherProject()
 }
 
 // The stamp and the count follow the drive, whoever changes it.
+
 void tst_DriveConfigurator::stampFollowsTheDrive()
 {
     DriveConfiguratorWindow window;
@@ -533,28 +291,6 @@ void tst_DriveConfigurator::stampFollowsTheDrive()
 }
 
 // English from the menu: the host's texts change at once and the choice is kept.
-void tst_DriveConfigurator::language()
-{
-    {
-        DriveConfiguratorWindow window;
-        QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&Datei"));
-        actionNamed(&window, QStringLiteral("English"))->trigger();
-        QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&File"));
-        QCOMPARE(window.windowTitle(), QStringLiteral("Untitled[*] – Drive Configurator"));
-        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("driveStateLabel"))->text(),
-                 QStringLiteral("Drive controller: offline, writable"));
-        QCOMPARE(window.page()->cell(5)->findChild<QLabel *>(QStringLiteral("tableLabel"))->text(),
-                 QStringLiteral("Cam table 5"));
-        QCOMPARE(window.page()->cell(5)->editorTitle(), QStringLiteral("Cam table 5 – Untitled"));
-    }
-    DriveConfiguratorWindow again;
-    QCOMPARE(again.language(), DriveConfiguratorWindow::Language::English);
-    QVERIFY(actionNamed(&again, QStringLiteral("English"))->isChecked());
-    QCOMPARE(again.menuBar()->actions().at(1)->text(), QStringLiteral("&Drive"));
-    actionNamed(&again, QStringLiteral("Deutsch"))->trigger();
-    QCOMPARE(again.menuBar()->actions().at(1)->text(), QStringLiteral("&Antrieb"));
-    QCOMPARE(QSettings().value(QStringLiteral("DriveConfigurator/language")).toString(), QStringLiteral("de"));
-}
 
 QTEST_MAIN(tst_DriveConfigurator)
 #include "tst_driveconfigurator.moc"
