@@ -14,7 +14,7 @@ packages=(
     libqt-advanced-docking-system-dev
     zlib1g-dev libbenchmark-dev
     clang libclang-rt-14-dev
-    xvfb
+    xvfb qttranslations5-l10n
 )
 missing=()
 for p in "${packages[@]}"; do

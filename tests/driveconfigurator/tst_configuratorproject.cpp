@@ -1,0 +1,169 @@
+#include "configuratortest.h"
+
+using namespace ConfiguratorTest;
+
+class tst_ConfiguratorProject : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_directory.isValid());
+        useScratchSettings(m_directory);
+    }
+    void init() { QSettings().clear(); }
+    void cleanup() { QVERIFY(noWindowLeft()); }
+    void damagedProjectIsRefused_data();
+    void damagedProjectIsRefused();
+    void openingAnotherProjectClosesTheEditors();
+    void closingAsks_data();
+    void closingAsks();
+    void language();
+
+private:
+    QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
+
+    QTemporaryDir m_directory;
+};
+
+void tst_ConfiguratorProject::damagedProjectIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("no JSON") << QByteArray("{ \"Format\": \"MxDriveProject\", ");
+    QTest::newRow("another format") << QByteArray(R"({"Drive": "MxSimulatedDrive", "Version": 1})");
+    QTest::newRow("cam table 16") << QByteArray(
+        R"({"Format": "MxDriveProject", "Version": 1, "Drive": {}, "CamDescriptions": {"16": {}}})");
+    QTest::newRow("damaged drive") << QByteArray();  // the example with a broken parameter
+}
+
+// Opening a damaged file from the menu shows why and keeps the open project.
+void tst_ConfiguratorProject::damagedProjectIsRefused()
+{
+    QFETCH(QByteArray, content);
+    const QString path = copyOfExample();
+    if (content.isEmpty()) {
+        QJsonObject root = QJsonDocument::fromJson(readFile(path)).object();
+        QJsonObject drive = root.value("Drive").toObject();
+        QJsonObject parameters = drive.value("Parameters").toObject();
+        parameters.insert("G68", QStringLiteral("viele"));
+        drive.insert("Parameters", parameters);
+        root.insert("Drive", drive);
+        content = QJsonDocument(root).toJson();
+    }
+    const QString damaged = m_directory.filePath(QStringLiteral("kaputt.mxdrive"));
+    writeFile(damaged, content);
+
+    DriveConfiguratorWindow window;
+    QVERIFY(window.openProject(path));
+    window.project()->setDescription(5, QJsonObject { { "MotionPoints", QJsonArray { QJsonArray { 0, 0 } } } });
+    CamTablePage *page = window.page();
+    const DriveProject *project = window.project();
+    const QByteArray before = project->toJson();
+    MessageCapture messages(QMessageBox::Discard);
+    FileAnswer answer(damaged);
+    actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
+    // Unsaved changes first: kept for now, then the refusal.
+    QCOMPARE(messages.count(), 2);
+    QCOMPARE(messages.last().title, QStringLiteral("Projekt kann nicht geöffnet werden"));
+    QVERIFY2(messages.last().text.startsWith(
+                 QStringLiteral("Die Datei „kaputt.mxdrive“ ist kein Antriebsprojekt oder ist beschädigt.")),
+             qPrintable(messages.last().text));
+    QCOMPARE(window.page(), page);
+    QCOMPARE(window.project(), project);
+    QCOMPARE(project->toJson(), before);
+    QVERIFY(window.isWindowModified());
+}
+
+// The old project's editors close (keeping their layout) and their designers go.
+
+void tst_ConfiguratorProject::openingAnotherProjectClosesTheEditors()
+{
+    DriveConfiguratorWindow window;
+    QVERIFY(window.openProject(copyOfExample()));
+    window.show();
+    QPointer<CamDesignerViewImplementation> editor = openEditor(window, 3);
+    QVERIFY(editor);
+    editor->resize(900, 700);
+    const QPointer<CamDesigner> designer = window.page()->cell(3)->designer();
+    FileAnswer answer(ExampleProject);
+    actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!editor);
+    QVERIFY(!designer);
+    QCOMPARE(window.project()->path(), QFileInfo(ExampleProject).absoluteFilePath());
+    QCOMPARE(QSettings().value(QStringLiteral("CamDesigner/geometry")).isNull(), false);
+    QVERIFY(openEditor(window, 3));
+    QCOMPARE(editorWindows().constFirst()->size(), QSize(900, 700));
+}
+
+void tst_ConfiguratorProject::closingAsks_data()
+{
+    QTest::addColumn<bool>("modified");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("saved");
+    QTest::newRow("save") << true << int(QMessageBox::Save) << true << true;
+    QTest::newRow("discard") << true << int(QMessageBox::Discard) << true << false;
+    QTest::newRow("cancel") << true << int(QMessageBox::Cancel) << false << false;
+    QTest::newRow("nothing changed") << false << int(QMessageBox::Cancel) << true << false;
+}
+
+void tst_ConfiguratorProject::closingAsks()
+{
+    QFETCH(bool, modified);
+    QFETCH(int, answer);
+    QFETCH(bool, closes);
+    QFETCH(bool, saved);
+    const QString path = copyOfExample();
+    const QByteArray before = readFile(path);
+    DriveConfiguratorWindow window;
+    QVERIFY(window.openProject(path));
+    window.show();
+    CamTableCell *cell = window.page()->cell(2);
+    // Changed in the editor: its own table loaded from table 3.
+    if (modified) {
+        QVERIFY(openEditor(window, 2));
+        cell->description()->loadWithUndo(window.project()->description(3), QStringLiteral("3"));
+    }
+    MessageCapture messages(static_cast<QMessageBox::StandardButton>(answer));
+    QCOMPARE(window.close(), closes);
+    QCOMPARE(messages.count(), modified ? 1 : 0);
+    if (modified) {
+        QCOMPARE(messages.last().title, QStringLiteral("Ungespeicherte Änderungen"));
+        QCOMPARE(messages.last().buttons, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    }
+    // Closing the host closes its editors; cancelling keeps them.
+    QCOMPARE(editorWindows().size(), modified && !closes ? 1 : 0);
+    QCOMPARE(readFile(path) != before, saved);
+    if (saved) {
+        QVERIFY(!window.isWindowModified());
+        QString errorString;
+        QCOMPARE(DriveProject::open(path, &errorString)->description(2), window.project()->description(3));
+    }
+}
+
+void tst_ConfiguratorProject::language()
+{
+    {
+        DriveConfiguratorWindow window;
+        QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&Datei"));
+        actionNamed(&window, QStringLiteral("English"))->trigger();
+        QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&File"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("Untitled[*] – Drive Configurator"));
+        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("driveStateLabel"))->text(),
+                 QStringLiteral("Drive controller: offline, writable"));
+        QCOMPARE(window.page()->cell(5)->findChild<QLabel *>(QStringLiteral("tableLabel"))->text(),
+                 QStringLiteral("Cam table 5"));
+        QCOMPARE(window.page()->cell(5)->editorTitle(), QStringLiteral("Cam table 5 – Untitled"));
+    }
+    DriveConfiguratorWindow again;
+    QCOMPARE(again.language(), DriveConfiguratorWindow::Language::English);
+    QVERIFY(actionNamed(&again, QStringLiteral("English"))->isChecked());
+    QCOMPARE(again.menuBar()->actions().at(1)->text(), QStringLiteral("&Drive"));
+    actionNamed(&again, QStringLiteral("Deutsch"))->trigger();
+    QCOMPARE(again.menuBar()->actions().at(1)->text(), QStringLiteral("&Antrieb"));
+    QCOMPARE(QSettings().value(QStringLiteral("DriveConfigurator/language")).toString(), QStringLiteral("de"));
+}
+
+QTEST_MAIN(tst_ConfiguratorProject)
+#include "tst_configuratorproject.moc"
