@@ -38,7 +38,11 @@ std::unique_ptr<MotionPlan> sampledPlan(int law, const Cam &cam, Scaling *scalin
 {
     std::unique_ptr<MotionPlan> plan(
         MotionPlanFactory::create(law, cam.points, true, cam.points.size() * 0.1, nullptr, scaling));
-    plan->calculateWithResolution(gridPoints);
+    // Zero: the coarse sampling of a drag step.
+    if (gridPoints == 0)
+        MotionPlanFactory::sample(plan.get(), nullptr, true);
+    else
+        plan->calculateWithResolution(gridPoints);
     return plan;
 }
 
@@ -72,6 +76,7 @@ void samplingLimit(benchmark::State &state, int law)
 
 BENCHMARK_CAPTURE(report, vdi, int(MotionLaw::Vdi))
     ->Args({ 5000, MotionPlan::MaximumGridPoints })
+    ->Args({ 5000, 0 })
     ->Args({ 20, 500 })
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(report, spline, int(MotionLaw::Spline))

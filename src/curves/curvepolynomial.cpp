@@ -4,23 +4,41 @@
 
 namespace {
 
-// The root of a monotone polynomial with a sign change between from and to.
+// The root of a monotone polynomial with a sign change between from and to:
+// Newton steps while they stay inside the bracket, bisection otherwise, until
+// the bracket holds no double between its ends or a step no longer moves.
 double bisect(const CurvePolynomial &p, double from, double to, double valueAtFrom)
 {
+    const CurvePolynomial slope = p.derivative();
     const bool risingFromBelow = valueAtFrom < 0.0;
+    double x = from + (to - from) / 2.0;
     for (;;) {
+        const double value = p(x);
+        if (value == 0.0)
+            return x;
+        if ((value < 0.0) == risingFromBelow)
+            from = x;
+        else
+            to = x;
         const double middle = from + (to - from) / 2.0;
         if (!(middle > from && middle < to))
             break; // from and to are neighbouring doubles
-        const double value = p(middle);
-        if (value == 0.0)
-            return middle;
-        if ((value < 0.0) == risingFromBelow)
-            from = middle;
-        else
-            to = middle;
+        const double d = slope(x);
+        const double newton = d != 0.0 ? x - value / d : middle;
+        if (newton > from && newton < to && newton != x) {
+            x = newton;
+        } else if (newton == x) {
+            break; // Newton stands still: x is the root to rounding
+        } else {
+            x = middle;
+        }
     }
-    return std::abs(p(from)) <= std::abs(p(to)) ? from : to;
+    const double valueFrom = std::abs(p(from));
+    const double valueTo = std::abs(p(to));
+    const double valueX = std::abs(p(x));
+    if (valueX <= valueFrom && valueX <= valueTo)
+        return x;
+    return valueFrom <= valueTo ? from : to;
 }
 
 } // namespace
@@ -60,6 +78,13 @@ CurvePolynomial CurvePolynomial::minus(const CurvePolynomial &other) const
 
 std::vector<double> CurvePolynomial::roots(double from, double to) const
 {
+    if (degree() <= 1 || !(from <= to))
+        return roots(from, to, {});
+    return roots(from, to, derivative().roots(from, to));
+}
+
+std::vector<double> CurvePolynomial::roots(double from, double to, const std::vector<double> &derivativeRoots) const
+{
     std::vector<double> result;
     if (!(from <= to))
         return result;
@@ -73,19 +98,11 @@ std::vector<double> CurvePolynomial::roots(double from, double to) const
         return result;
     }
     // The monotone pieces, bounded by the derivative's roots.
-    std::vector<double> bounds { from };
-    for (double t : derivative().roots(from, to)) {
-        if (t > bounds.back())
-            bounds.push_back(t);
-    }
-    if (to > bounds.back())
-        bounds.push_back(to);
-    double left = bounds.front();
+    double left = from;
     double valueLeft = (*this)(left);
     if (valueLeft == 0.0)
         result.push_back(left);
-    for (std::size_t i = 1; i < bounds.size(); ++i) {
-        const double right = bounds[i];
+    const auto piece = [&](double right) {
         const double valueRight = (*this)(right);
         if (valueRight == 0.0)
             result.push_back(right);
@@ -93,11 +110,23 @@ std::vector<double> CurvePolynomial::roots(double from, double to) const
             result.push_back(bisect(*this, left, right, valueLeft));
         left = right;
         valueLeft = valueRight;
+    };
+    for (double bound : derivativeRoots) {
+        if (bound > left && bound < to)
+            piece(bound);
     }
+    if (to > left)
+        piece(to);
     return result;
 }
 
 CurvePolynomial::Extreme CurvePolynomial::largestMagnitude(double from, double to) const
+{
+    return largestMagnitude(from, to, derivative().roots(from, to));
+}
+
+CurvePolynomial::Extreme CurvePolynomial::largestMagnitude(double from, double to,
+                                                           const std::vector<double> &derivativeRoots) const
 {
     Extreme best { (*this)(from), from };
     const auto consider = [&](double t) {
@@ -105,8 +134,10 @@ CurvePolynomial::Extreme CurvePolynomial::largestMagnitude(double from, double t
         if (std::abs(value) > std::abs(best.value))
             best = { value, t };
     };
-    for (double t : derivative().roots(from, to))
-        consider(t);
+    for (double t : derivativeRoots) {
+        if (t > from && t < to)
+            consider(t);
+    }
     consider(to);
     return best;
 }

@@ -27,6 +27,10 @@ public:
     // derivative the polynomial is monotone, so a sign change there holds
     // exactly one root, which bisection narrows down to adjacent doubles.
     std::vector<double> roots(double from, double to) const;
+    // The same with the derivative's roots already known (ascending; those
+    // outside [from, to] are passed over), so that a ladder of derivatives
+    // is solved once from the top.
+    std::vector<double> roots(double from, double to, const std::vector<double> &derivativeRoots) const;
 
     struct Extreme {
         double value = 0.0; // signed, the largest in magnitude
@@ -35,6 +39,7 @@ public:
     // The value of largest magnitude on [from, to]: at an end or at a root of
     // the derivative. Ties go to the smaller t.
     Extreme largestMagnitude(double from, double to) const;
+    Extreme largestMagnitude(double from, double to, const std::vector<double> &derivativeRoots) const;
 
 private:
     Coefficients m_c;

@@ -56,18 +56,34 @@ std::vector<CurveReport::Piece> CurveReport::pieces(const MotionPlan &plan, int 
     if (const auto *vdi = qobject_cast<const MotionPlanVdi *>(&plan)) {
         *law = MotionLaw::Vdi;
         for (const CamSectionFifthPolynomial *section : vdi->sections()) {
-            result.push_back({ section->start(), section->end(),
-                               CurvePolynomial({ section->a0(), section->a1(), section->a2(), section->a3(),
-                                                 section->a4(), section->a5() }) });
+            result.push_back(piece(section->start(), section->end(),
+                                   CurvePolynomial({ section->a0(), section->a1(), section->a2(), section->a3(),
+                                                     section->a4(), section->a5() })));
         }
     } else if (const auto *spline = qobject_cast<const MotionPlanCubicSpline *>(&plan)) {
         *law = MotionLaw::Spline;
         const CubicSpline &s = spline->spline();
         for (std::size_t i = 0; i + 1 < s.knots().size() && !s.isEmpty(); ++i) {
-            result.push_back({ s.knots()[i], s.knots()[i + 1],
-                               CurvePolynomial({ s.values()[i], s.linear()[i], s.quadratic()[i], s.cubic()[i],
-                                                 0.0, 0.0 }) });
+            result.push_back(piece(s.knots()[i], s.knots()[i + 1],
+                                   CurvePolynomial({ s.values()[i], s.linear()[i], s.quadratic()[i], s.cubic()[i],
+                                                     0.0, 0.0 })));
         }
+    }
+    return result;
+}
+
+CurveReport::Piece CurveReport::piece(double start, double end, const CurvePolynomial &position)
+{
+    Piece result { start, end, {}, {} };
+    result.derivatives[0] = position;
+    for (int k = 1; k <= DerivativeCount; ++k)
+        result.derivatives[std::size_t(k)] = result.derivatives[std::size_t(k - 1)].derivative();
+    // From the top: the fourth derivative is at most linear.
+    const double length = end - start;
+    std::vector<double> above;
+    for (int k = DerivativeCount; k >= 1; --k) {
+        above = result.derivatives[std::size_t(k)].roots(0.0, length, above);
+        result.roots[std::size_t(k - 1)] = above;
     }
     return result;
 }
@@ -82,20 +98,19 @@ void CurveReport::describeSections(const MotionPlan &plan)
         CurveSectionReport section;
         section.start = piece.start;
         section.end = piece.end;
-        section.stroke = piece.position(length) - piece.position(0.0);
+        section.stroke = piece.derivatives[0](length) - piece.derivatives[0](0.0);
         const bool segments = m_motionLaw == MotionLaw::Vdi && int(i) + 1 < points.size();
         section.startType = segments ? points.at(int(i))->type() : NoSegmentType;
         section.endType = segments ? points.at(int(i) + 1)->type() : NoSegmentType;
 
-        CurvePolynomial derivative = piece.position;
         CurveExtreme *extremes[DerivativeCount] = { nullptr, &section.velocity, &section.acceleration,
                                                     &section.jerk };
         for (int k = 0; k < DerivativeCount; ++k) {
-            const CurvePolynomial::Extreme extreme = derivative.largestMagnitude(0.0, length);
+            const CurvePolynomial::Extreme extreme
+                = piece.derivatives[std::size_t(k)].largestMagnitude(0.0, length, piece.roots[std::size_t(k)]);
             if (extremes[k])
                 *extremes[k] = { extreme.value, piece.start + extreme.t };
             m_scale[std::size_t(k)] = std::max(m_scale[std::size_t(k)], std::abs(extreme.value));
-            derivative = derivative.derivative();
         }
         const double h = std::abs(section.stroke);
         const bool hasStroke = h > 0.0;
@@ -116,12 +131,9 @@ void CurveReport::describeJoints()
         CurveJointReport joint;
         joint.master = left.end;
         joint.seam = i + 1 == count;
-        CurvePolynomial l = left.position;
-        CurvePolynomial r = right.position;
         for (int k = 0; k < DerivativeCount; ++k) {
-            joint.jumps[std::size_t(k)] = r(0.0) - l(left.end - left.start);
-            l = l.derivative();
-            r = r.derivative();
+            const std::size_t d = std::size_t(k);
+            joint.jumps[d] = right.derivatives[d](0.0) - left.derivatives[d](left.end - left.start);
         }
         for (int k = 0; k < DerivativeCount && std::abs(joint.jumps[std::size_t(k)]) <= tolerance(k); ++k)
             joint.continuity = k;
@@ -152,12 +164,24 @@ CurveExtreme CurveReport::deviation(const std::vector<Piece> &pieces, const QPol
             const double from = std::max(x0, piece.start) - piece.start;
             const double to = std::min(x1, piece.end) - piece.start;
             if (to > from) {
-                CurvePolynomial::Coefficients chord {};
-                chord[0] = y0 + slope * (piece.start - x0);
-                chord[1] = slope;
-                const CurvePolynomial::Extreme extreme
-                    = piece.position.minus(CurvePolynomial(chord)).largestMagnitude(from, to);
-                const CurveExtreme found { extreme.value, piece.start + extreme.t };
+                // deviation(t) = position(t) - chord(t); its slope is
+                // velocity(t) - slope, monotone between the acceleration's roots.
+                const double offset = y0 + slope * (piece.start - x0);
+                const CurvePolynomial &position = piece.derivatives[0];
+                CurvePolynomial::Coefficients c {};
+                for (int power = 0; power <= CurvePolynomial::MaximumDegree; ++power)
+                    c[std::size_t(power)] = piece.derivatives[1].coefficient(power);
+                c[0] -= slope;
+                const auto deviationAt = [&](double t) { return position(t) - (offset + slope * t); };
+                CurveExtreme found { deviationAt(from), piece.start + from };
+                const auto consider = [&](double t) {
+                    const double value = deviationAt(t);
+                    if (std::abs(value) > std::abs(found.value))
+                        found = { value, piece.start + t };
+                };
+                for (double t : CurvePolynomial(c).roots(from, to, piece.roots[1]))
+                    consider(t);
+                consider(to);
                 keepLarger(&overall, found);
                 if (perPiece)
                     keepLarger(&(*perPiece)[s], found);

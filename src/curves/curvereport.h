@@ -87,8 +87,13 @@ private:
     struct Piece {
         double start;
         double end;
-        CurvePolynomial position;
+        // Position and its derivatives up to the fourth.
+        std::array<CurvePolynomial, DerivativeCount + 1> derivatives;
+        // Roots inside the piece (t from 0 to its length) of derivative k + 1,
+        // the bounds of the monotone runs of derivative k.
+        std::array<std::vector<double>, DerivativeCount> roots;
     };
+    static Piece piece(double start, double end, const CurvePolynomial &position);
     static std::vector<Piece> pieces(const MotionPlan &plan, int *law);
     static CurveExtreme deviation(const std::vector<Piece> &pieces, const QPolygonF &gridPoints,
                                   std::vector<CurveExtreme> *perPiece);

@@ -25,14 +25,17 @@ namespace {
 // compare sections, not so many that the columns grow wide.
 constexpr int SignificantDigits = 5;
 constexpr int CoefficientDecimals = 4;
+// Milliseconds of quiet after an edit before the sampling limit is searched.
+constexpr int LimitSearchDelay = 250;
 
+// The verdict and the figures first: the dock is narrow, the segment types
+// (the widest texts) can stand at the end.
 enum SectionColumn {
-    FromColumn, ToColumn, StrokeColumn, LawColumn, VelocityColumn, VelocityAtColumn, AccelerationColumn,
-    AccelerationAtColumn, JerkColumn, JerkAtColumn, CvColumn, CaColumn, CjColumn, ErrorColumn, ErrorAtColumn,
-    SectionColumnCount
+    FromColumn, ToColumn, StrokeColumn, VelocityColumn, AccelerationColumn, JerkColumn, CvColumn, CaColumn,
+    CjColumn, ErrorColumn, LawColumn, SectionColumnCount
 };
-enum JointColumn { JointMasterColumn, PositionJumpColumn, VelocityJumpColumn, AccelerationJumpColumn,
-                   JerkJumpColumn, VerdictColumn, JointColumnCount };
+enum JointColumn { JointMasterColumn, VerdictColumn, PositionJumpColumn, VelocityJumpColumn,
+                   AccelerationJumpColumn, JerkJumpColumn, JointColumnCount };
 
 const char *const Verdicts[] = {
     QT_TRANSLATE_NOOP("CurveReportView", "unstetig"),
@@ -110,6 +113,10 @@ CurveReportView::CurveReportView(CamEditorModel *editorModel, QWidget *parent)
                 connect(scaling, signal, this, &CurveReportView::scheduleRefresh);
         }
     }
+    m_limitTimer = new QTimer(this);
+    m_limitTimer->setSingleShot(true);
+    m_limitTimer->setInterval(LimitSearchDelay);
+    connect(m_limitTimer, &QTimer::timeout, this, &CurveReportView::findSamplingLimit);
     refresh();
 }
 
@@ -142,23 +149,59 @@ void CurveReportView::refresh()
 {
     m_refreshPending = false;
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    m_limitTimer->stop();
     if (!plan || plan->motionPoints().size() < 2) {
         m_sections->setRowCount(0);
         m_joints->setRowCount(0);
+        m_errorLine.clear();
         m_sampling->setText(tr("Für Kennwerte werden mindestens zwei Bewegungspunkte gebraucht."));
         return;
     }
     const CurveReport report(*plan);
     fillSections(report);
     fillJoints(report);
-    // The search samples the curve a few dozen times: not while a point is
-    // dragged, where the coarse grid says nothing about the real one.
+    fillSampling(report);
+    // The search samples the curve over and over: not while a point is
+    // dragged (the coarse grid says nothing about the real one), and only
+    // once a burst of edits has settled.
     if (m_editorModel->isCoarseSteps()) {
-        fillSampling(report, nullptr);
+        m_sampling->setText(m_errorLine + QLatin1Char('\n') + tr("Gröbste ausreichende Abtastung: wird nach dem Ziehen berechnet."));
     } else {
-        const SamplingLimit limit = SamplingLimit::find(*plan);
-        fillSampling(report, &limit);
+        m_sampling->setText(m_errorLine + QLatin1Char('\n') + tr("Gröbste ausreichende Abtastung: wird berechnet …"));
+        m_limitTimer->start();
     }
+}
+
+void CurveReportView::refreshNow()
+{
+    refresh();
+    if (m_limitTimer->isActive()) {
+        m_limitTimer->stop();
+        findSamplingLimit();
+    }
+}
+
+void CurveReportView::findSamplingLimit()
+{
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    if (!plan || plan->motionPoints().size() < 2)
+        return;
+    const SamplingLimit limit = SamplingLimit::find(*plan);
+    const QString resolution = withUnit(QLocale().toString(limit.resolution, 'g', SignificantDigits), slaveUnit());
+    QStringList lines { m_errorLine };
+    lines << (limit.staticReachable
+                  ? tr("Größte statische Schrittweite unter der Auflösung %1: %2")
+                        .arg(resolution, withUnit(master(limit.staticStepSize), masterUnit()))
+                  : tr("Keine statische Schrittweite hält die Auflösung %1 mit höchstens %2 Stützstellen ein.")
+                        .arg(resolution)
+                        .arg(MotionPlan::MaximumGridPoints));
+    lines << (limit.dynamicReachable ? tr("Kleinste dynamische Auflösung unter der Auflösung %1: %2 Stützstellen")
+                                           .arg(resolution)
+                                           .arg(limit.dynamicResolution)
+                                     : tr("Auch %1 Stützstellen halten die Auflösung %2 nicht ein.")
+                                           .arg(MotionPlan::MaximumGridPoints)
+                                           .arg(resolution));
+    m_sampling->setText(lines.join(QLatin1Char('\n')));
 }
 
 QString CurveReportView::master(double value) const
@@ -183,6 +226,23 @@ QString CurveReportView::derivative(int order, double value) const
     return QLocale().toString(value * factor, 'g', SignificantDigits);
 }
 
+QString CurveReportView::masterUnit() const
+{
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    return scaling ? scaling->masterUnit() : QString();
+}
+
+QString CurveReportView::slaveUnit() const
+{
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    return scaling ? scaling->slaveUnit() : QString();
+}
+
+QString CurveReportView::withUnit(const QString &number, const QString &unit)
+{
+    return unit.isEmpty() ? number : QStringLiteral("%1 %2").arg(number, unit);
+}
+
 QString CurveReportView::unit(int order) const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
@@ -192,17 +252,20 @@ QString CurveReportView::unit(int order) const
 
 void CurveReportView::fillSections(const CurveReport &report)
 {
-    const QString masterUnit = m_editorModel && m_editorModel->scaling() ? m_editorModel->scaling()->masterUnit()
-                                                                         : QString();
-    const QString at = masterUnit.isEmpty() ? tr("bei") : tr("bei [%1]").arg(masterUnit);
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    const QString masterUnit = scaling ? scaling->masterUnit() : QString();
+    const QString masterSuffix = masterUnit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(masterUnit);
     m_sections->setHorizontalHeaderLabels({
-        masterUnit.isEmpty() ? tr("von") : tr("von [%1]").arg(masterUnit),
-        masterUnit.isEmpty() ? tr("bis") : tr("bis [%1]").arg(masterUnit),
-        tr("Hub") + unit(0), tr("Segmenttypen"), tr("v max") + unit(1), at, tr("a max") + unit(2), at,
-        tr("j max") + unit(3), at, tr("Cv"), tr("Ca"), tr("Cj"), tr("Abtastfehler") + unit(0), at,
-    });
+        tr("von") + masterSuffix, tr("bis") + masterSuffix, tr("Hub") + unit(0), tr("v max") + unit(1),
+        tr("a max") + unit(2), tr("j max") + unit(3), tr("Cv"), tr("Ca"), tr("Cj"), tr("Abtastfehler") + unit(0),
+        tr("Segmenttypen") });
     const auto coefficient = [](double value) {
         return std::isnan(value) ? QStringLiteral("–") : QLocale().toString(value, 'f', CoefficientDecimals);
+    };
+    const auto extreme = [this](int order, const CurveExtreme &e) {
+        const QString value = order == 0 ? QLocale().toString(std::abs(e.value), 'g', SignificantDigits)
+                                         : derivative(order, e.value);
+        return tr("%1 bei %2").arg(value, master(e.master));
     };
     const QString spline = MotionLaw::displayName(MotionLaw::Spline);
     m_sections->setRowCount(0);
@@ -211,13 +274,9 @@ void CurveReportView::fillSections(const CurveReport &report)
             ? spline
             : tr("%1 – %2").arg(MotionPoint::typeDisplayName(s.startType), MotionPoint::typeDisplayName(s.endType));
         QList<QStandardItem *> row {
-            cell(master(s.start)), cell(master(s.end)), cell(slave(s.stroke)), cell(law),
-            cell(derivative(1, s.velocity.value)), cell(master(s.velocity.master)),
-            cell(derivative(2, s.acceleration.value)), cell(master(s.acceleration.master)),
-            cell(derivative(3, s.jerk.value)), cell(master(s.jerk.master)),
-            cell(coefficient(s.cv)), cell(coefficient(s.ca)), cell(coefficient(s.cj)),
-            cell(QLocale().toString(std::abs(s.samplingError.value), 'g', SignificantDigits)),
-            cell(master(s.samplingError.master)),
+            cell(master(s.start)), cell(master(s.end)), cell(slave(s.stroke)), cell(extreme(1, s.velocity)),
+            cell(extreme(2, s.acceleration)), cell(extreme(3, s.jerk)), cell(coefficient(s.cv)),
+            cell(coefficient(s.ca)), cell(coefficient(s.cj)), cell(extreme(0, s.samplingError)), cell(law),
         };
         row[LawColumn]->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         m_sections->appendRow(row);
@@ -226,13 +285,19 @@ void CurveReportView::fillSections(const CurveReport &report)
 
 void CurveReportView::fillJoints(const CurveReport &report)
 {
-    m_joints->setHorizontalHeaderLabels({ tr("Master"), tr("Sprung Position") + unit(0),
+    m_joints->setHorizontalHeaderLabels({ tr("Master"), tr("stetig bis"), tr("Sprung Position") + unit(0),
                                           tr("Sprung v") + unit(1), tr("Sprung a") + unit(2),
-                                          tr("Sprung j") + unit(3), tr("stetig bis") });
+                                          tr("Sprung j") + unit(3) });
     m_joints->setRowCount(0);
     for (const CurveJointReport &joint : report.joints()) {
+        auto *verdict = cell(tr(Verdicts[joint.continuity + 1]));
+        verdict->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        // Below acceleration the drive feels the joint.
+        if (joint.continuity < 2)
+            verdict->setForeground(QColor(Qt::darkRed));
         QList<QStandardItem *> row { cell(joint.seam ? tr("%1 (Nahtstelle)").arg(master(joint.master))
-                                                     : master(joint.master)) };
+                                                     : master(joint.master)),
+                                     verdict };
         for (int k = 0; k < CurveReport::DerivativeCount; ++k) {
             const double jump = joint.jumps[std::size_t(k)];
             // Within the tolerance a jump is rounding and shown as none.
@@ -240,41 +305,15 @@ void CurveReportView::fillJoints(const CurveReport &report)
             row.append(cell(none ? QStringLiteral("0")
                                  : k == 0 ? QLocale().toString(jump, 'g', SignificantDigits) : derivative(k, jump)));
         }
-        auto *verdict = cell(tr(Verdicts[joint.continuity + 1]));
-        verdict->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        // Below acceleration the drive feels the joint.
-        if (joint.continuity < 2)
-            verdict->setForeground(QColor(Qt::darkRed));
-        row.append(verdict);
         m_joints->appendRow(row);
     }
 }
 
-void CurveReportView::fillSampling(const CurveReport &report, const SamplingLimit *limit)
+void CurveReportView::fillSampling(const CurveReport &report)
 {
     const CurveExtreme error = report.samplingError();
-    QStringList lines;
-    lines << tr("Größter Abtastfehler: %1%2 bei %3 (%4 Stützstellen)")
-                 .arg(QLocale().toString(std::abs(error.value), 'g', SignificantDigits), unit(0),
-                      master(error.master))
-                 .arg(report.gridPointCount());
-    if (!limit) {
-        lines << tr("Gröbste ausreichende Abtastung: wird nach dem Ziehen berechnet.");
-    } else {
-        const QString resolution = QLocale().toString(limit->resolution, 'g', SignificantDigits);
-        lines << (limit->staticReachable
-                      ? tr("Größte statische Schrittweite unter der Auflösung %1: %2")
-                            .arg(resolution, master(limit->staticStepSize))
-                      : tr("Keine statische Schrittweite hält die Auflösung %1 mit höchstens %2 Stützstellen ein.")
-                            .arg(resolution)
-                            .arg(MotionPlan::MaximumGridPoints));
-        lines << (limit->dynamicReachable
-                      ? tr("Kleinste dynamische Auflösung unter der Auflösung %1: %2 Stützstellen")
-                            .arg(resolution)
-                            .arg(limit->dynamicResolution)
-                      : tr("Auch %1 Stützstellen halten die Auflösung %2 nicht ein.")
-                            .arg(MotionPlan::MaximumGridPoints)
-                            .arg(resolution));
-    }
-    m_sampling->setText(lines.join(QLatin1Char('\n')));
+    m_errorLine = tr("Größter Abtastfehler: %1 bei %2 (%3 Stützstellen)")
+                      .arg(withUnit(QLocale().toString(std::abs(error.value), 'g', SignificantDigits), slaveUnit()),
+                           withUnit(master(error.master), masterUnit()))
+                      .arg(report.gridPointCount());
 }

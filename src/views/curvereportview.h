@@ -8,7 +8,7 @@ class CurveReport;
 class QLabel;
 class QStandardItemModel;
 class QTableView;
-struct SamplingLimit;
+class QTimer;
 
 // The figures of the current curve ("Kennwerte"): per section the extremes of
 // velocity, acceleration and jerk with their dimensionless coefficients,
@@ -26,8 +26,9 @@ public:
     QTableView *jointTable() const { return m_jointTable; }
     QLabel *samplingLabel() const { return m_sampling; }
 
-    // Computes the figures now instead of at the next turn of the event loop.
-    void refresh();
+    // Computes all figures now, the sampling limit included, instead of
+    // after the next turn of the event loop and a quiet moment.
+    void refreshNow();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -35,13 +36,19 @@ protected:
 private:
     void scheduleRefresh();
     void refreshIfPending();
+    void refresh();
+    void findSamplingLimit();
     void fillSections(const CurveReport &report);
     void fillJoints(const CurveReport &report);
-    void fillSampling(const CurveReport &report, const SamplingLimit *limit);
+    void fillSampling(const CurveReport &report);
     QString master(double value) const;
     QString slave(double value) const;
     QString derivative(int order, double value) const;
+    // " [unit]" for a column header, empty without a unit.
     QString unit(int order) const;
+    QString masterUnit() const;
+    QString slaveUnit() const;
+    static QString withUnit(const QString &number, const QString &unit);
 
     QPointer<CamEditorModel> m_editorModel;
     QStandardItemModel *m_sections;
@@ -49,5 +56,7 @@ private:
     QTableView *m_sectionTable;
     QTableView *m_jointTable;
     QLabel *m_sampling;
+    QTimer *m_limitTimer;
+    QString m_errorLine;
     bool m_refreshPending = false;
 };

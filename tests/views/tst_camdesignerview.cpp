@@ -170,10 +170,10 @@ void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
 
     // The saved arrangement without the report dock, as older editors wrote it.
     QSettings settings;
-    QByteArray state = settings.value(QStringLiteral("CamDesigner/CDockManager")).toByteArray();
+    QByteArray state = qUncompress(settings.value(QStringLiteral("CamDesigner/CDockManager")).toByteArray());
     const QByteArray entry = QByteArrayLiteral("<Widget Name=\"reportDock\" Closed=\"0\"/>");
     QVERIFY2(state.contains(entry), state.constData());
-    settings.setValue(QStringLiteral("CamDesigner/CDockManager"), state.replace(entry, QByteArray()));
+    settings.setValue(QStringLiteral("CamDesigner/CDockManager"), qCompress(state.replace(entry, QByteArray()), 9));
     window = editor.open();
     dock = window->dock(CamDesignerViewImplementation::ReportDock);
     QVERIFY(!dock->isClosed());
