@@ -44,10 +44,9 @@ double CurveReport::tolerance(int derivative) const
     return std::max(RelativeTolerance * m_scale[std::size_t(derivative)], ToleranceFloor);
 }
 
-CurveExtreme CurveReport::samplingError(const MotionPlan &plan, const QPolygonF &gridPoints)
+CurveExtreme CurveReport::samplingErrorOf(const QPolygonF &gridPoints) const
 {
-    int law = 0;
-    return deviation(pieces(plan, &law), gridPoints, nullptr);
+    return deviation(m_pieces, gridPoints, nullptr);
 }
 
 std::vector<CurveReport::Piece> CurveReport::pieces(const MotionPlan &plan, int *law)

@@ -79,9 +79,8 @@ public:
     CurveExtreme samplingError() const { return m_samplingError; }
     int gridPointCount() const { return m_gridPointCount; }
 
-    // The largest interpolation error of the grid points alone, without the
-    // rest of the report.
-    static CurveExtreme samplingError(const MotionPlan &plan, const QPolygonF &gridPoints);
+    // The largest interpolation error of other grid points of the same curve.
+    CurveExtreme samplingErrorOf(const QPolygonF &gridPoints) const;
 
 private:
     struct Piece {

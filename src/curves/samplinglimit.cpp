@@ -68,18 +68,29 @@ long long lastTrue(long long guess, long long low, long long high, const std::fu
 
 CurveExtreme SamplingLimit::errorWithStaticStep(const MotionPlan &plan, double stepSize)
 {
-    const CurveReport report(plan, QPolygonF());
-    std::unique_ptr<MotionPlan> copy = copyOf(plan, report.motionLaw());
-    copy->calculate(stepSize);
-    return CurveReport::samplingError(*copy, copy->positions());
+    const CurveReport curve(plan, QPolygonF());
+    return measureStatic(plan, curve, stepSize);
 }
 
 CurveExtreme SamplingLimit::errorWithDynamicResolution(const MotionPlan &plan, int gridPointCount)
 {
-    const CurveReport report(plan, QPolygonF());
-    std::unique_ptr<MotionPlan> copy = copyOf(plan, report.motionLaw());
+    const CurveReport curve(plan, QPolygonF());
+    return measureDynamic(plan, curve, gridPointCount);
+}
+
+CurveExtreme SamplingLimit::measureStatic(const MotionPlan &plan, const CurveReport &curve, double stepSize)
+{
+    std::unique_ptr<MotionPlan> copy = copyOf(plan, curve.motionLaw());
+    copy->calculate(stepSize);
+    return curve.samplingErrorOf(copy->positions());
+}
+
+CurveExtreme SamplingLimit::measureDynamic(const MotionPlan &plan, const CurveReport &curve, int gridPointCount)
+{
+    // A new plan for every count: a dynamic run appends to a plan's lists.
+    std::unique_ptr<MotionPlan> copy = copyOf(plan, curve.motionLaw());
     copy->calculateWithResolution(gridPointCount);
-    return CurveReport::samplingError(*copy, copy->positions());
+    return curve.samplingErrorOf(copy->positions());
 }
 
 SamplingLimit SamplingLimit::find(const MotionPlan &plan)
@@ -101,7 +112,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     const auto staticGood = [&](long long k) {
         ++limit.samplings;
         staticPlan->calculate(double(k) * quantum);
-        return std::abs(CurveReport::samplingError(*staticPlan, staticPlan->positions()).value) < r;
+        return std::abs(report.samplingErrorOf(staticPlan->positions()).value) < r;
     };
 
     // Static steps are multiples of the master resolution, from the finest
@@ -116,7 +127,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     if (k >= kMin) {
         limit.staticReachable = true;
         limit.staticStepSize = double(k) * quantum;
-        limit.staticError = errorWithStaticStep(plan, limit.staticStepSize);
+        limit.staticError = measureStatic(plan, report, limit.staticStepSize);
     }
 
     // Dynamic: the smallest grid point count, from just above the motion
@@ -124,7 +135,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     // for small counts.
     const auto tooFew = [&](long long n) {
         ++limit.samplings;
-        return !(std::abs(errorWithDynamicResolution(plan, int(n)).value) < r);
+        return !(std::abs(measureDynamic(plan, report, int(n)).value) < r);
     };
     const long long nMin = count + 1;
     const long long nMax = MotionPlan::MaximumGridPoints;
@@ -133,7 +144,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     if (n <= nMax) {
         limit.dynamicReachable = true;
         limit.dynamicResolution = int(n);
-        limit.dynamicError = errorWithDynamicResolution(plan, limit.dynamicResolution);
+        limit.dynamicError = measureDynamic(plan, report, limit.dynamicResolution);
     }
     return limit;
 }

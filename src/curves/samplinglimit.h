@@ -28,4 +28,8 @@ struct SamplingLimit {
     // static step or a dynamic resolution.
     static CurveExtreme errorWithStaticStep(const MotionPlan &plan, double stepSize);
     static CurveExtreme errorWithDynamicResolution(const MotionPlan &plan, int gridPointCount);
+
+private:
+    static CurveExtreme measureStatic(const MotionPlan &plan, const CurveReport &curve, double stepSize);
+    static CurveExtreme measureDynamic(const MotionPlan &plan, const CurveReport &curve, int gridPointCount);
 };

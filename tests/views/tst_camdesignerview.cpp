@@ -165,6 +165,8 @@ void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
     editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
     QTRY_COMPARE(sections->model()->rowCount(), 3);
     QCOMPARE(window->reportView()->jointTable()->model()->rowCount(), 2);
+    // The sampling limit follows once the edits have settled.
+    QTRY_VERIFY(window->reportView()->samplingLabel()->text().contains(QStringLiteral("statische Schrittweite")));
     window->close();
     QTRY_VERIFY(!editor.implementation()->view());
 
