@@ -117,7 +117,8 @@ CurveReportView::CurveReportView(CamEditorModel *editorModel, QWidget *parent)
     m_limitTimer->setSingleShot(true);
     m_limitTimer->setInterval(LimitSearchDelay);
     connect(m_limitTimer, &QTimer::timeout, this, &CurveReportView::findSamplingLimit);
-    refresh();
+    // Computed when first shown: a dock behind another tab costs nothing.
+    m_refreshPending = true;
 }
 
 CurveReportView::~CurveReportView() = default;
@@ -143,11 +144,14 @@ void CurveReportView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     refreshIfPending();
+    if (m_limitPending && !m_limitTimer->isActive())
+        m_limitTimer->start();
 }
 
 void CurveReportView::refresh()
 {
     m_refreshPending = false;
+    m_limitPending = false;
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
     m_limitTimer->stop();
     if (!plan || plan->motionPoints().size() < 2) {
@@ -168,14 +172,16 @@ void CurveReportView::refresh()
         m_sampling->setText(m_errorLine + QLatin1Char('\n') + tr("Gröbste ausreichende Abtastung: wird nach dem Ziehen berechnet."));
     } else {
         m_sampling->setText(m_errorLine + QLatin1Char('\n') + tr("Gröbste ausreichende Abtastung: wird berechnet …"));
-        m_limitTimer->start();
+        m_limitPending = true;
+        if (isVisible())
+            m_limitTimer->start();
     }
 }
 
 void CurveReportView::refreshNow()
 {
     refresh();
-    if (m_limitTimer->isActive()) {
+    if (m_limitPending) {
         m_limitTimer->stop();
         findSamplingLimit();
     }
@@ -183,6 +189,7 @@ void CurveReportView::refreshNow()
 
 void CurveReportView::findSamplingLimit()
 {
+    m_limitPending = false;
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
     if (!plan || plan->motionPoints().size() < 2)
         return;

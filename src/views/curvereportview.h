@@ -59,4 +59,6 @@ private:
     QTimer *m_limitTimer;
     QString m_errorLine;
     bool m_refreshPending = false;
+    // The report stands, its sampling limit is still to be searched.
+    bool m_limitPending = false;
 };
