@@ -49,13 +49,14 @@ public:
 
     static QPolygonF differenceQuotient(const QPolygonF &points);
 
+    bool isCyclic() const { return m_cyclic; }
+    double circularLength() const { return m_circularLength; }
+    Scaling *scaling() const { return m_scaling; }
+
 signals:
     void stepSizeChanged();
 
 protected:
-    bool isCyclic() const { return m_cyclic; }
-    double circularLength() const { return m_circularLength; }
-
     // A closed master interval around the given position on which
     // acceleration() is exactly 0.0 for every argument, or an empty interval
     // (first > second) when the law cannot tell. Only used to pass over

@@ -6,6 +6,12 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camsectionfifthpolynomial.cpp
     ${CMAKE_CURRENT_LIST_DIR}/cubicspline.h
     ${CMAKE_CURRENT_LIST_DIR}/cubicspline.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/curvepolynomial.h
+    ${CMAKE_CURRENT_LIST_DIR}/curvepolynomial.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/curvereport.h
+    ${CMAKE_CURRENT_LIST_DIR}/curvereport.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/samplinglimit.h
+    ${CMAKE_CURRENT_LIST_DIR}/samplinglimit.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplan.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplan.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplancubicspline.h

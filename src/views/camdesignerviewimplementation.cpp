@@ -18,6 +18,7 @@
 #include "plots/curveplotstack.h"
 #include "resources/camdesignerresources.h"
 #include "comparisonview.h"
+#include "curvereportview.h"
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
 
@@ -97,6 +98,7 @@ void CamDesignerViewImplementation::createDocks()
         { QT_TR_NOOP("Stützstellen berechnet"), ":/Resources/CalculatedTable.png", "calculatedDock" },
         { QT_TR_NOOP("Stützstellen Vergleich"), ":/Resources/DeltaTable.png", "comparisonDock" },
         { QT_TR_NOOP("Stützstellen Parameter"), ":/Resources/AxisTable.png", "parameterDock" },
+        { QT_TR_NOOP("Kennwerte"), ":/Resources/CurveReport.png", "reportDock" },
         { QT_TR_NOOP("Kurvenscheibe"), ":/Resources/CamView.png", "plotDock" },
     };
     for (int i = 0; i < DockCount; ++i) {
@@ -113,7 +115,7 @@ void CamDesignerViewImplementation::arrangeDocks()
                    | GroupedDragging);
     m_dockManager = new ads::CDockManager(this);
     ads::CDockAreaWidget *left = m_dockManager->addDockWidget(ads::LeftDockWidgetArea, m_docks[MotionPlanDock]);
-    for (Dock tab : { ScalingDock, CalculatedDock, ComparisonDock, ParameterDock })
+    for (Dock tab : { ScalingDock, CalculatedDock, ComparisonDock, ParameterDock, ReportDock })
         m_dockManager->addDockWidget(ads::CenterDockWidgetArea, m_docks[tab], left);
 
     // The motion plan tree editor goes above the second write control.
@@ -144,6 +146,8 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_docks[ComparisonDock]->setWidget(m_comparisonView, ads::CDockWidget::ForceNoScrollArea);
     m_calculatedTable = new CalculatedTableView(m_editorModel, m_parameterModel);
     m_docks[CalculatedDock]->setWidget(m_calculatedTable, ads::CDockWidget::ForceNoScrollArea);
+    m_reportView = new CurveReportView(m_editorModel);
+    m_docks[ReportDock]->setWidget(m_reportView, ads::CDockWidget::ForceNoScrollArea);
     m_plots = new CurvePlotStack(m_editorModel, m_parameterModel, m_undoStack.get());
     m_docks[PlotDock]->setWidget(m_plots, ads::CDockWidget::ForceNoScrollArea);
     QToolBar *plotBar = m_docks[PlotDock]->createDefaultToolBar();
@@ -232,6 +236,8 @@ void CamDesignerViewImplementation::restoreSettings()
     // Empty settings keep the arrangement of construction.
     const QByteArray dockState = settings.value(QLatin1String(DockManagerKey)).toByteArray();
     m_layoutRestored = !dockState.isEmpty() && m_dockManager->restoreState(dockState, DockManagerStateVersion);
+    if (m_layoutRestored)
+        addMissingReportDock();
     restoreGeometry(settings.value(QLatin1String(GeometryKey)).toByteArray());
     restoreState(settings.value(QLatin1String(WindowStateKey)).toByteArray(), WindowStateVersion);
     m_gridPointView->restoreState(settings.value(QLatin1String(GridPointViewKey)).toByteArray());
@@ -241,6 +247,21 @@ void CamDesignerViewImplementation::restoreSettings()
     m_ui->actionShowJerkPlot->setChecked(settings.value(QLatin1String(JerkPlotKey), false).toBool());
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
         m_plots->setPlotVisible(CurvePlot::Quantity(quantity), plotAction(quantity)->isChecked());
+}
+
+// A layout saved before the report dock existed leaves it outside every dock
+// area, closed; it joins the tabs of the stored grid points.
+void CamDesignerViewImplementation::addMissingReportDock()
+{
+    ads::CDockWidget *report = m_docks[ReportDock];
+    if (report->dockAreaWidget())
+        return;
+    ads::CDockAreaWidget *area = m_docks[ParameterDock]->dockAreaWidget();
+    if (area)
+        m_dockManager->addDockWidget(ads::CenterDockWidgetArea, report, area);
+    else
+        m_dockManager->addDockWidget(ads::LeftDockWidgetArea, report);
+    report->toggleView(true);
 }
 
 void CamDesignerViewImplementation::saveSettings() const

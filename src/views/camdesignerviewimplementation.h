@@ -10,6 +10,7 @@ class CalculatedTableView;
 class QAction;
 class CamEditorModel;
 class CurvePlotStack;
+class CurveReportView;
 class ComparisonView;
 class Controller;
 class GridPointParameterView;
@@ -39,7 +40,16 @@ class CamDesignerViewImplementation : public QMainWindow
 {
     Q_OBJECT
 public:
-    enum Dock { MotionPlanDock, ScalingDock, CalculatedDock, ComparisonDock, ParameterDock, PlotDock, DockCount };
+    enum Dock {
+        MotionPlanDock,
+        ScalingDock,
+        CalculatedDock,
+        ComparisonDock,
+        ParameterDock,
+        ReportDock,
+        PlotDock,
+        DockCount
+    };
 
     CamDesignerViewImplementation(ParameterModelImplementation *parameterModel, CamEditorModel *editorModel,
                                   MxParameterInstance::ParameterProvider *provider, QWidget *parent = nullptr);
@@ -55,6 +65,7 @@ public:
     MotionPlanTreeEditor *motionPlanEditor() const { return m_motionPlanEditor; }
     ScalingView *scalingView() const { return m_scalingView; }
     ComparisonView *comparisonView() const { return m_comparisonView; }
+    CurveReportView *reportView() const { return m_reportView; }
 
 signals:
     void closed();
@@ -88,6 +99,7 @@ private:
     // The action that shows or hides a plot (a CurvePlot::Quantity).
     QAction *plotAction(int quantity) const;
     void restoreSettings();
+    void addMissingReportDock();
     void saveSettings() const;
     void onDecimalPlacesChanged();
     void updateWriteControls();
@@ -109,6 +121,7 @@ private:
     MotionPlanTreeEditor *m_motionPlanEditor = nullptr;
     ScalingView *m_scalingView = nullptr;
     ComparisonView *m_comparisonView = nullptr;
+    CurveReportView *m_reportView = nullptr;
     std::unique_ptr<UndoView> m_undoView;
     // The arrangement of construction, for "Zurücksetzen".
     QByteArray m_defaultDockState;

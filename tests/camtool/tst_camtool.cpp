@@ -115,6 +115,8 @@ private slots:
         QTest::newRow("write missing cam file") << QStringList{ "write", missing, "--table", "1" } + drive << 1 << missing;
         QTest::newRow("write one point") << QStringList{ "write", cam(OnePoint), "--table", "1" } + drive << 1
                                          << "two motion points";
+        QTest::newRow("report both step options") << QStringList{ "report", Cyclic, "--static", "1", "--dynamic", "10" } << 2 << "exclude";
+        QTest::newRow("report example") << QStringList{ "report", Cyclic } << 0 << "\"continuity\": 2";
         QTest::newRow("plot without --output") << QStringList{ "plot", Cyclic } << 2 << "--output";
         QTest::newRow("plot to an unknown format") << QStringList{ "plot", Cyclic, "--output", tmp("a.bmp") } << 2 << ".png";
         QTest::newRow("plot of a bad size") << QStringList{ "plot", Cyclic, "--output", tmp("a.png"), "--size", "0x9" } << 2

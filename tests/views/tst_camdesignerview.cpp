@@ -5,6 +5,7 @@
 #include "camdesigner/controller.h"
 #include "camdesigner/filedialog.h"
 #include "commands/undoview.h"
+#include "views/curvereportview.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parameters/parametermodelimplementation.h"
@@ -17,6 +18,7 @@
 #include <QTest>
 #include <QToolBar>
 #include <QPushButton>
+#include <QTableView>
 
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
@@ -33,6 +35,7 @@ private slots:
     void actions();
     void constructionArrangement();
     void layoutPersistsAndResets();
+    void reportDockFollowsEditsAndOldLayouts();
     void writeNeedsTwoPointsAndAWritableDrive();
     void writeStoresTheCalculatedPoints();
     void deleteAsksOfflineAndRefusesOnline();
@@ -104,7 +107,7 @@ void tst_CamDesignerView::constructionArrangement()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     const QStringList titles { "Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Stützstellen Vergleich",
-                               "Stützstellen Parameter", "Kurvenscheibe" };
+                               "Stützstellen Parameter", "Kennwerte", "Kurvenscheibe" };
     ads::CDockAreaWidget *left = window->dock(CamDesignerViewImplementation::MotionPlanDock)->dockAreaWidget();
     for (int i = 0; i < CamDesignerViewImplementation::DockCount; ++i) {
         ads::CDockWidget *dock = window->dock(CamDesignerViewImplementation::Dock(i));
@@ -142,6 +145,41 @@ void tst_CamDesignerView::layoutPersistsAndResets()
     QVERIFY(window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
     actionNamed(window, QStringLiteral("Zurücksetzen"))->trigger();
     QVERIFY(!window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
+    window->close();
+}
+
+// The report dock is listed like the others, follows an edit, and a layout
+// saved before it existed still restores, with the dock among the tabs.
+void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    ads::CDockWidget *dock = window->dockManager()->findDockWidget(QStringLiteral("reportDock"));
+    QVERIFY(dock);
+    QCOMPARE(dock->windowTitle(), QStringLiteral("Kennwerte"));
+    QVERIFY(window->findChild<QMenu *>(QStringLiteral("menuAnsicht"))->actions().contains(dock->toggleViewAction()));
+    QVERIFY(window->findChild<QToolBar *>(QStringLiteral("toolBarKurve"))->actions().contains(dock->toggleViewAction()));
+    dock->setAsCurrentTab();
+    QTableView *sections = window->reportView()->sectionTable();
+    QTRY_COMPARE(sections->model()->rowCount(), 2);
+    editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
+    QTRY_COMPARE(sections->model()->rowCount(), 3);
+    QCOMPARE(window->reportView()->jointTable()->model()->rowCount(), 2);
+    // The sampling limit follows once the edits have settled.
+    QTRY_VERIFY(window->reportView()->samplingLabel()->text().contains(QStringLiteral("statische Schrittweite")));
+    window->close();
+    QTRY_VERIFY(!editor.implementation()->view());
+
+    // The saved arrangement without the report dock, as older editors wrote it.
+    QSettings settings;
+    QByteArray state = qUncompress(settings.value(QStringLiteral("CamDesigner/CDockManager")).toByteArray());
+    const QByteArray entry = QByteArrayLiteral("<Widget Name=\"reportDock\" Closed=\"0\"/>");
+    QVERIFY2(state.contains(entry), state.constData());
+    settings.setValue(QStringLiteral("CamDesigner/CDockManager"), qCompress(state.replace(entry, QByteArray()), 9));
+    window = editor.open();
+    dock = window->dock(CamDesignerViewImplementation::ReportDock);
+    QVERIFY(!dock->isClosed());
+    QCOMPARE(dock->dockAreaWidget(), window->dock(CamDesignerViewImplementation::ParameterDock)->dockAreaWidget());
     window->close();
 }
 

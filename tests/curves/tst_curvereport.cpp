@@ -1,0 +1,276 @@
+#include "planpoints.h"
+
+#include "curves/curvepolynomial.h"
+#include "curves/curvereport.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
+#include "curves/samplinglimit.h"
+#include "model/fixedscaling.h"
+#include "model/motionlaw.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+std::unique_ptr<MotionPlan> planOf(int law, const PlanPoints &points, bool cyclic, double circularLength,
+                                   Scaling *scaling)
+{
+    return std::unique_ptr<MotionPlan>(
+        MotionPlanFactory::create(law, points.list, cyclic, circularLength, nullptr, scaling));
+}
+
+// The largest interpolation error found by walking each grid interval in
+// fine steps: a lower bound of the exact figure and close to it.
+double walkedError(const MotionPlan &plan, const QPolygonF &grid)
+{
+    constexpr int Steps = 200;
+    double largest = 0.0;
+    for (int j = 0; j + 1 < grid.size(); ++j) {
+        const QPointF a = grid.at(j);
+        const QPointF b = grid.at(j + 1);
+        for (int i = 0; i <= Steps; ++i) {
+            const double x = a.x() + (b.x() - a.x()) * i / Steps;
+            const double chord = a.y() + (b.y() - a.y()) * (x - a.x()) / (b.x() - a.x());
+            largest = std::max(largest, std::abs(plan.position(x) - chord));
+        }
+    }
+    return largest;
+}
+
+} // namespace
+
+class tst_CurveReport : public QObject
+{
+    Q_OBJECT
+private slots:
+    void polynomialRoots();
+    void restToRestCoefficients_data();
+    void restToRestCoefficients();
+    void straightSpeedSection();
+    void cyclicSplineJumpsInVelocityAtTheSeam();
+    void cyclicVdiIsContinuousInAccelerationAtTheSeam();
+    void samplingErrorIsTheExactMaximum_data();
+    void samplingErrorIsTheExactMaximum();
+    void halvingTheStepQuartersTheError();
+    void smallestStepKeepsTheErrorUnderTheResolution();
+    void gridPointLimitCannotReachAFineResolution();
+};
+
+// (t-1)(t-2)(t-3)(t-4)(t-5): five roots, found between the derivative's.
+void tst_CurveReport::polynomialRoots()
+{
+    const CurvePolynomial p({ -120.0, 274.0, -225.0, 85.0, -15.0, 1.0 });
+    const std::vector<double> roots = p.roots(0.0, 6.0);
+    QCOMPARE(int(roots.size()), 5);
+    for (int i = 0; i < 5; ++i)
+        QVERIFY(std::abs(roots[std::size_t(i)] - (i + 1)) < 1e-12);
+    QCOMPARE(int(p.roots(2.5, 3.5).size()), 1);
+    const CurvePolynomial::Extreme extreme = p.largestMagnitude(0.0, 6.0);
+    QCOMPARE(extreme.value, -120.0);
+    QCOMPARE(extreme.t, 0.0);
+}
+
+void tst_CurveReport::restToRestCoefficients_data()
+{
+    QTest::addColumn<double>("length");
+    QTest::addColumn<double>("stroke");
+    QTest::newRow("100 by 50") << 100.0 << 50.0;
+    QTest::newRow("10 by -3") << 10.0 << -3.0;
+    QTest::newRow("360 by 1000") << 360.0 << 1000.0;
+}
+
+void tst_CurveReport::restToRestCoefficients()
+{
+    QFETCH(double, length);
+    QFETCH(double, stroke);
+    PlanPoints points;
+    points.add(5.0, 2.0);
+    points.add(5.0 + length, 2.0 + stroke);
+    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.sections().size()), 1);
+    const CurveSectionReport &section = report.sections().front();
+    QCOMPARE(section.startType, int(MotionPoint::rest));
+    QCOMPARE(section.endType, int(MotionPoint::rest));
+    QVERIFY(std::abs(section.stroke - stroke) < 1e-12 * std::abs(stroke));
+    QVERIFY(std::abs(section.cv - 1.875) < 1e-9);
+    QVERIFY(std::abs(section.ca - 10.0 / std::sqrt(3.0)) < 1e-9);
+    QVERIFY(std::abs(section.cj - 60.0) < 1e-9);
+    // Fastest in the middle; the hardest acceleration at (1/2 ± √3/6)·T and
+    // the largest jerk at either end, equal in magnitude on both sides.
+    QVERIFY(std::abs(section.velocity.master - (5.0 + length / 2.0)) < 1e-9 * length);
+    const double fromMiddle = std::abs(section.acceleration.master - (5.0 + length / 2.0));
+    QVERIFY(std::abs(fromMiddle - length * std::sqrt(3.0) / 6.0) < 1e-9 * length);
+    QVERIFY(section.jerk.master == 5.0 || section.jerk.master == 5.0 + length);
+    QCOMPARE(section.velocity.value > 0.0, stroke > 0.0);
+    QVERIFY(report.joints().empty());
+}
+
+void tst_CurveReport::straightSpeedSection()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0, MotionPoint::speed);
+    points.add(10.0, 10.0, MotionPoint::speed);
+    points.add(20.0, 20.0, MotionPoint::speed);
+    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.sections().size()), 2);
+    for (const CurveSectionReport &section : report.sections()) {
+        QCOMPARE(section.velocity.value, 1.0);
+        QCOMPARE(section.acceleration.value, 0.0);
+        QCOMPARE(section.jerk.value, 0.0);
+        QCOMPARE(section.cv, 1.0);
+        QCOMPARE(section.ca, 0.0);
+        QCOMPARE(section.cj, 0.0);
+    }
+    QCOMPARE(int(report.joints().size()), 1);
+    QCOMPARE(report.joints().front().continuity, 3);
+    QVERIFY(!report.joints().front().seam);
+}
+
+// A natural spline closed in position only: its end slope differs from its
+// start slope.
+void tst_CurveReport::cyclicSplineJumpsInVelocityAtTheSeam()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(90.0, 40.0);
+    points.add(180.0, 10.0);
+    const auto plan = planOf(MotionLaw::Spline, points, true, 360.0, nullptr);
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.sections().size()), 3);
+    QCOMPARE(report.sections().front().startType, CurveReport::NoSegmentType);
+    QCOMPARE(int(report.joints().size()), 3);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(report.joints()[std::size_t(i)].continuity, 2);
+        QVERIFY(!report.joints()[std::size_t(i)].seam);
+    }
+    const CurveJointReport &seam = report.joints().back();
+    QVERIFY(seam.seam);
+    QCOMPARE(seam.master, 360.0);
+    QCOMPARE(seam.continuity, 0);
+    const double expected = plan->velocity(0.0) - plan->velocity(360.0);
+    QVERIFY(std::abs(seam.jumps[1] - expected) < 1e-12);
+    QVERIFY(std::abs(seam.jumps[1]) > 100 * report.tolerance(1));
+}
+
+void tst_CurveReport::cyclicVdiIsContinuousInAccelerationAtTheSeam()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0, MotionPoint::acceleration);
+    points.add(90.0, 40.0, MotionPoint::speed);
+    points.add(180.0, 10.0, MotionPoint::turningPoint);
+    const auto plan = planOf(MotionLaw::Vdi, points, true, 300.0, nullptr);
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.joints().size()), 3);
+    const CurveJointReport &seam = report.joints().back();
+    QVERIFY(seam.seam);
+    QCOMPARE(seam.master, 300.0);
+    QVERIFY(seam.continuity >= 2);
+    // The acceleration meeting at the seam is not zero: continuity is not
+    // merely two rests meeting.
+    QVERIFY(std::abs(plan->acceleration(0.0)) > 1e-6);
+    for (const CurveJointReport &joint : report.joints())
+        QVERIFY(joint.continuity >= 2);
+}
+
+void tst_CurveReport::samplingErrorIsTheExactMaximum_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<double>("step");
+    QTest::newRow("vdi 7") << int(MotionLaw::Vdi) << 7.0;
+    QTest::newRow("vdi 0.9") << int(MotionLaw::Vdi) << 0.9;
+    QTest::newRow("spline 7") << int(MotionLaw::Spline) << 7.0;
+    QTest::newRow("spline 0.9") << int(MotionLaw::Spline) << 0.9;
+}
+
+void tst_CurveReport::samplingErrorIsTheExactMaximum()
+{
+    QFETCH(int, law);
+    QFETCH(double, step);
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(90.0, 40.0, MotionPoint::acceleration);
+    points.add(180.0, 10.0, MotionPoint::turningPoint);
+    points.add(250.0, 30.0);
+    FixedScaling scaling(3);
+    const auto plan = planOf(law, points, false, 360.0, &scaling);
+    plan->calculate(step);
+    const CurveReport report(*plan);
+    const double walked = walkedError(*plan, plan->positions());
+    const double exact = std::abs(report.samplingError().value);
+    QVERIFY2(exact >= walked - 1e-12, qPrintable(QStringLiteral("%1 < %2").arg(exact).arg(walked)));
+    QVERIFY(exact <= walked * 1.001);
+    // The position found gives the figure.
+    const QPolygonF grid = plan->positions();
+    const double x = report.samplingError().master;
+    int j = 0;
+    while (grid.at(j + 1).x() < x)
+        ++j;
+    const double chord = grid.at(j).y() + (grid.at(j + 1).y() - grid.at(j).y()) * (x - grid.at(j).x())
+        / (grid.at(j + 1).x() - grid.at(j).x());
+    QVERIFY(std::abs(plan->position(x) - chord - report.samplingError().value) < 1e-9);
+    double largestOfSections = 0.0;
+    for (const CurveSectionReport &section : report.sections())
+        largestOfSections = std::max(largestOfSections, std::abs(section.samplingError.value));
+    QCOMPARE(largestOfSections, exact);
+}
+
+void tst_CurveReport::halvingTheStepQuartersTheError()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(100.0, 50.0);
+    FixedScaling scaling(3);
+    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, &scaling);
+    const double coarse = std::abs(SamplingLimit::errorWithStaticStep(*plan, 2.0).value);
+    const double fine = std::abs(SamplingLimit::errorWithStaticStep(*plan, 1.0).value);
+    QVERIFY(fine > 0.0);
+    QVERIFY2(std::abs(fine / coarse - 0.25) < 0.02, qPrintable(QString::number(fine / coarse)));
+    // amax·h²/8 for the fifth-degree law: 10/√3 · 50/100² · 1/8.
+    QVERIFY(std::abs(fine - 10.0 / std::sqrt(3.0) * 50.0 / 1e4 / 8.0) < 0.05 * fine);
+}
+
+void tst_CurveReport::smallestStepKeepsTheErrorUnderTheResolution()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(90.0, 40.0, MotionPoint::acceleration);
+    points.add(180.0, 10.0, MotionPoint::turningPoint);
+    points.add(250.0, 30.0);
+    FixedScaling scaling(3);
+    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, &scaling);
+    const SamplingLimit limit = SamplingLimit::find(*plan);
+    QCOMPARE(limit.resolution, 1e-3);
+    QVERIFY(limit.staticReachable);
+    const double quantum = 1e-3;
+    const long long k = std::llround(limit.staticStepSize / quantum);
+    QVERIFY(std::abs(SamplingLimit::errorWithStaticStep(*plan, double(k) * quantum).value) < limit.resolution);
+    QVERIFY(std::abs(SamplingLimit::errorWithStaticStep(*plan, double(k + 1) * quantum).value) >= limit.resolution);
+    QCOMPARE(limit.staticError.value, SamplingLimit::errorWithStaticStep(*plan, limit.staticStepSize).value);
+
+    QVERIFY(limit.dynamicReachable);
+    QVERIFY(std::abs(SamplingLimit::errorWithDynamicResolution(*plan, limit.dynamicResolution).value) < limit.resolution);
+    QVERIFY(std::abs(SamplingLimit::errorWithDynamicResolution(*plan, limit.dynamicResolution - 1).value) >= limit.resolution);
+    // The plan handed in keeps its own sampling.
+    QVERIFY(plan->positions().isEmpty());
+}
+
+void tst_CurveReport::gridPointLimitCannotReachAFineResolution()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(100.0, 50.0);
+    FixedScaling scaling(9);
+    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, &scaling);
+    const SamplingLimit limit = SamplingLimit::find(*plan);
+    QVERIFY(!limit.staticReachable);
+    QVERIFY(!limit.dynamicReachable);
+    QVERIFY(std::abs(SamplingLimit::errorWithDynamicResolution(*plan, MotionPlan::MaximumGridPoints).value) >= 1e-9);
+}
+
+QTEST_GUILESS_MAIN(tst_CurveReport)
+#include "tst_curvereport.moc"
