@@ -14,7 +14,6 @@
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QTableView>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -26,7 +25,6 @@ namespace {
 constexpr int SignificantDigits = 5;
 constexpr int CoefficientDecimals = 4;
 // Milliseconds of quiet after an edit before the sampling limit is searched.
-constexpr int LimitSearchDelay = 250;
 
 // The verdict and the figures first: the dock is narrow, the segment types
 // (the widest texts) can stand at the end.
@@ -113,10 +111,6 @@ CurveReportView::CurveReportView(CamEditorModel *editorModel, QWidget *parent)
                 connect(scaling, signal, this, &CurveReportView::scheduleRefresh);
         }
     }
-    m_limitTimer = new QTimer(this);
-    m_limitTimer->setSingleShot(true);
-    m_limitTimer->setInterval(LimitSearchDelay);
-    connect(m_limitTimer, &QTimer::timeout, this, &CurveReportView::findSamplingLimit);
     // Computed when first shown: a dock behind another tab costs nothing.
     m_refreshPending = true;
 }
@@ -131,7 +125,7 @@ void CurveReportView::scheduleRefresh()
         return;
     m_refreshPending = true;
     if (isVisible())
-        QTimer::singleShot(0, this, &CurveReportView::refreshIfPending);
+        QMetaObject::invokeMethod(this, &CurveReportView::refreshIfPending, Qt::QueuedConnection);
 }
 
 void CurveReportView::refreshIfPending()
@@ -144,8 +138,21 @@ void CurveReportView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     refreshIfPending();
-    if (m_limitPending && !m_limitTimer->isActive())
-        m_limitTimer->start();
+    scheduleLimitSearch();
+}
+
+void CurveReportView::scheduleLimitSearch()
+{
+    // The editor runs without timers: the search waits for the events already
+    // queued (the rest of a burst of edits), which coalesce into one search.
+    if (m_limitPending && isVisible())
+        QMetaObject::invokeMethod(this, &CurveReportView::findSamplingLimitIfPending, Qt::QueuedConnection);
+}
+
+void CurveReportView::findSamplingLimitIfPending()
+{
+    if (m_limitPending)
+        findSamplingLimit();
 }
 
 void CurveReportView::refresh()
@@ -153,7 +160,6 @@ void CurveReportView::refresh()
     m_refreshPending = false;
     m_limitPending = false;
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    m_limitTimer->stop();
     if (!plan || plan->motionPoints().size() < 2) {
         m_sections->setRowCount(0);
         m_joints->setRowCount(0);
@@ -173,18 +179,14 @@ void CurveReportView::refresh()
     } else {
         m_sampling->setText(m_errorLine + QLatin1Char('\n') + tr("Gröbste ausreichende Abtastung: wird berechnet …"));
         m_limitPending = true;
-        if (isVisible())
-            m_limitTimer->start();
+        scheduleLimitSearch();
     }
 }
 
 void CurveReportView::refreshNow()
 {
     refresh();
-    if (m_limitPending) {
-        m_limitTimer->stop();
-        findSamplingLimit();
-    }
+    findSamplingLimitIfPending();
 }
 
 void CurveReportView::findSamplingLimit()

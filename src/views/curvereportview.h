@@ -8,7 +8,6 @@ class CurveReport;
 class QLabel;
 class QStandardItemModel;
 class QTableView;
-class QTimer;
 
 // The figures of the current curve ("Kennwerte"): per section the extremes of
 // velocity, acceleration and jerk with their dimensionless coefficients,
@@ -38,6 +37,8 @@ private:
     void refreshIfPending();
     void refresh();
     void findSamplingLimit();
+    void findSamplingLimitIfPending();
+    void scheduleLimitSearch();
     void fillSections(const CurveReport &report);
     void fillJoints(const CurveReport &report);
     void fillSampling(const CurveReport &report);
@@ -56,7 +57,6 @@ private:
     QTableView *m_sectionTable;
     QTableView *m_jointTable;
     QLabel *m_sampling;
-    QTimer *m_limitTimer;
     QString m_errorLine;
     bool m_refreshPending = false;
     // The report stands, its sampling limit is still to be searched.
