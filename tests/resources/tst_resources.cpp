@@ -30,7 +30,7 @@ void tst_Resources::icon_data()
                              "AxisTable.png", "CamView.png", "saveParameters.png", "exportMotionplan.png",
                              "importParameterExtern.png", "deleteGrid.png", "importMotionplanProject.png",
                              "importMotionplanExternal.png", "undo.ico", "redo.ico", "showUndo.png",
-                             "Position.png", "Velocity.png", "acceleration.png", "jerk.png"}) {
+                             "Position.png", "Velocity.png", "acceleration.png", "jerk.png", "measure.png"}) {
         QTest::newRow(name) << QStringLiteral(":/Resources/") + QLatin1String(name) << QSize();
     }
     QTest::newRow("Error") << QStringLiteral(":/Resources/General/Error_16x16.png") << QSize(16, 16);
