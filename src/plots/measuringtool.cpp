@@ -58,7 +58,8 @@ MeasuringTool::MeasuringTool(CurvePlotStack *stack, CamEditorModel *editorModel,
             m_markers[cursor].append(marker);
         }
         // Installed after the zoom picker and the dragger: the cursors take the clicks first.
-        plot->canvas()->installEventFilter(this);
+        m_canvases[quantity] = plot->canvas();
+        m_canvases[quantity]->installEventFilter(this);
     }
     connect(m_action, &QAction::toggled, this, &MeasuringTool::setActive);
     if (editorModel) {
@@ -122,14 +123,14 @@ bool MeasuringTool::eventFilter(QObject *watched, QEvent *event)
 {
     if (!isActive())
         return false;
-    CurvePlot *plot = nullptr;
-    for (int quantity = 0; quantity < CurvePlot::QuantityCount && !plot; ++quantity) {
-        // Compared by address: a plot being destroyed still sends its canvas's events.
-        if (m_stack->plot(CurvePlot::Quantity(quantity))->canvas() == watched)
-            plot = m_stack->plot(CurvePlot::Quantity(quantity));
-    }
-    if (!plot)
+    // Compared by address, without touching the plots: while the stack is
+    // destroyed a canvas still sends events after other plots are gone.
+    int quantity = 0;
+    while (quantity < CurvePlot::QuantityCount && m_canvases[quantity] != watched)
+        ++quantity;
+    if (quantity == CurvePlot::QuantityCount)
         return false;
+    CurvePlot *plot = m_stack->plot(CurvePlot::Quantity(quantity));
     const auto masterAt = [this, plot](QEvent *mouse) {
         const double master = plot->invTransform(QwtPlot::xBottom, static_cast<QMouseEvent *>(mouse)->pos().x());
         return m_parameterModel ? m_parameterModel->roundMaster(master) : master;

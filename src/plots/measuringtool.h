@@ -1,5 +1,7 @@
 #pragma once
 
+#include "curveplot.h"
+
 #include <QObject>
 #include <QPointer>
 
@@ -58,6 +60,7 @@ private:
     QAction *m_action;
     QLabel *m_label;
     QList<QwtPlotMarker *> m_markers[CursorCount];
+    QObject *m_canvases[CurvePlot::QuantityCount] = {};
     double m_masters[CursorCount] = {};
     int m_placed = 0;
     // The cursor that follows the mouse while the button is held, or -1.
