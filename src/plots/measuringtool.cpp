@@ -58,6 +58,7 @@ MeasuringTool::MeasuringTool(CurvePlotStack *stack, CamEditorModel *editorModel,
             m_markers[cursor].append(marker);
         }
         // Installed after the zoom picker and the dragger: the cursors take the clicks first.
+        m_plots[quantity] = plot;
         m_canvases[quantity] = plot->canvas();
         m_canvases[quantity]->installEventFilter(this);
     }
@@ -123,14 +124,15 @@ bool MeasuringTool::eventFilter(QObject *watched, QEvent *event)
 {
     if (!isActive())
         return false;
-    // Compared by address, without touching the plots: while the stack is
-    // destroyed a canvas still sends events after other plots are gone.
+    // Compared by address, without touching the plots or the stack: while
+    // the stack is destroyed a canvas still sends events after other plots
+    // are gone. Only mouse and key events, which come to living plots, use them.
     int quantity = 0;
     while (quantity < CurvePlot::QuantityCount && m_canvases[quantity] != watched)
         ++quantity;
     if (quantity == CurvePlot::QuantityCount)
         return false;
-    CurvePlot *plot = m_stack->plot(CurvePlot::Quantity(quantity));
+    CurvePlot *plot = m_plots[quantity];
     const auto masterAt = [this, plot](QEvent *mouse) {
         const double master = plot->invTransform(QwtPlot::xBottom, static_cast<QMouseEvent *>(mouse)->pos().x());
         return m_parameterModel ? m_parameterModel->roundMaster(master) : master;

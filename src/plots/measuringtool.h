@@ -60,6 +60,7 @@ private:
     QAction *m_action;
     QLabel *m_label;
     QList<QwtPlotMarker *> m_markers[CursorCount];
+    CurvePlot *m_plots[CurvePlot::QuantityCount] = {};
     QObject *m_canvases[CurvePlot::QuantityCount] = {};
     double m_masters[CursorCount] = {};
     int m_placed = 0;
