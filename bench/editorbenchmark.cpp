@@ -12,6 +12,7 @@
 #include "model/cameditormodel.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
+#include "plots/measuringtool.h"
 #include "views/camdesignerviewimplementation.h"
 
 #include "simulateddrive.h"
@@ -128,6 +129,37 @@ void dragStep(benchmark::State &state)
     state.counters["gridPoints"] = double(editor.editorModel()->motionPlan()->positions().size());
 }
 
+// One step of a measuring cursor drag on 16000 calculated and stored
+// points. range(0): 0 the cursor and the box of values only, 1 until the
+// plots have been redrawn as well.
+void measuringStep(benchmark::State &state)
+{
+    Editor editor;
+    editor.click();
+    CamDesignerViewImplementation *window = editor.implementation()->view();
+    window->resize(1400, 900);
+    QApplication::processEvents();
+    window->plots()->measuringTool()->setActive(true);
+    CurvePlot *plot = window->plots()->plot(CurvePlot::Velocity);
+    QWidget *canvas = plot->canvas();
+    const QPoint start(canvas->width() / 3, canvas->height() / 2);
+    QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(canvas, &press);
+    QApplication::processEvents();
+    int offset = 0;
+    for (auto _ : state) {
+        offset = (offset + 1) % 20;
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(offset, 0), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+        if (state.range(0) == 1)
+            QApplication::processEvents();
+    }
+    QApplication::processEvents();
+    QMouseEvent release(QEvent::MouseButtonRelease, start, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(canvas, &release);
+    state.counters["gridPoints"] = double(editor.editorModel()->motionPlan()->positions().size());
+}
+
 // The four plots replotted on 16000 calculated and 16000 stored points.
 void replotAll(benchmark::State &state)
 {
@@ -150,6 +182,7 @@ void replotAll(benchmark::State &state)
 
 BENCHMARK(dragStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(replotAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(measuringStep)->ArgName("redrawn")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(openEditor)->Unit(benchmark::kMillisecond);
 BENCHMARK(editPoint)->ArgName("viewsOpen")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 

@@ -14,4 +14,6 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/filedialog.cpp
     ${CMAKE_CURRENT_LIST_DIR}/messagebox.h
     ${CMAKE_CURRENT_LIST_DIR}/messagebox.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/tableclipboard.h
+    ${CMAKE_CURRENT_LIST_DIR}/tableclipboard.cpp
 )

@@ -3,6 +3,7 @@
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parametermodel.h"
+#include "camdesigner/tableclipboard.h"
 #include "resources/camdesignerresources.h"
 
 CalculatedTableModel::CalculatedTableModel(CamEditorModel *editorModel, ParameterModel *parameterModel,
@@ -47,6 +48,10 @@ QVariant CalculatedTableModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return master ? m_parameterModel->masterValueToText(value) : m_parameterModel->slaveValueToText(value);
+    case TableClipboard::CopyRole:
+        // Copied with a decimal point, whatever the locale shows.
+        return QString::number(value, 'f', master ? m_parameterModel->masterDecimalPlaces()
+                                                  : m_parameterModel->slaveDecimalPlaces());
     case Qt::DecorationRole:
         return check(index, value).isEmpty() ? m_emptyIcon : m_errorIcon;
     case Qt::ToolTipRole:

@@ -2,6 +2,8 @@
 
 #include "calculatedtablemodel.h"
 
+#include "camdesigner/tableclipboard.h"
+
 #include <QHeaderView>
 
 CalculatedTableView::CalculatedTableView(CamEditorModel *editorModel, ParameterModel *parameterModel,
@@ -19,4 +21,5 @@ CalculatedTableView::CalculatedTableView(CamEditorModel *editorModel, ParameterM
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    TableClipboard::addCopyAction(this);
 }

@@ -1,6 +1,7 @@
 #include "gridpointparameterview.h"
 
 #include "helpwidget.h"
+#include "camdesigner/tableclipboard.h"
 #include "model/jsondifference.h"
 #include "parameterelementlist.h"
 #include "parametermodel.h"
@@ -46,6 +47,7 @@ GridPointParameterView::GridPointParameterView(ParameterModel *model,
     m_list->setVisibleForced(true);
     m_list->setWritableForced(!model->isReadOnly());
     m_list->initialize(provider, livingSpace);
+    TableClipboard::addCopyAction(m_list->tree());
     updateIndexes();
 
     // The help of the array whose element is current.

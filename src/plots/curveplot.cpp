@@ -105,6 +105,11 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
 
 CurvePlot::~CurvePlot() = default;
 
+QString CurvePlot::symbol() const
+{
+    return tr(symbolOf(m_quantity));
+}
+
 void CurvePlot::setCurves(const QVector<QPointF> &calculated, const QVector<QPointF> &stored)
 {
     m_calculated->setSamples(calculated);
@@ -117,7 +122,7 @@ void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool 
     // the stacked plots can align.
     QFont font = this->font();
     font.setBold(false);
-    QwtText valueTitle(value.isEmpty() ? tr(symbolOf(m_quantity)) : QStringLiteral("%1 [%2]").arg(tr(symbolOf(m_quantity)), value));
+    QwtText valueTitle(value.isEmpty() ? symbol() : QStringLiteral("%1 [%2]").arg(symbol(), value));
     valueTitle.setFont(font);
     setAxisTitle(QwtPlot::yLeft, valueTitle);
     QwtText masterTitle(showMaster ? (master.isEmpty() ? tr("Master") : tr("Master [%1]").arg(master)) : QString());

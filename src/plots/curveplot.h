@@ -19,6 +19,8 @@ public:
     ~CurvePlot() override;
 
     Quantity quantity() const { return m_quantity; }
+    // The quantity's short symbol, as the value axis names it ("s", "v" ...).
+    QString symbol() const;
     QwtPlotCurve *calculatedCurve() const { return m_calculated; }
     QwtPlotCurve *storedCurve() const { return m_stored; }
     QwtPlotPicker *tracker() const { return m_tracker; }

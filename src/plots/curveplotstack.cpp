@@ -4,16 +4,19 @@
 #include "camdesigner/messagebox.h"
 #include "curves/motionplan.h"
 #include "defaultpathsetting.h"
+#include "measuringtool.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "motionpointdragger.h"
 #include "parameters/parametermodel.h"
+#include "views/motionpointediting.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QContextMenuEvent>
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -82,6 +85,9 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     , m_parameterModel(parameterModel)
     , m_wholeCurveAction(new QAction(tr("Ganze Kurve anzeigen"), this))
     , m_exportAction(new QAction(tr("Exportieren …"), this))
+    , m_insertPointAction(new QAction(tr("Bewegungspunkt hier einfügen"), this))
+    , m_removePointAction(new QAction(tr("Bewegungspunkt entfernen"), this))
+    , m_editing(std::make_unique<MotionPointEditing>(editorModel, parameterModel, undoStack))
 {
     setObjectName(QStringLiteral("curvePlots"));
     auto *layout = new QVBoxLayout(this);
@@ -143,9 +149,14 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     }
     // Installed after the pickers, so that a press on a marker drags it.
     m_dragger = new MotionPointDragger(position, editorModel, parameterModel, undoStack);
+    // ... and, after it, the measuring cursors, which take every left click while they are on.
+    m_measuring = new MeasuringTool(this, editorModel, parameterModel);
+    layout->insertWidget(1, m_measuring->label());
 
     connect(m_wholeCurveAction, &QAction::triggered, this, &CurvePlotStack::showWholeCurve);
     connect(m_exportAction, &QAction::triggered, this, &CurvePlotStack::exportPlots);
+    connect(m_insertPointAction, &QAction::triggered, this, &CurvePlotStack::insertPoint);
+    connect(m_removePointAction, &QAction::triggered, this, &CurvePlotStack::removePoint);
     if (editorModel) {
         connect(editorModel, &CamEditorModel::changed, this, &CurvePlotStack::refresh);
         connect(editorModel, &CamEditorModel::motionPlanRebuilt, this, &CurvePlotStack::refresh);
@@ -179,6 +190,7 @@ void CurvePlotStack::setCurvesVisible(bool calculated, bool visible)
         (calculated ? plot->calculatedCurve() : plot->storedCurve())->setVisible(visible);
         plot->replot();
     }
+    m_measuring->update();
 }
 
 bool CurvePlotStack::isPlotVisible(CurvePlot::Quantity quantity) const
@@ -194,10 +206,7 @@ QwtPlotCurve *CurvePlotStack::markers(int type) const
 void CurvePlotStack::refresh()
 {
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
-    const double range = plan ? plan->masterRange() : 0.0;
     const QString masterUnit = m_parameterModel ? m_parameterModel->masterUnit() : QString();
-    const QString slaveUnit = m_parameterModel ? m_parameterModel->slaveUnit() : QString();
     using Lists = QPolygonF (MotionPlan::*)() const;
     using Stored = QPolygonF (ParameterModel::*)() const;
     const Lists calculated[] = { &MotionPlan::positions, &MotionPlan::velocities, &MotionPlan::accelerations,
@@ -210,19 +219,35 @@ void CurvePlotStack::refresh()
             lowestVisible = quantity;
     }
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
-        const double factor = quantity == CurvePlot::Position || !scaling ? 1.0 : scaling->derivativeFactor(quantity, range);
+        const double factor = valueFactor(quantity);
         m_plots[quantity]->setCurves(plan ? scaled((plan->*calculated[quantity])(), factor) : QVector<QPointF>(),
                                      m_parameterModel ? scaled((m_parameterModel->*stored[quantity])(), factor)
                                                       : QVector<QPointF>());
-        QString unit = quantity == CurvePlot::Position ? slaveUnit : QString();
-        if (quantity != CurvePlot::Position && scaling)
-            unit = scaling->derivativeUnit(quantity);
-        if (quantity != CurvePlot::Position && unit.isEmpty())
-            unit = defaultUnit(quantity, slaveUnit, masterUnit);
-        m_plots[quantity]->setAxisTitles(masterUnit, unit, quantity == lowestVisible);
+        m_plots[quantity]->setAxisTitles(masterUnit, valueUnit(quantity), quantity == lowestVisible);
     }
     updateMarkers();
     updateScales();
+    m_measuring->update();
+}
+
+double CurvePlotStack::valueFactor(int quantity) const
+{
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    if (quantity == CurvePlot::Position || !scaling)
+        return 1.0;
+    return scaling->derivativeFactor(quantity, plan ? plan->masterRange() : 0.0);
+}
+
+QString CurvePlotStack::valueUnit(int quantity) const
+{
+    const QString slaveUnit = m_parameterModel ? m_parameterModel->slaveUnit() : QString();
+    if (quantity == CurvePlot::Position)
+        return slaveUnit;
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    const QString unit = scaling ? scaling->derivativeUnit(quantity) : QString();
+    return unit.isEmpty() ? defaultUnit(quantity, slaveUnit, m_parameterModel ? m_parameterModel->masterUnit() : QString())
+                          : unit;
 }
 
 void CurvePlotStack::updateMarkers()
@@ -423,13 +448,49 @@ void CurvePlotStack::exportPlot(int quantity)
 void CurvePlotStack::contextMenuEvent(QContextMenuEvent *event)
 {
     QMenu menu(this);
-    menu.addAction(m_wholeCurveAction);
-    menu.addAction(m_exportAction);
-    for (QWidget *widget = childAt(event->pos()); widget; widget = widget->parentWidget()) {
-        if (auto *plot = qobject_cast<CurvePlot *>(widget)) {
-            menu.addAction(tr("Diesen Plot exportieren …"), this, [this, plot] { exportPlot(plot->quantity()); });
-            break;
-        }
+    CurvePlot *plot = nullptr;
+    for (QWidget *widget = childAt(event->pos()); widget && !plot; widget = widget->parentWidget())
+        plot = qobject_cast<CurvePlot *>(widget);
+    // Points are edited where they show: on the position plot's canvas.
+    const CurvePlot *position = m_plots[CurvePlot::Position];
+    m_menuPosition = position->canvas()->mapFrom(this, event->pos());
+    if (plot == position && position->canvas()->rect().contains(m_menuPosition)) {
+        m_insertPointAction->setEnabled(m_editorModel && m_editing->undoStack());
+        m_removePointAction->setEnabled(m_dragger->pointNear(m_menuPosition) >= 0);
+        menu.addAction(m_insertPointAction);
+        menu.addAction(m_removePointAction);
+        menu.addSeparator();
     }
+    menu.addAction(m_measuring->action());
+    menu.addAction(m_wholeCurveAction);
+    menu.addSeparator();
+    menu.addAction(m_exportAction);
+    if (plot)
+        menu.addAction(tr("Diesen Plot exportieren …"), this, [this, plot] { exportPlot(plot->quantity()); });
     menu.exec(event->globalPos());
+}
+
+void CurvePlotStack::insertPoint()
+{
+    if (!m_editorModel)
+        return;
+    const CurvePlot *position = m_plots[CurvePlot::Position];
+    double master = position->invTransform(QwtPlot::xBottom, m_menuPosition.x());
+    if (m_parameterModel)
+        master = m_parameterModel->roundMaster(master);
+    // On the curve as calculated now; without points, where the click was.
+    const MotionPlan *plan = m_editorModel->motionPlan();
+    double slave = plan && m_editorModel->motionPointCount() > 0
+        ? plan->position(master)
+        : position->invTransform(QwtPlot::yLeft, m_menuPosition.y());
+    if (m_parameterModel)
+        slave = m_parameterModel->roundSlave(slave);
+    m_editing->add(this, master, slave, m_editing->typeBefore(master));
+}
+
+void CurvePlotStack::removePoint()
+{
+    const int row = m_dragger->pointNear(m_menuPosition);
+    if (row >= 0 && m_editorModel)
+        m_editing->remove(m_editorModel->motionPointAt(row));
 }

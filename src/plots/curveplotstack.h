@@ -5,8 +5,12 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
+
 class CamEditorModel;
+class MeasuringTool;
 class MotionPointDragger;
+class MotionPointEditing;
 class ParameterModel;
 class QAction;
 class QUndoStack;
@@ -15,7 +19,8 @@ class QwtPlotCurve;
 // The four curve plots of the editor, stacked over one master axis: the
 // canvases aligned, zoom (rubber band, wheel) and pan of one applied to all,
 // the motion points as markers on the position plot, where they can be
-// dragged. Follows the editor model, the drive's table and the scaling.
+// dragged, inserted and removed from the context menu, and the measuring
+// cursors. Follows the editor model, the drive's table and the scaling.
 class CurvePlotStack : public QWidget
 {
     Q_OBJECT
@@ -33,6 +38,12 @@ public:
     MotionPointDragger *dragger() const { return m_dragger; }
     QAction *wholeCurveAction() const { return m_wholeCurveAction; }
     QAction *exportAction() const { return m_exportAction; }
+    QAction *insertPointAction() const { return m_insertPointAction; }
+    QAction *removePointAction() const { return m_removePointAction; }
+    MeasuringTool *measuringTool() const { return m_measuring; }
+    // How a quantity is shown: derivatives times the scaling's factor, in its unit.
+    double valueFactor(int quantity) const;
+    QString valueUnit(int quantity) const;
     // One legend for the stack: its entries show or hide the calculated and
     // the stored curve in every plot.
     QWidget *legend() const { return m_legend; }
@@ -45,6 +56,7 @@ public:
     // loop has handled the change.
     bool isReplotPending() const;
     void replotNow();
+    void scheduleReplot();
 
 public slots:
     void refresh();
@@ -61,7 +73,9 @@ private:
     void updateScales();
     void alignAxes();
     void onMasterAxisChanged(CurvePlot *source);
-    void scheduleReplot();
+    // The context menu's point edits, at a position on the position plot's canvas.
+    void insertPoint();
+    void removePoint();
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;
@@ -71,6 +85,12 @@ private:
     MotionPointDragger *m_dragger;
     QAction *m_wholeCurveAction;
     QAction *m_exportAction;
+    QAction *m_insertPointAction;
+    QAction *m_removePointAction;
+    std::unique_ptr<MotionPointEditing> m_editing;
+    MeasuringTool *m_measuring = nullptr;
+    // Where the context menu was opened on the position plot's canvas.
+    QPoint m_menuPosition;
     // The user zoomed or panned: refreshes keep the master range shown.
     bool m_zoomed = false;
     bool m_settingScales = false;

@@ -60,16 +60,15 @@ bool MotionPointDragger::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-bool MotionPointDragger::press(const QPoint &position)
+int MotionPointDragger::pointNear(const QPoint &position) const
 {
-    if (!m_editorModel || !m_undoStack)
-        return false;
+    if (!m_editorModel)
+        return -1;
     const QwtScaleMap x = m_plot->canvasMap(QwtPlot::xBottom);
     const QwtScaleMap y = m_plot->canvasMap(QwtPlot::yLeft);
-    const int count = m_editorModel->motionPointCount();
     int nearest = -1;
     double distance = CatchDistance;
-    for (int row = 0; row < count; ++row) {
+    for (int row = 0; row < m_editorModel->motionPointCount(); ++row) {
         const MotionPoint *point = m_editorModel->motionPointAt(row);
         const double d = std::hypot(x.transform(point->master()) - position.x(), y.transform(point->slave()) - position.y());
         if (d <= distance) {
@@ -77,6 +76,15 @@ bool MotionPointDragger::press(const QPoint &position)
             nearest = row;
         }
     }
+    return nearest;
+}
+
+bool MotionPointDragger::press(const QPoint &position)
+{
+    if (!m_editorModel || !m_undoStack)
+        return false;
+    const int count = m_editorModel->motionPointCount();
+    const int nearest = pointNear(position);
     if (nearest < 0)
         return false;
     m_point = m_editorModel->motionPointAt(nearest);

@@ -28,6 +28,9 @@ public:
                        QUndoStack *undoStack);
 
     bool isDragging() const { return !m_point.isNull(); }
+    // The row of the motion point whose marker is nearest to a canvas
+    // position, within CatchDistance; -1 when none is.
+    int pointNear(const QPoint &position) const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

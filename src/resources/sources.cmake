@@ -15,7 +15,7 @@ set(mx_resources_icons
     saveParameters.png exportMotionplan.png importParameterExtern.png exportGridPointsText.png deleteGrid.png
     importMotionplanProject.png importMotionplanExternal.png
     undo.ico redo.ico showUndo.png
-    Position.png Velocity.png acceleration.png jerk.png CurveReport.png)
+    Position.png Velocity.png acceleration.png jerk.png CurveReport.png measure.png)
 set(mx_resources_cell_icons General/Error_16x16.png General/Empty_16x16.png)
 
 set(mx_resources_qrc_entries "")

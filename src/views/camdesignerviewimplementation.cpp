@@ -16,6 +16,7 @@
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
+#include "plots/measuringtool.h"
 #include "resources/camdesignerresources.h"
 #include "comparisonview.h"
 #include "curvereportview.h"
@@ -158,6 +159,7 @@ void CamDesignerViewImplementation::arrangeDocks()
     }
     plotBar->addSeparator();
     plotBar->addAction(m_plots->wholeCurveAction());
+    plotBar->addAction(m_plots->measuringTool()->action());
     plotBar->addAction(m_plots->exportAction());
     m_dockManager->addDockWidget(ads::RightDockWidgetArea, m_docks[PlotDock]);
     m_docks[MotionPlanDock]->setAsCurrentTab();

@@ -1,5 +1,6 @@
 #include "comparisontablemodel.h"
 
+#include "camdesigner/tableclipboard.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parameters/parametermodel.h"
@@ -105,6 +106,7 @@ QVariant ComparisonTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::DisplayRole:
+    case TableClipboard::CopyRole:
         break;
     default:
         return QVariant();
@@ -114,23 +116,32 @@ QVariant ComparisonTableModel::data(const QModelIndex &index, int role) const
     const QPointF calculated = hasCalculated ? m_calculated.at(row) : QPointF();
     const QPointF stored = hasStored ? m_stored.at(row) : QPointF();
     const ParameterModel *parameters = m_parameterModel;
+    // Copied with a decimal point, whatever the locale shows.
+    const auto master = [parameters, role](double value) {
+        return role == TableClipboard::CopyRole ? QString::number(value, 'f', parameters->masterDecimalPlaces())
+                                                : parameters->masterValueToText(value);
+    };
+    const auto slave = [parameters, role](double value) {
+        return role == TableClipboard::CopyRole ? QString::number(value, 'f', parameters->slaveDecimalPlaces())
+                                                : parameters->slaveValueToText(value);
+    };
     switch (index.column()) {
     case CalculatedMaster:
-        return hasCalculated ? parameters->masterValueToText(calculated.x()) : QVariant();
+        return hasCalculated ? master(calculated.x()) : QVariant();
     case CalculatedSlave:
-        return hasCalculated ? parameters->slaveValueToText(calculated.y()) : QVariant();
+        return hasCalculated ? slave(calculated.y()) : QVariant();
     case StoredMaster:
-        return hasStored ? parameters->masterValueToText(stored.x()) : QVariant();
+        return hasStored ? master(stored.x()) : QVariant();
     case StoredSlave:
-        return hasStored ? parameters->slaveValueToText(stored.y()) : QVariant();
+        return hasStored ? slave(stored.y()) : QVariant();
     case MasterDifference:
-        return hasCalculated && hasStored ? parameters->masterValueToText(
-                   difference(calculated.x(), stored.x(), parameters->masterDecimalPlaces()))
-                                          : QVariant();
+        return hasCalculated && hasStored
+            ? master(difference(calculated.x(), stored.x(), parameters->masterDecimalPlaces()))
+            : QVariant();
     default:
-        return hasCalculated && hasStored ? parameters->slaveValueToText(
-                   difference(calculated.y(), stored.y(), parameters->slaveDecimalPlaces()))
-                                          : QVariant();
+        return hasCalculated && hasStored
+            ? slave(difference(calculated.y(), stored.y(), parameters->slaveDecimalPlaces()))
+            : QVariant();
     }
 }
 

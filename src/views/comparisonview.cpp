@@ -2,6 +2,7 @@
 
 #include "comparisontablemodel.h"
 
+#include "camdesigner/tableclipboard.h"
 #include "parameters/parametermodel.h"
 
 #include <QHBoxLayout>
@@ -35,6 +36,7 @@ ComparisonView::ComparisonView(CamEditorModel *editorModel, ParameterModel *para
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    TableClipboard::addCopyAction(m_table);
 
     // The summary beside the table, so that the rows keep the height.
     auto *layout = new QVBoxLayout(this);

@@ -2,15 +2,19 @@
 
 #include "camsettingsview.h"
 #include "motionpointediting.h"
+#include "motionpointpaste.h"
 #include "motionpointtablemodel.h"
 #include "pointeditview.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/tableclipboard.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -73,12 +77,14 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     , m_add(new QPushButton(tr("Hinzufügen")))
     , m_remove(new QPushButton(tr("&Punkt entfernen")))
     , m_removeAction(new QAction(tr("&Punkt entfernen"), this))
+    , m_copyAction(nullptr)
+    , m_pasteAction(new QAction(tr("Einfügen"), this))
 {
     m_tree->setModel(m_model);
     m_tree->setRootIsDecorated(false);
     m_tree->setUniformRowHeights(true);
     m_tree->setAlternatingRowColors(true);
-    m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_tree->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                             | QAbstractItemView::AnyKeyPressed);
@@ -89,6 +95,12 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
 
     m_removeAction->setShortcut(QKeySequence::Delete);
     m_removeAction->setShortcutContext(Qt::WidgetShortcut);
+    // Copy, paste and remove also in the tree's context menu.
+    m_copyAction = TableClipboard::addCopyAction(m_tree);
+    m_pasteAction->setObjectName(QStringLiteral("pastePointsAction"));
+    m_pasteAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V));
+    m_pasteAction->setShortcutContext(Qt::WidgetShortcut);
+    m_tree->addAction(m_pasteAction);
     m_tree->addAction(m_removeAction);
 
     auto *cam = new QGroupBox(tr("Kurve"));
@@ -113,6 +125,7 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     connect(m_add, &QPushButton::clicked, this, &MotionPlanTreeEditor::addPoint);
     connect(m_remove, &QPushButton::clicked, this, &MotionPlanTreeEditor::removePoint);
     connect(m_removeAction, &QAction::triggered, this, &MotionPlanTreeEditor::removePoint);
+    connect(m_pasteAction, &QAction::triggered, this, &MotionPlanTreeEditor::pastePoints);
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &MotionPlanTreeEditor::onCurrentChanged);
     // A load replaces every row: the selection is found again by its master.
@@ -159,6 +172,11 @@ void MotionPlanTreeEditor::removePoint()
         return;
     if (m_editing->remove(m_editing->editorModel()->motionPointAt(row)))
         selectRow(qMin(row, m_model->rowCount() - 1));
+}
+
+void MotionPlanTreeEditor::pastePoints()
+{
+    MotionPointPaste::paste(this, *m_editing, QGuiApplication::clipboard()->text());
 }
 
 void MotionPlanTreeEditor::refresh()

@@ -19,7 +19,8 @@ class QUndoStack;
 
 // The cam definition data in one panel: the cam's settings, the motion
 // points in ascending master order (edited in place), "Hinzufügen" and
-// "&Punkt entfernen", and the selected point in the point edit view. The
+// "&Punkt entfernen", copy and paste of points as text, and the selected
+// point in the point edit view. The
 // selection follows the user: a new point is selected, after a removal its
 // neighbour, and recalculations keep it.
 class MotionPlanTreeEditor : public QWidget
@@ -36,6 +37,8 @@ public:
     QPushButton *addButton() const { return m_add; }
     QPushButton *removeButton() const { return m_remove; }
     QAction *removeAction() const { return m_removeAction; }
+    QAction *copyAction() const { return m_copyAction; }
+    QAction *pasteAction() const { return m_pasteAction; }
 
     // The row of the selected point, -1 without one.
     int currentRow() const;
@@ -45,6 +48,8 @@ public slots:
     void addPoint();
     void removePoint();
     void refresh();
+    // Ctrl+V writes the grid points in this window: pasting is Ctrl+Shift+V.
+    void pastePoints();
 
 private:
     void onCurrentChanged(const QModelIndex &current);
@@ -59,6 +64,8 @@ private:
     QPushButton *m_add;
     QPushButton *m_remove;
     QAction *m_removeAction;
+    QAction *m_copyAction;
+    QAction *m_pasteAction;
     // The selected point's master across a reset of all rows (a load).
     double m_selectedMaster = 0.0;
     bool m_hadSelection = false;

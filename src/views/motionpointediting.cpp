@@ -157,3 +157,16 @@ void MotionPointEditing::proposeNewPoint(int row, double *master, double *slave,
     *master = round(*master, true);
     *slave = round(*slave, false);
 }
+
+int MotionPointEditing::typeBefore(double master) const
+{
+    int type = MotionPoint::rest;
+    const int count = m_editorModel ? m_editorModel->motionPointCount() : 0;
+    for (int row = 0; row < count; ++row) {
+        const MotionPoint *point = m_editorModel->motionPointAt(row);
+        if (point->master() >= master)
+            break;
+        type = point->type();
+    }
+    return type;
+}

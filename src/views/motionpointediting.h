@@ -43,6 +43,9 @@ public:
     // last): halfway to the next point, else halfway to the end of a cyclic
     // cam, else one spacing of the last two points past the last.
     void proposeNewPoint(int row, double *master, double *slave, int *type) const;
+    // The segment type of the cam's last point before the master, "rest"
+    // before the first: what a point inserted there continues.
+    int typeBefore(double master) const;
 
 private:
     double round(double value, bool master) const;

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/tableclipboard.h"
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
@@ -51,6 +52,20 @@ QVariant MotionPointTableModel::data(const QModelIndex &index, int role) const
         return QVariant();
     const MotionPoint *point = m_editorModel->motionPointAt(index.row());
     const Scaling *scaling = m_editorModel->scaling();
+    if (role == TableClipboard::CopyRole) {
+        // Copied with a decimal point and the data name, as a paste reads them.
+        const ParameterModel *drive = m_editing->parameterModel();
+        switch (index.column()) {
+        case MasterColumn:
+            return drive ? QString::number(point->master(), 'f', drive->masterDecimalPlaces())
+                         : QString::number(point->master());
+        case SlaveColumn:
+            return drive ? QString::number(point->slave(), 'f', drive->slaveDecimalPlaces())
+                         : QString::number(point->slave());
+        default:
+            return point->typeDataName();
+        }
+    }
     if (index.column() == TypeColumn) {
         if (role == Qt::DisplayRole)
             return MotionPoint::typeDisplayName(point->type());

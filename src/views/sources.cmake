@@ -14,8 +14,12 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointpaste.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointpaste.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointtablemodel.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointtablemodel.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointtextparser.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointtextparser.cpp
     ${CMAKE_CURRENT_LIST_DIR}/pointeditview.h
     ${CMAKE_CURRENT_LIST_DIR}/pointeditview.cpp
     ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.h

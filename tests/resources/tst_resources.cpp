@@ -31,7 +31,8 @@ void tst_Resources::icon_data()
                              "importParameterExtern.png", "exportGridPointsText.png", "deleteGrid.png",
                              "importMotionplanProject.png",
                              "importMotionplanExternal.png", "undo.ico", "redo.ico", "showUndo.png",
-                             "Position.png", "Velocity.png", "acceleration.png", "jerk.png", "CurveReport.png"}) {
+                             "Position.png", "Velocity.png", "acceleration.png", "jerk.png", "CurveReport.png",
+                             "measure.png"}) {
         QTest::newRow(name) << QStringLiteral(":/Resources/") + QLatin1String(name) << QSize();
     }
     QTest::newRow("Error") << QStringLiteral(":/Resources/General/Error_16x16.png") << QSize(16, 16);

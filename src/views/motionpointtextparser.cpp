@@ -1,0 +1,67 @@
+#include "motionpointtextparser.h"
+
+#include "model/motionpoint.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <cmath>
+
+MotionPointTextParser::MotionPointTextParser(const QString &text)
+{
+    const QStringList lines = text.split(QRegularExpression(QStringLiteral("\r\n|\n|\r")));
+    bool first = true;
+    for (const QString &line : lines) {
+        if (line.trimmed().isEmpty())
+            continue;
+        Row row;
+        if (parseLine(line, &row))
+            m_rows.append(row);
+        else if (first)
+            m_header = true;
+        else
+            ++m_invalid;
+        first = false;
+    }
+}
+
+bool MotionPointTextParser::parseNumber(const QString &cell, double *value)
+{
+    QString text = cell.trimmed();
+    // One decimal separator of either kind; a comma that groups thousands
+    // would read as a decimal comma, so both together are refused.
+    if (text.contains(QLatin1Char(',')) && text.contains(QLatin1Char('.')))
+        return false;
+    text.replace(QLatin1Char(','), QLatin1Char('.'));
+    bool ok = false;
+    const double number = QLocale::c().toDouble(text, &ok);
+    if (!ok || !std::isfinite(number))
+        return false;
+    *value = number;
+    return true;
+}
+
+bool MotionPointTextParser::parseLine(const QString &line, Row *row) const
+{
+    // A tab separates where there is one, so that a decimal comma never
+    // splits a cell; otherwise a semicolon.
+    const QChar separator = line.contains(QLatin1Char('\t')) ? QLatin1Char('\t') : QLatin1Char(';');
+    QStringList cells = line.split(separator);
+    while (!cells.isEmpty() && cells.constLast().trimmed().isEmpty())
+        cells.removeLast();
+    if (cells.size() < 2 || cells.size() > 3)
+        return false;
+    if (!parseNumber(cells.at(0), &row->master) || !parseNumber(cells.at(1), &row->slave))
+        return false;
+    row->type = NoType;
+    if (cells.size() == 3) {
+        const QString name = cells.at(2).trimmed();
+        const int type = MotionPoint::typeForDataName(name);
+        // typeForDataName takes an unknown name for "rest": only the real name counts.
+        if (MotionPoint::typeDataName(type) != name)
+            return false;
+        row->type = type;
+    }
+    return true;
+}

@@ -1,0 +1,210 @@
+#include "editorfixture.h"
+#include "messagecapture.h"
+
+#include "camdesigner/controller.h"
+#include "curves/motionplan.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "parameters/calculatedtableview.h"
+#include "parameters/gridpointparameterview.h"
+#include "parameters/parametermodelimplementation.h"
+#include "parameterelementlist.h"
+#include "views/comparisonview.h"
+#include "views/motionplantreeeditor.h"
+
+#include <qtadvanceddocking/DockWidget.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QJsonDocument>
+#include <QTableView>
+#include <QTest>
+#include <QTreeView>
+#include <QTreeWidget>
+
+namespace {
+
+QString stateOf(const EditorFixture &editor)
+{
+    return QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson(QJsonDocument::Compact));
+}
+
+// The clipboard's lines without the header.
+QStringList copiedRows()
+{
+    QStringList lines = QGuiApplication::clipboard()->text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return lines.mid(1);
+}
+
+// A key as the user types it: into the focused view of the active window,
+// so that the view's own shortcuts apply.
+void typeKey(QWidget *view, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QApplication::setActiveWindow(view->window());
+    view->setFocus();
+    QTest::keyClick(view, key, modifiers);
+}
+
+void showDock(CamDesignerViewImplementation *window, CamDesignerViewImplementation::Dock dock)
+{
+    window->dock(dock)->setAsCurrentTab();
+    QApplication::processEvents();
+}
+
+void selectRows(QAbstractItemView *view, const QList<int> &rows)
+{
+    view->selectionModel()->clear();
+    for (int row : rows)
+        view->selectionModel()->select(view->model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+} // namespace
+
+class tst_PointClipboard : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup();
+    void copyMotionPoints();
+    void copyGridPointTables();
+    void paste_data();
+    void paste();
+};
+
+void tst_PointClipboard::cleanup()
+{
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+// Ctrl+C on the tree: the selected points, else all, with a decimal point
+// and the data names; pasted into an empty cam they are the same points.
+void tst_PointClipboard::copyMotionPoints()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QTreeView *tree = window->motionPlanEditor()->pointTree();
+    selectRows(tree, { 0, 2 });
+    typeKey(tree, Qt::Key_C, Qt::ControlModifier);
+    QVERIFY(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Master-Position")));
+    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest", "180.000\t0.000\trest" }));
+
+    tree->selectionModel()->clear();
+    window->motionPlanEditor()->copyAction()->trigger();
+    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest", "90.000\t40.000\tspeed", "180.000\t0.000\trest" }));
+    const QString copied = stateOf(editor);
+
+    MessageCapture messages;
+    editor.description->loadWithUndo(parseJson(R"({"MotionPoints": []})"), QStringLiteral("leer"));
+    typeKey(tree, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(messages.count(), 0);
+    QCOMPARE(stateOf(editor), copied);
+    QCOMPARE(window->undoStack()->text(window->undoStack()->count() - 1), QStringLiteral("Füge 3 Bewegungspunkte ein"));
+    window->close();
+}
+
+// The calculated table, the stored list and the comparison copy through
+// the one routine: selected rows or all, header first.
+void tst_PointClipboard::copyGridPointTables()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    const QPolygonF points = editor.implementation()->editorModel()->motionPlan()->positions();
+    editor.implementation()->parameterModel()->writeGridPoints(points);
+
+    auto *calculated = qobject_cast<CalculatedTableView *>(window->dock(CamDesignerViewImplementation::CalculatedDock)->widget());
+    QVERIFY(calculated);
+    showDock(window, CamDesignerViewImplementation::CalculatedDock);
+    selectRows(calculated, { 1, 2 });
+    typeKey(calculated, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0),
+             QStringLiteral("Master-Position\tSlave-Position"));
+    QCOMPARE(copiedRows(), QStringList({ QStringLiteral("%1\t%2").arg(points.at(1).x(), 0, 'f', 3).arg(points.at(1).y(), 0, 'f', 3),
+                                         QStringLiteral("%1\t%2").arg(points.at(2).x(), 0, 'f', 3).arg(points.at(2).y(), 0, 'f', 3) }));
+
+    auto *storedView = qobject_cast<GridPointParameterView *>(window->dock(CamDesignerViewImplementation::ParameterDock)->widget());
+    QVERIFY(storedView);
+    QTreeWidget *stored = storedView->elementList()->tree();
+    showDock(window, CamDesignerViewImplementation::ParameterDock);
+    stored->clearSelection();
+    typeKey(stored, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(copiedRows().size(), points.size());
+
+    QTableView *comparison = window->comparisonView()->table();
+    showDock(window, CamDesignerViewImplementation::ComparisonDock);
+    selectRows(comparison, { 4 });
+    typeKey(comparison, Qt::Key_C, Qt::ControlModifier);
+    const QString row = QStringLiteral("%1\t%2").arg(points.at(4).x(), 0, 'f', 3).arg(points.at(4).y(), 0, 'f', 3);
+    QCOMPARE(copiedRows(), QStringList(row + QLatin1Char('\t') + row + QStringLiteral("\t0.000\t0.000")));
+    window->close();
+}
+
+void tst_PointClipboard::paste_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qint64>("slaveLimit");
+    QTest::addColumn<QString>("added");       // the points added, as copied
+    QTest::addColumn<QString>("messageTitle"); // empty: no message
+    QTest::addColumn<QString>("message");
+
+    // Between 0 (rest) and 90 (speed) a point without type continues "rest".
+    QTest::newRow("semicolons, commas, header") << "Master;Slave;Typ\n30,5;10;acceleration\n45;12,25\n135;5"
+                                               << qint64(0) << "30.500 10.000 acceleration|45.000 12.250 rest|135.000 5.000 speed"
+                                               << "" << "";
+    QTest::newRow("refusals counted once") << "90\t1\n200\t1\n200.0004\t2\nabc\tdef\n60\t1\n70\t60"
+                                           << qint64(50000) << "60.000 1.000 rest|200.000 1.000 rest"
+                                           << "Nicht alle Bewegungspunkte eingefügt"
+                                           << "4 von 6 Zeilen wurden nicht eingefügt: 2 auf einer schon belegten "
+                                              "Master-Position, 1 außerhalb der Grenzen des Antriebsreglers, 1 nicht lesbar.";
+    QTest::newRow("no point") << "Master\tSlave\nfoo\n" << qint64(0) << "" << "Einfügen nicht möglich" << "";
+    QTest::newRow("every point refused") << "0;1\n90;1" << qint64(0) << "" << "Nicht alle Bewegungspunkte eingefügt"
+                                         << "2 von 2 Zeilen wurden nicht eingefügt: 2 auf einer schon belegten "
+                                            "Master-Position.";
+}
+
+void tst_PointClipboard::paste()
+{
+    QFETCH(QString, text);
+    QFETCH(qint64, slaveLimit);
+    QFETCH(QString, added);
+    QFETCH(QString, messageTitle);
+    QFETCH(QString, message);
+    EditorFixture editor;
+    MessageCapture messages;
+    CamDesignerViewImplementation *window = editor.open();
+    if (slaveLimit > 0)
+        QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
+                                             -slaveLimit, slaveLimit));
+    const QString before = stateOf(editor);
+    const CamEditorModel *model = editor.implementation()->editorModel();
+    QList<const MotionPoint *> old;
+    for (int row = 0; row < model->motionPointCount(); ++row)
+        old.append(model->motionPointAt(row));
+    QGuiApplication::clipboard()->setText(text);
+    window->motionPlanEditor()->pasteAction()->trigger();
+
+    QCOMPARE(messages.count(), messageTitle.isEmpty() ? 0 : 1);
+    if (!messageTitle.isEmpty())
+        QCOMPARE(messages.last().title, messageTitle);
+    if (!message.isEmpty())
+        QCOMPARE(messages.last().text, message);
+    QStringList newPoints;
+    for (int row = 0; row < model->motionPointCount(); ++row) {
+        const MotionPoint *point = model->motionPointAt(row);
+        if (!old.contains(point))
+            newPoints.append(QStringLiteral("%1 %2 %3").arg(point->master(), 0, 'f', 3).arg(point->slave(), 0, 'f', 3)
+                                 .arg(point->typeDataName()));
+    }
+    QCOMPARE(newPoints.join(QLatin1Char('|')), added);
+    QCOMPARE(window->undoStack()->count(), added.isEmpty() ? 0 : 1);
+    if (!added.isEmpty()) {
+        window->undoStack()->undo();
+        QCOMPARE(stateOf(editor), before);
+    }
+    window->close();
+}
+
+QTEST_MAIN(tst_PointClipboard)
+#include "tst_pointclipboard.moc"
