@@ -274,6 +274,17 @@ QString RandomUser::undoAndRedoAll(bool redo)
     return panelProblem();
 }
 
+QString RandomUser::summary() const
+{
+    return QStringLiteral("%1 pushed, %2 left the stack, %3 undone, %4 redone, %5 refused, %6 windows")
+        .arg(m_counts[Outcome::Pushed])
+        .arg(m_counts[Outcome::Nothing])
+        .arg(m_counts[Outcome::Undone])
+        .arg(m_counts[Outcome::Redone])
+        .arg(m_counts[Outcome::Redone + 1])
+        .arg(m_windows);
+}
+
 QString RandomUser::check()
 {
     QCoreApplication::processEvents();
@@ -294,6 +305,7 @@ QString RandomUser::check()
                         .arg(shown)
                         .arg(shown > 0 ? messages.last().title : QString(), m_outcome.title);
 
+    ++m_counts[m_outcome.title.isEmpty() ? m_outcome.kind : Outcome::Redone + 1];
     switch (m_outcome.kind) {
     case Outcome::Pushed:
         m_texts.erase(m_texts.begin() + m_index, m_texts.end());

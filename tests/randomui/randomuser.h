@@ -39,6 +39,8 @@ public:
     // back to the first document.
     bool isFirstWindow() const { return m_windows == 1; }
     const QStringList &log() const { return m_log; }
+    // How many steps pushed, undid or redid, were refused, or left the stack.
+    QString summary() const;
 
     // What an action must have done to the undo stack and which box it showed.
     struct Outcome {
@@ -119,6 +121,7 @@ private:
     int m_index = 0;
     Outcome m_outcome;
     int m_messageCount = 0;
+    int m_counts[Outcome::Redone + 2] = {};
     // The table the drive must hold after a write or an import.
     QPolygonF m_expectedStored;
     bool m_storedSlavesKnown = false;

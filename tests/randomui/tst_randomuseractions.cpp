@@ -102,7 +102,8 @@ void tst_RandomUserActions::userActions()
             QFAIL(report(seed, step, problem, user.log()).constData());
     }
     const qint64 elapsed = timer.elapsed();
-    qInfo("seed %u: %d steps in %lld ms, %.1f steps/s", seed, count, elapsed, count * 1000.0 / qMax<qint64>(elapsed, 1));
+    qInfo("seed %u: %d steps in %lld ms, %.1f steps/s; %s", seed, count, elapsed, count * 1000.0 / qMax<qint64>(elapsed, 1),
+          qUtf8Printable(user.summary()));
 
     // Only the window's own stack can undo: closing it ends its history.
     problem = user.undoAndRedoAll(false);
