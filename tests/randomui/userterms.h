@@ -11,8 +11,7 @@
 // classes that show it, so that a wrong text in the editor is seen.
 namespace UserTerms {
 
-// The texts the user reads, written out here and not taken from the classes
-// that show them: segment types by their type value, the combo boxes by index.
+// Segment types by their type value, the combo boxes' entries by index.
 const char *const TypeNames[] = { "Rast", "Konstante Geschwindigkeit", "Umkehrpunkt", "Beschleunigung" };
 const int TypeOfComboIndex[] = { MotionPoint::rest, MotionPoint::speed, MotionPoint::acceleration,
                                  MotionPoint::turningPoint };
@@ -28,12 +27,13 @@ const struct {
 // The example tables: 145 points, 2.5 apart.
 constexpr int ExamplePoints = 145;
 constexpr double ExampleSpacing = 2.5;
-// The drive's limits of a position are +-2147483.647 (three decimals).
-const char TooLargeMaster[] = "3000000";
+// The drive keeps a position in 32 bits with three decimals.
 constexpr double PositionMinimum = -2147483.648;
 constexpr double PositionMaximum = 2147483.647;
+const char TooLargeMaster[] = "3000000";
 const char TooSmallSlave[] = "-2147484";
-const char *const NoNumbers[] = { "abc", "12,5", "--3", "1.2.3", "nan" };
+// Texts that are no position; the C locale's decimal mark is the point.
+const char *const NoNumbers[] = { "abc", "12,5", "--3", "1.2.3", "nan", "inf" };
 const QSize WindowSize(1200, 900);
 
 const char InvalidInput[] = "Ungültige Eingabe";
