@@ -113,12 +113,15 @@ bool MotionPointEditing::add(QWidget *parent, double master, double slave, int t
     if (!m_editorModel || !m_undoStack || !checkMaster(parent, master) || !checkSlave(parent, slave))
         return false;
     CamDescriptionImplementation *description = m_editorModel->camDescription();
-    // A point at an occupied master is refused by the command itself, with
-    // its message box; the stack then drops it.
-    const int before = m_undoStack->count();
+    // Refused before the push: a push drops the commands that could be
+    // redone, also when the command then refuses and is dropped itself.
+    if (description->pointAt(master)) {
+        AddMotionPointCommand::showMasterTaken(parent, master);
+        return false;
+    }
     m_undoStack->push(new AddMotionPointCommand(
         description, new MotionPoint(master, slave, MotionPoint::movementRules(type))));
-    return m_undoStack->count() > before;
+    return true;
 }
 
 bool MotionPointEditing::remove(MotionPoint *point) const

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QLocale>
 
+#include <cmath>
+
 PositionLineEdit::PositionLineEdit(Axis axis, Scaling *scaling, QWidget *parent)
     : QLineEdit(parent)
     , m_axis(axis)
@@ -34,6 +36,8 @@ bool PositionLineEdit::parse(QString text, const QString &unit, double *value)
     text.replace(QLocale::system().decimalPoint(), QLatin1Char('.'));
     bool ok = false;
     const double parsed = text.toDouble(&ok);
+    // toDouble() takes "nan", which passes every limit check, and "inf".
+    ok = ok && std::isfinite(parsed);
     if (ok && value)
         *value = parsed;
     return ok;

@@ -25,7 +25,8 @@ public:
     void revert();
 
     // Reads a position text: the unit (case-sensitive) and blanks removed,
-    // the decimal mark of the system locale or a point. False for no number.
+    // the decimal mark of the system locale or a point. False for no
+    // (finite) number.
     static bool parse(QString text, const QString &unit, double *value);
 
 signals:
