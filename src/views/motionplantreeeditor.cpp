@@ -131,6 +131,14 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     // A load replaces every row: the selection is found again by its master.
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &MotionPlanTreeEditor::rememberSelection);
     connect(m_model, &QAbstractItemModel::modelReset, this, &MotionPlanTreeEditor::restoreSelection);
+    // Removing the selected row (from any panel) moves the current index to a
+    // neighbour but leaves nothing selected: the neighbour becomes the
+    // selection, so that the fields and the selection show the same point.
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, [this] {
+        const QModelIndex current = m_tree->selectionModel()->currentIndex();
+        if (current.isValid() && !m_tree->selectionModel()->isSelected(current))
+            selectRow(current.row());
+    });
     connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
     refresh();
 }
@@ -153,6 +161,10 @@ void MotionPlanTreeEditor::selectRow(int row)
     const QModelIndex index = m_model->index(row, MotionPointTableModel::MasterColumn);
     m_tree->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_tree->scrollTo(index);
+    // After a removal the current index may already sit on this row, with the
+    // selection cleared by the removal: no currentRowChanged() then, so the
+    // fields and the remove controls are brought up to date here.
+    onCurrentChanged(index);
 }
 
 void MotionPlanTreeEditor::addPoint()

@@ -263,6 +263,18 @@
         <source>Die Nachkommastellen der Master/Slave-Position wurden geändert. Der Kurvenscheibeneditor muss geschlossen werden. Sobald die Parameteränderungen aktiv sind, können sie den Editor wieder öffnen.</source>
         <translation>The decimal places of the master/slave position have changed. The cam editor has to be closed. As soon as the parameter changes are active, you can open the editor again.</translation>
     </message>
+    <message>
+        <source>Kennwerte</source>
+        <translation>Characteristics</translation>
+    </message>
+    <message>
+        <source>Stützstellentabelle als Text exportieren</source>
+        <translation>Export grid point table as text</translation>
+    </message>
+    <message>
+        <source>Berechnete oder gespeicherte Stützstellen als Textdatei für andere Programme speichern.</source>
+        <translation>Save the calculated or stored grid points as a text file for other programs.</translation>
+    </message>
 </context>
 <context>
     <name>CamSettingsView</name>
@@ -507,6 +519,161 @@ difference</translation>
         <source>Diesen Plot exportieren …</source>
         <translation>Export this plot …</translation>
     </message>
+    <message>
+        <source>Bewegungspunkt hier einfügen</source>
+        <translation>Insert motion point here</translation>
+    </message>
+    <message>
+        <source>Bewegungspunkt entfernen</source>
+        <translation>Remove motion point</translation>
+    </message>
+</context>
+<context>
+    <name>CurveReportView</name>
+    <message>
+        <source>unstetig</source>
+        <translation>discontinuous</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>Velocity</translation>
+    </message>
+    <message>
+        <source>Beschleunigung</source>
+        <translation>Acceleration</translation>
+    </message>
+    <message>
+        <source>Ruck</source>
+        <translation>Jerk</translation>
+    </message>
+    <message>
+        <source>Abschnitte</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Übergänge</source>
+        <translation>Joints</translation>
+    </message>
+    <message>
+        <source>Abtastung</source>
+        <translation>Sampling</translation>
+    </message>
+    <message>
+        <source>Für Kennwerte werden mindestens zwei Bewegungspunkte gebraucht.</source>
+        <translation>Characteristics need at least two motion points.</translation>
+    </message>
+    <message>
+        <source>Gröbste ausreichende Abtastung: wird nach dem Ziehen berechnet.</source>
+        <translation>Coarsest sufficient sampling: computed after dragging.</translation>
+    </message>
+    <message>
+        <source>Gröbste ausreichende Abtastung: wird berechnet …</source>
+        <translation>Coarsest sufficient sampling: computing …</translation>
+    </message>
+    <message>
+        <source>Größte statische Schrittweite unter der Auflösung %1: %2</source>
+        <translation>Largest static step size within the resolution %1: %2</translation>
+    </message>
+    <message>
+        <source>Keine statische Schrittweite hält die Auflösung %1 mit höchstens %2 Stützstellen ein.</source>
+        <translation>No static step size keeps within the resolution %1 with at most %2 grid points.</translation>
+    </message>
+    <message>
+        <source>Kleinste dynamische Auflösung unter der Auflösung %1: %2 Stützstellen</source>
+        <translation>Smallest dynamic resolution within the resolution %1: %2 grid points</translation>
+    </message>
+    <message>
+        <source>Auch %1 Stützstellen halten die Auflösung %2 nicht ein.</source>
+        <translation>Even %1 grid points do not keep within the resolution %2.</translation>
+    </message>
+    <message>
+        <source>von</source>
+        <translation>from</translation>
+    </message>
+    <message>
+        <source>bis</source>
+        <translation>to</translation>
+    </message>
+    <message>
+        <source>Hub</source>
+        <translation>Stroke</translation>
+    </message>
+    <message>
+        <source>v max</source>
+        <translation>v max</translation>
+    </message>
+    <message>
+        <source>a max</source>
+        <translation>a max</translation>
+    </message>
+    <message>
+        <source>j max</source>
+        <translation>j max</translation>
+    </message>
+    <message>
+        <source>Cv</source>
+        <translation>Cv</translation>
+    </message>
+    <message>
+        <source>Ca</source>
+        <translation>Ca</translation>
+    </message>
+    <message>
+        <source>Cj</source>
+        <translation>Cj</translation>
+    </message>
+    <message>
+        <source>Abtastfehler</source>
+        <translation>Sampling error</translation>
+    </message>
+    <message>
+        <source>Segmenttypen</source>
+        <translation>Segment types</translation>
+    </message>
+    <message>
+        <source>%1 bei %2</source>
+        <translation>%1 at %2</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>Master</source>
+        <translation>Master</translation>
+    </message>
+    <message>
+        <source>stetig bis</source>
+        <translation>continuous up to</translation>
+    </message>
+    <message>
+        <source>Sprung Position</source>
+        <translation>Position jump</translation>
+    </message>
+    <message>
+        <source>Sprung v</source>
+        <translation>v jump</translation>
+    </message>
+    <message>
+        <source>Sprung a</source>
+        <translation>a jump</translation>
+    </message>
+    <message>
+        <source>Sprung j</source>
+        <translation>j jump</translation>
+    </message>
+    <message>
+        <source>%1 (Nahtstelle)</source>
+        <translation>%1 (seam)</translation>
+    </message>
+    <message>
+        <source>Größter Abtastfehler: %1 bei %2 (%3 Stützstellen)</source>
+        <translation>Largest sampling error: %1 at %2 (%3 grid points)</translation>
+    </message>
 </context>
 <context>
     <name>CurveTextConverter</name>
@@ -517,6 +684,37 @@ difference</translation>
     <message>
         <source>Slave-Position %1 konnte nicht konvertiert werden.</source>
         <translation>Slave position %1 could not be converted.</translation>
+    </message>
+</context>
+<context>
+    <name>CurveTextWriter</name>
+    <message>
+        <source>%1 Nachkommastellen können nicht geschrieben werden, möglich sind 0 bis %2.</source>
+        <translation>%1 decimal places cannot be written; 0 to %2 are possible.</translation>
+    </message>
+    <message>
+        <source>Unbekanntes Dezimalzeichen.</source>
+        <translation>Unknown decimal separator.</translation>
+    </message>
+    <message>
+        <source>Unbekanntes Trennzeichen.</source>
+        <translation>Unknown separator.</translation>
+    </message>
+    <message>
+        <source>Das Komma kann nicht zugleich Dezimalzeichen und Trennzeichen sein: beim Import ließen sich die Zahlen nicht eindeutig trennen. Bitte ein anderes Trennzeichen oder den Punkt als Dezimalzeichen wählen.</source>
+        <translation>The comma cannot be both the decimal separator and the value separator: the import could not tell the numbers apart. Please choose another separator or the point as decimal separator.</translation>
+    </message>
+    <message>
+        <source>Es gibt keine Stützstellen, die exportiert werden könnten.</source>
+        <translation>There are no grid points to export.</translation>
+    </message>
+    <message>
+        <source>Die Stützstelle %1 (Master %2, Slave %3) lässt sich nicht so schreiben, dass der Import sie wieder liest.</source>
+        <translation>Grid point %1 (master %2, slave %3) cannot be written so that the import reads it back.</translation>
+    </message>
+    <message>
+        <source>Die Datei %1 kann nicht geschrieben werden: %2</source>
+        <translation>The file %1 cannot be written: %2</translation>
     </message>
 </context>
 <context>
@@ -654,10 +852,140 @@ difference</translation>
     </message>
 </context>
 <context>
+    <name>GridPointExportDialog</name>
+    <message>
+        <source>Stützstellentabelle als Text exportieren</source>
+        <translation>Export grid point table as text</translation>
+    </message>
+    <message>
+        <source>Stützstellen</source>
+        <translation>Grid points</translation>
+    </message>
+    <message>
+        <source>Berechnete Stützstellen</source>
+        <translation>Calculated grid points</translation>
+    </message>
+    <message>
+        <source>Im Antriebsregler gespeicherte Tabelle</source>
+        <translation>Table stored in the drive controller</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Freies Format</source>
+        <translation>Free format</translation>
+    </message>
+    <message>
+        <source>Dezimalzeichen</source>
+        <translation>Decimal separator</translation>
+    </message>
+    <message>
+        <source>. (Punkt)</source>
+        <translation>. (point)</translation>
+    </message>
+    <message>
+        <source>, (Komma)</source>
+        <translation>, (comma)</translation>
+    </message>
+    <message>
+        <source>Trennzeichen</source>
+        <translation>Separator</translation>
+    </message>
+    <message>
+        <source>; (Semikolon)</source>
+        <translation>; (semicolon)</translation>
+    </message>
+    <message>
+        <source>&lt;TAB&gt;</source>
+        <translation>&lt;TAB&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;Leerzeichen&gt;</source>
+        <translation>&lt;Space&gt;</translation>
+    </message>
+    <message>
+        <source>Nachkommastellen:</source>
+        <translation>Decimal places:</translation>
+    </message>
+    <message>
+        <source>Datei:</source>
+        <translation>File:</translation>
+    </message>
+    <message>
+        <source>Berechnete Stützstellen (%1)</source>
+        <translation>Calculated grid points (%1)</translation>
+    </message>
+    <message>
+        <source>Im Antriebsregler gespeicherte Tabelle (%1)</source>
+        <translation>Table stored in the drive controller (%1)</translation>
+    </message>
+    <message>
+        <source>Master %1, Slave %2 (des Antriebsreglers)</source>
+        <translation>Master %1, slave %2 (of the drive controller)</translation>
+    </message>
+    <message>
+        <source>Exportieren</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Stützstellentabelle exportieren</source>
+        <translation>Export grid point table</translation>
+    </message>
+    <message>
+        <source>Stützstellendateien (*.txt *.csv)</source>
+        <translation>Grid point files (*.txt *.csv)</translation>
+    </message>
+    <message>
+        <source>Stützstellentabelle nicht exportiert</source>
+        <translation>Grid point table not exported</translation>
+    </message>
+</context>
+<context>
     <name>LoadNewMotionPlanCommand</name>
     <message>
         <source>Lade Kurvendefinitionsdaten : %newDescriptionName%</source>
         <translation>Load cam definition data: %newDescriptionName%</translation>
+    </message>
+</context>
+<context>
+    <name>MeasuringTool</name>
+    <message>
+        <source>Messen</source>
+        <translation>Measure</translation>
+    </message>
+    <message>
+        <source>Messen: zwei Cursor per Klick setzen, Esc beendet</source>
+        <translation>Measure: place two cursors by clicking, Esc ends</translation>
+    </message>
+    <message>
+        <source>Klicken Sie in einen Plot, um Cursor 1 zu setzen.</source>
+        <translation>Click into a plot to place cursor 1.</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>Cursor 1</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>Cursor 2</translation>
+    </message>
+    <message>
+        <source>Δ</source>
+        <translation>Δ</translation>
+    </message>
+    <message>
+        <source>Master</source>
+        <translation>Master</translation>
+    </message>
+    <message>
+        <source>Ein weiterer Klick setzt Cursor 2.</source>
+        <translation>Another click places cursor 2.</translation>
     </message>
 </context>
 <context>
@@ -692,6 +1020,10 @@ difference</translation>
     <message>
         <source>Ausgewählter Bewegungspunkt</source>
         <translation>Selected motion point</translation>
+    </message>
+    <message>
+        <source>Einfügen</source>
+        <translation>Paste</translation>
     </message>
 </context>
 <context>
@@ -741,6 +1073,41 @@ difference</translation>
     <message>
         <source>Slave-Position außerhalb der Grenzen</source>
         <translation>Slave position out of limits</translation>
+    </message>
+</context>
+<context>
+    <name>MotionPointPaste</name>
+    <message>
+        <source>Einfügen nicht möglich</source>
+        <translation>Paste not possible</translation>
+    </message>
+    <message>
+        <source>Der Text enthält keine Bewegungspunkte. Erwartet wird je Zeile eine Master- und eine Slave-Position, getrennt durch Tabulator oder Semikolon, optional der Segmenttyp.</source>
+        <translation>The text holds no motion points. Expected per line: a master and a slave position, separated by a tab or a semicolon, optionally the segment type.</translation>
+    </message>
+    <message>
+        <source>Füge %1 Bewegungspunkte ein</source>
+        <translation>Paste %1 motion points</translation>
+    </message>
+    <message>
+        <source>%1 auf einer schon belegten Master-Position</source>
+        <translation>%1 on a master position already taken</translation>
+    </message>
+    <message>
+        <source>%1 außerhalb der Grenzen des Antriebsreglers</source>
+        <translation>%1 outside the drive controller&apos;s limits</translation>
+    </message>
+    <message>
+        <source>%1 nicht lesbar</source>
+        <translation>%1 unreadable</translation>
+    </message>
+    <message>
+        <source>Nicht alle Bewegungspunkte eingefügt</source>
+        <translation>Not all motion points pasted</translation>
+    </message>
+    <message>
+        <source>%1 von %2 Zeilen wurden nicht eingefügt: %3.</source>
+        <translation>%1 of %2 lines were not pasted: %3.</translation>
     </message>
 </context>
 <context>
@@ -979,6 +1346,13 @@ Jerk: %3</translation>
     <message>
         <source>Ändere Geschwindigkeitsskala von %1 zu %2</source>
         <translation>Change velocity scale from %1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>TableClipboard</name>
+    <message>
+        <source>Kopieren</source>
+        <translation>Copy</translation>
     </message>
 </context>
 </TS>
