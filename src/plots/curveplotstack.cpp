@@ -274,11 +274,13 @@ void CurvePlotStack::updateScales()
         ? m_editorModel->motionPointAt(0)->master()
         : 0.0;
     const double end = m_editorModel ? m_editorModel->masterEnd() : 1.0;
+    // A little room at both ends, so that the first and last markers show whole.
+    const double length = end > first ? end - first : 1.0;
+    m_wholeMasterFrom = first - MasterMargin * length;
+    m_wholeMasterTo = first + (1.0 + MasterMargin) * length;
     for (CurvePlot *plot : m_plots) {
         if (!m_zoomed) {
-            // A little room at both ends, so that the first and last markers show whole.
-            const double length = end > first ? end - first : 1.0;
-            plot->setAxisScale(QwtPlot::xBottom, first - MasterMargin * length, first + (1.0 + MasterMargin) * length);
+            plot->setAxisScale(QwtPlot::xBottom, m_wholeMasterFrom, m_wholeMasterTo);
             plot->setAxisAutoScale(QwtPlot::yLeft);
         }
     }
@@ -331,8 +333,11 @@ void CurvePlotStack::onMasterAxisChanged(CurvePlot *source)
     if (m_settingScales)
         return;
     m_settingScales = true;
-    m_zoomed = true;
     const QwtInterval interval = source->axisInterval(QwtPlot::xBottom);
+    // Every replot reports the axis again: only a range other than the whole
+    // curve's comes from the user (panning, the wheel).
+    if (interval.minValue() != m_wholeMasterFrom || interval.maxValue() != m_wholeMasterTo)
+        m_zoomed = true;
     for (CurvePlot *plot : m_plots) {
         if (plot != source) {
             plot->setAxisScale(QwtPlot::xBottom, interval.minValue(), interval.maxValue());

@@ -93,6 +93,10 @@ private:
     QPoint m_menuPosition;
     // The user zoomed or panned: refreshes keep the master range shown.
     bool m_zoomed = false;
+    // The master range the whole curve takes; the axes report it back when
+    // they are next drawn, which is no zoom of the user's.
+    double m_wholeMasterFrom = 0.0;
+    double m_wholeMasterTo = 0.0;
     bool m_settingScales = false;
     bool m_replotPending = false;
 };

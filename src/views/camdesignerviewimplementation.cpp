@@ -259,11 +259,15 @@ void CamDesignerViewImplementation::addMissingReportDock()
     if (report->dockAreaWidget())
         return;
     ads::CDockAreaWidget *area = m_docks[ParameterDock]->dockAreaWidget();
+    // The tab the user left in front stays in front.
+    ads::CDockWidget *current = area ? area->currentDockWidget() : nullptr;
     if (area)
         m_dockManager->addDockWidget(ads::CenterDockWidgetArea, report, area);
     else
         m_dockManager->addDockWidget(ads::LeftDockWidgetArea, report);
     report->toggleView(true);
+    if (current)
+        current->setAsCurrentTab();
 }
 
 void CamDesignerViewImplementation::saveSettings() const
