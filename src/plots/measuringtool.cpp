@@ -2,6 +2,7 @@
 
 #include "curveplot.h"
 #include "curveplotstack.h"
+#include "cursoroverlay.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parameters/parametermodel.h"
@@ -13,8 +14,6 @@
 #include <QMouseEvent>
 
 #include <qwt_plot_curve.h>
-#include <qwt_plot_marker.h>
-#include <qwt_text.h>
 
 #include <cmath>
 #include <limits>
@@ -44,19 +43,8 @@ MeasuringTool::MeasuringTool(CurvePlotStack *stack, CamEditorModel *editorModel,
     m_label->setVisible(false);
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         CurvePlot *plot = stack->plot(CurvePlot::Quantity(quantity));
-        for (int cursor = 0; cursor < CursorCount; ++cursor) {
-            auto *marker = new QwtPlotMarker;
-            marker->setLineStyle(QwtPlotMarker::VLine);
-            marker->setLinePen(CursorColors[cursor], 1.5, Qt::DashLine);
-            QwtText number(QString::number(cursor + 1));
-            number.setColor(CursorColors[cursor]);
-            marker->setLabel(number);
-            marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-            marker->setZ(plot->calculatedCurve()->z() + 2.0);
-            marker->setVisible(false);
-            marker->attach(plot);
-            m_markers[cursor].append(marker);
-        }
+        // A child of the canvas, gone with it.
+        m_overlays[quantity] = new CursorOverlay(plot);
         // Installed after the zoom picker and the dragger: the cursors take the clicks first.
         m_plots[quantity] = plot;
         m_canvases[quantity] = plot->canvas();
@@ -86,13 +74,9 @@ void MeasuringTool::setActive(bool active)
     }
     m_placed = 0;
     m_dragged = -1;
-    for (const QList<QwtPlotMarker *> &markers : m_markers) {
-        for (QwtPlotMarker *marker : markers)
-            marker->setVisible(false);
-    }
     m_label->setVisible(active);
     update();
-    m_stack->scheduleReplot();
+    showCursors();
 }
 
 int MeasuringTool::placeAt(double master)
@@ -111,13 +95,17 @@ int MeasuringTool::placeAt(double master)
 void MeasuringTool::moveCursor(int cursor, double master)
 {
     m_masters[cursor] = master;
-    for (QwtPlotMarker *marker : m_markers[cursor]) {
-        marker->setXValue(master);
-        marker->setVisible(true);
-    }
     update();
-    // Drawn once the events of this move are handled, as every plot change is.
-    m_stack->scheduleReplot();
+    showCursors();
+}
+
+void MeasuringTool::showCursors()
+{
+    QVector<CursorOverlay::Cursor> cursors;
+    for (int cursor = 0; cursor < m_placed; ++cursor)
+        cursors.append({ m_masters[cursor], CursorColors[cursor] });
+    for (CursorOverlay *overlay : m_overlays)
+        overlay->setCursors(cursors);
 }
 
 bool MeasuringTool::eventFilter(QObject *watched, QEvent *event)

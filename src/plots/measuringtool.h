@@ -10,7 +10,7 @@ class CurvePlotStack;
 class ParameterModel;
 class QAction;
 class QLabel;
-class QwtPlotMarker;
+class CursorOverlay;
 
 // "Messen": two cursors, vertical lines across all plots, placed by clicks
 // on any plot (the first click places cursor 1, the second cursor 2, every
@@ -51,6 +51,7 @@ protected:
 
 private:
     void moveCursor(int cursor, double master);
+    void showCursors();
     QString tableText() const;
     QString format(int quantity, double value) const;
 
@@ -59,7 +60,7 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     QAction *m_action;
     QLabel *m_label;
-    QList<QwtPlotMarker *> m_markers[CursorCount];
+    CursorOverlay *m_overlays[CurvePlot::QuantityCount] = {};
     CurvePlot *m_plots[CurvePlot::QuantityCount] = {};
     QObject *m_canvases[CurvePlot::QuantityCount] = {};
     double m_masters[CursorCount] = {};

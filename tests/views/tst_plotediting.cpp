@@ -7,6 +7,7 @@
 #include "model/motionpoint.h"
 #include "parameters/parametermodelimplementation.h"
 #include "plots/curveplotstack.h"
+#include "plots/cursoroverlay.h"
 #include "plots/measuringtool.h"
 #include "plots/motionpointdragger.h"
 
@@ -18,7 +19,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <qwt_plot_marker.h>
 
 #include <cmath>
 
@@ -199,6 +199,13 @@ void tst_PlotEditing::measuringCursors()
     QCOMPARE(first, drive->roundMaster(first));
     QVERIFY(std::abs(first - 90.0) < 1.0);
     QVERIFY(std::abs(second - 30.0) < 1.0);
+    // Both cursors over every plot, wherever they were placed.
+    const QList<CursorOverlay *> overlays = p.plots->findChildren<CursorOverlay *>();
+    QCOMPARE(overlays.size(), int(CurvePlot::QuantityCount));
+    for (const CursorOverlay *overlay : overlays) {
+        QCOMPARE(overlay->cursors().size(), 2);
+        QCOMPARE(overlay->cursors().at(1).master, second);
+    }
     const MotionPlan *plan = p.model->motionPlan();
     const QString text = box->text();
     QVERIFY2(text.contains(QString::number(second - first, 'f', 3)), qPrintable(text));
@@ -218,8 +225,8 @@ void tst_PlotEditing::measuringCursors()
     QVERIFY(!tool->isActive());
     QVERIFY(!box->isVisible());
     QCOMPARE(tool->placedCount(), 0);
-    for (const QwtPlotItem *item : p.position->itemList(QwtPlotItem::Rtti_PlotMarker))
-        QVERIFY(!item->isVisible());
+    for (const CursorOverlay *overlay : p.plots->findChildren<CursorOverlay *>())
+        QVERIFY(overlay->cursors().isEmpty());
     // Out of the mode a press on a marker drags again.
     QTest::mousePress(p.position->canvas(), Qt::LeftButton, {}, pixel(p.position, 90, 40));
     QVERIFY(p.plots->dragger()->isDragging());
