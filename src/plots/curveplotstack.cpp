@@ -37,6 +37,8 @@
 #include <qwt_scale_widget.h>
 #include <qwt_symbol.h>
 
+#include <algorithm>
+
 
 namespace {
 
@@ -270,10 +272,18 @@ void CurvePlotStack::updateMarkers()
 void CurvePlotStack::updateScales()
 {
     m_settingScales = true;
-    const double first = m_editorModel && m_editorModel->motionPointCount() > 0
+    double first = m_editorModel && m_editorModel->motionPointCount() > 0
         ? m_editorModel->motionPointAt(0)->master()
         : 0.0;
-    const double end = m_editorModel ? m_editorModel->masterEnd() : 1.0;
+    double end = m_editorModel ? m_editorModel->masterEnd() : 1.0;
+    // The whole curve is both curves: an imported table may reach further
+    // than the motion points.
+    const QPolygonF stored = m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF();
+    if (!stored.isEmpty()) {
+        const QRectF bounds = stored.boundingRect();
+        first = std::min(first, bounds.left());
+        end = std::max(end, bounds.right());
+    }
     // A little room at both ends, so that the first and last markers show whole.
     const double length = end > first ? end - first : 1.0;
     m_wholeMasterFrom = first - MasterMargin * length;
