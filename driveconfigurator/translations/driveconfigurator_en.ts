@@ -4,47 +4,38 @@
 <context>
     <name>CamTableCell</name>
     <message>
-        <location filename="../camtablecell.cpp" line="139"/>
         <source>Kurvenscheibe %1 – %2</source>
         <translation>Cam table %1 – %2</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="144"/>
         <source>Kurvenscheibe %1</source>
         <translation>Cam table %1</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="145"/>
         <source>Stützstellen: %1</source>
         <translation>Grid points: %1</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="148"/>
         <source>CRC: –</source>
         <translation>CRC: –</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="149"/>
         <source>Weniger als zwei Stützstellen gespeichert.</source>
         <translation>Fewer than two grid points stored.</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="153"/>
         <source>CRC: Kurvenscheibeneditor</source>
         <translation>CRC: cam editor</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="154"/>
         <source>Die gespeicherten Stützstellen wurden vom Kurvenscheibeneditor geschrieben.</source>
         <translation>The stored grid points were written by the cam editor.</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="158"/>
         <source>CRC: fremd</source>
         <translation>CRC: foreign</translation>
     </message>
     <message>
-        <location filename="../camtablecell.cpp" line="159"/>
         <source>Die gespeicherten Stützstellen wurden nicht vom Kurvenscheibeneditor geschrieben.</source>
         <translation>The stored grid points were not written by the cam editor.</translation>
     </message>
@@ -52,158 +43,126 @@
 <context>
     <name>DriveConfiguratorWindow</name>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="118"/>
         <source>&amp;Datei</source>
         <translation>&amp;File</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="119"/>
         <source>&amp;Neu</source>
         <translation>&amp;New</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="120"/>
         <source>Ein neues Antriebsprojekt beginnen.</source>
         <translation>Start a new drive project.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="121"/>
         <source>Ö&amp;ffnen…</source>
         <translation>&amp;Open…</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="122"/>
         <source>Ein Antriebsprojekt aus einer Datei öffnen.</source>
         <translation>Open a drive project from a file.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="123"/>
         <source>&amp;Speichern</source>
         <translation>&amp;Save</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="124"/>
         <source>Das Antriebsprojekt speichern.</source>
         <translation>Save the drive project.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="125"/>
         <source>Speichern &amp;unter…</source>
         <translation>Save &amp;as…</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="126"/>
         <source>Das Antriebsprojekt in eine andere Datei speichern.</source>
         <translation>Save the drive project to another file.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="127"/>
         <source>&amp;Beenden</source>
         <translation>&amp;Quit</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="128"/>
         <source>&amp;Antrieb</source>
         <translation>&amp;Drive</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="129"/>
         <source>Online</source>
         <translation>Online</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="130"/>
         <source>Verbindung zum Antriebsregler: online können die Stützstellen-Arrays nicht vergrößert und nicht gelöscht werden.</source>
         <translation>Connection to the drive controller: online, the grid point arrays can be neither enlarged nor deleted.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="132"/>
         <source>Schreibgeschützt</source>
         <translation>Read-only</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="133"/>
         <source>Der Antriebsregler nimmt keine Werte an.</source>
         <translation>The drive controller accepts no values.</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="134"/>
         <source>Antrieb</source>
         <translation>Drive</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="135"/>
         <source>&amp;Sprache</source>
         <translation>&amp;Language</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="181"/>
         <source>%1[*] – Antriebskonfigurator</source>
         <translation>%1[*] – Drive Configurator</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="193"/>
         <source>online</source>
         <translation>online</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="193"/>
         <source>offline</source>
         <translation>offline</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="194"/>
         <source>schreibgeschützt</source>
         <translation>read-only</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="194"/>
         <source>beschreibbar</source>
         <translation>writable</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="195"/>
         <source>Antriebsregler: %1, %2</source>
         <translation>Drive controller: %1, %2</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="208"/>
         <source>Antriebsprojekt öffnen</source>
         <translation>Open drive project</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="210"/>
         <source>Antriebsprojekte (*.mxdrive);;Alle Dateien (*)</source>
         <translation>Drive projects (*.mxdrive);;All files (*)</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="220"/>
         <source>Projekt kann nicht geöffnet werden</source>
         <translation>Cannot open the project</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="233"/>
-        <location filename="../driveconfiguratorwindow.cpp" line="249"/>
         <source>Projekt kann nicht gespeichert werden</source>
         <translation>Cannot save the project</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="241"/>
         <source>Antriebsprojekt speichern unter</source>
         <translation>Save drive project as</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="242"/>
         <source>Antriebsprojekte (*.mxdrive)</source>
         <translation>Drive projects (*.mxdrive)</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="262"/>
         <source>Ungespeicherte Änderungen</source>
         <translation>Unsaved changes</translation>
     </message>
     <message>
-        <location filename="../driveconfiguratorwindow.cpp" line="263"/>
         <source>Das Antriebsprojekt „%1“ wurde geändert. Sollen die Änderungen gespeichert werden?</source>
         <translation>The drive project “%1” has been changed. Do you want to save the changes?</translation>
     </message>
@@ -211,25 +170,18 @@
 <context>
     <name>DriveProject</name>
     <message>
-        <location filename="../driveproject.cpp" line="39"/>
-        <location filename="../driveproject.cpp" line="88"/>
         <source>Die Datei „%1“ kann nicht gelesen werden: %2</source>
         <translation>Cannot read the file “%1”: %2</translation>
     </message>
     <message>
-        <location filename="../driveproject.cpp" line="47"/>
-        <location filename="../driveproject.cpp" line="95"/>
-        <location filename="../driveproject.cpp" line="111"/>
         <source>Die Datei „%1“ ist kein Antriebsprojekt oder ist beschädigt.</source>
         <translation>The file “%1” is no drive project or is damaged.</translation>
     </message>
     <message>
-        <location filename="../driveproject.cpp" line="157"/>
         <source>Das Projekt kann nicht nach „%1“ gespeichert werden: %2</source>
         <translation>Cannot save the project to “%1”: %2</translation>
     </message>
     <message>
-        <location filename="../driveproject.cpp" line="168"/>
         <source>Unbenannt</source>
         <translation>Untitled</translation>
     </message>
@@ -237,62 +189,50 @@
 <context>
     <name>ImportDescriptionDialog</name>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="25"/>
         <source>&amp;Anderes Projekt…</source>
         <translation>&amp;Other project…</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="28"/>
         <source>Kurvendefinitionsdaten aus Projekt importieren</source>
         <translation>Import cam definition data from a project</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="31"/>
         <source>&amp;Laden</source>
         <translation>&amp;Load</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="32"/>
         <source>Abbrechen</source>
         <translation>Cancel</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="60"/>
         <source>Kurvendefinitionsdaten im Projekt „%1“:</source>
         <translation>Cam definition data in the project “%1”:</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="70"/>
         <source>Kurvenscheibe %1: %2 Bewegungspunkte, %3, zyklisch</source>
         <translation>Cam table %1: %2 motion points, %3, cyclic</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="71"/>
         <source>Kurvenscheibe %1: %2 Bewegungspunkte, %3</source>
         <translation>Cam table %1: %2 motion points, %3</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="76"/>
         <source>Keine Kurvendefinitionsdaten vorhanden.</source>
         <translation>No cam definition data.</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="87"/>
         <source>Antriebsprojekt wählen</source>
         <translation>Choose a drive project</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="88"/>
         <source>Antriebsprojekte (*.mxdrive);;Alle Dateien (*)</source>
         <translation>Drive projects (*.mxdrive);;All files (*)</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="94"/>
         <source>Projekt kann nicht gelesen werden</source>
         <translation>Cannot read the project</translation>
     </message>
     <message>
-        <location filename="../importdescriptiondialog.cpp" line="118"/>
         <source>Kurvenscheibe %1 aus %2</source>
         <translation>Cam table %1 from %2</translation>
     </message>

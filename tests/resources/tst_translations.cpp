@@ -6,8 +6,9 @@
 #include <QTest>
 #include <QXmlStreamReader>
 
-// The committed English translation against the library's texts as lupdate
-// finds them now: a text added or changed without its translation, a
+// The committed English translation (MX_TRANSLATION_FILE) against the texts
+// as lupdate finds them now in the sources (MX_TRANSLATED_SOURCES): a text
+// added or changed without its translation, a
 // translation left for a text that is gone, or a translation that lost a
 // placeholder fails here, with the messages listed.
 class tst_Translations : public QObject
@@ -80,15 +81,18 @@ void tst_Translations::initTestCase()
     QTemporaryDir scratch;
     QVERIFY(scratch.isValid());
     const QString regenerated = scratch.filePath(QStringLiteral("check_en.ts"));
+    const QString sources = qEnvironmentVariable("MX_TRANSLATED_SOURCES");
+    const QString committed = qEnvironmentVariable("MX_TRANSLATION_FILE");
+    QVERIFY2(!sources.isEmpty() && !committed.isEmpty(), "MX_TRANSLATED_SOURCES and MX_TRANSLATION_FILE are not set");
     QProcess lupdate;
     lupdate.setProcessChannelMode(QProcess::MergedChannels);
     lupdate.start(QStringLiteral(LUPDATE_PATH),
                   {QStringLiteral("-silent"), QStringLiteral("-no-obsolete"), QStringLiteral("-locations"),
-                   QStringLiteral("none"), QStringLiteral(SOURCE_DIR), QStringLiteral("-ts"), regenerated});
+                   QStringLiteral("none"), sources, QStringLiteral("-ts"), regenerated});
     QVERIFY(lupdate.waitForFinished(120000));
     QVERIFY2(lupdate.exitStatus() == QProcess::NormalExit && lupdate.exitCode() == 0, lupdate.readAll().constData());
     QVERIFY(read(regenerated, &m_current));
-    QVERIFY(read(QStringLiteral(TRANSLATION_FILE), &m_committed));
+    QVERIFY(read(committed, &m_committed));
     QVERIFY(!m_current.isEmpty());
 }
 
