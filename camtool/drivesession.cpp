@@ -28,6 +28,15 @@ DriveSession::~DriveSession()
     MessageBox::setHandler(MessageBox::Handler());
 }
 
+int DriveSession::openIfAsked(QCommandLineParser &parser, const QStringList &arguments,
+                              std::unique_ptr<DriveSession> *session)
+{
+    if (!arguments.contains(QStringLiteral("--drive")) && !arguments.contains(QStringLiteral("--table")))
+        return parseArguments(parser, arguments, 1, 1);
+    *session = std::make_unique<DriveSession>();
+    return (*session)->open(parser, arguments, 1, false);
+}
+
 int DriveSession::open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate)
 {
     parser.addOption(QCommandLineOption(DriveOption, QStringLiteral("Drive project file (text JSON)."),

@@ -32,6 +32,12 @@ public:
     // only when mayCreate is set.
     int open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate);
 
+    // For verbs whose drive is optional: a session only when --drive or
+    // --table is given, otherwise the plain parsing of one positional.
+    // Returns -1 to go on, otherwise the exit code.
+    static int openIfAsked(QCommandLineParser &parser, const QStringList &arguments,
+                           std::unique_ptr<DriveSession> *session);
+
     MxSimulation::SimulatedDrive &drive() { return *m_drive; }
     ParameterModelImplementation &model() { return *m_model; }
     int table() const { return m_table; }

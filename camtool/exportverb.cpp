@@ -48,18 +48,10 @@ int runExport(const QStringList &arguments)
     const CamTool::TextFormatOptions formatOptions(QStringLiteral("servosoft, twincat2, codesys or free."));
     formatOptions.addTo(parser);
 
-    // The drive is optional: the session's own parsing runs only with it.
     std::unique_ptr<CamTool::DriveSession> session;
-    if (arguments.contains(QStringLiteral("--drive")) || arguments.contains(QStringLiteral("--table"))) {
-        session = std::make_unique<CamTool::DriveSession>();
-        const int parsed = session->open(parser, arguments, 1, false);
-        if (parsed >= 0)
-            return parsed;
-    } else {
-        const int parsed = CamTool::parseArguments(parser, arguments, 1, 1);
-        if (parsed >= 0)
-            return parsed;
-    }
+    const int parsed = CamTool::DriveSession::openIfAsked(parser, arguments, &session);
+    if (parsed >= 0)
+        return parsed;
     if (!parser.isSet(outputOption))
         return usageError(parser, QStringLiteral("--output is required"));
     if (!parser.isSet(formatOptions.formatOption()))

@@ -140,18 +140,8 @@ int runReport(const QStringList &arguments)
                            .arg(MaximumDecimals)
                            .arg(parser.value(decimalsOption)));
     Steps chosenSteps;
-    if (parser.isSet(staticOption)) {
-        const double step = parser.value(staticOption).trimmed().toDouble(&ok);
-        if (!ok)
-            return failure(QStringLiteral("--static needs a number, not '%1'").arg(parser.value(staticOption)));
-        chosenSteps.setIsDynamicStepSize(false);
-        chosenSteps.setStaticStepSize(step);
-    } else if (parser.isSet(dynamicOption)) {
-        const int resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
-        if (!ok)
-            return failure(QStringLiteral("--dynamic needs a whole number, not '%1'").arg(parser.value(dynamicOption)));
-        chosenSteps.setDynamicStepResolution(resolution);
-    }
+    if (!CamTool::chooseSteps(parser, staticOption, dynamicOption, &chosenSteps))
+        return CamTool::Failure;
 
     CamDescriptionImplementation description(nullptr, QByteArray());
     if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))

@@ -70,18 +70,8 @@ int runSample(const QStringList &arguments)
                            .arg(parser.value(decimalsOption)));
     // The step options stand in for the file's step settings.
     Steps chosenSteps;
-    if (parser.isSet(staticOption)) {
-        double staticStep = 0.0;
-        if (!parseDouble(parser.value(staticOption), &staticStep))
-            return failure(QStringLiteral("--static needs a number, not '%1'").arg(parser.value(staticOption)));
-        chosenSteps.setIsDynamicStepSize(false);
-        chosenSteps.setStaticStepSize(staticStep);
-    } else if (parser.isSet(dynamicOption)) {
-        const int resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
-        if (!ok)
-            return failure(QStringLiteral("--dynamic needs a whole number, not '%1'").arg(parser.value(dynamicOption)));
-        chosenSteps.setDynamicStepResolution(resolution);
-    }
+    if (!CamTool::chooseSteps(parser, staticOption, dynamicOption, &chosenSteps))
+        return CamTool::Failure;
 
     CamDescriptionImplementation description(nullptr, QByteArray());
     if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))

@@ -4,6 +4,7 @@
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplan.h"
 #include "curves/motionplanfactory.h"
+#include "model/steps.h"
 #include "verbs.h"
 
 #include <QCommandLineParser>
@@ -101,6 +102,31 @@ QJsonArray pointsToJson(const QPolygonF &points)
     for (const QPointF &point : points)
         array.append(QJsonArray { jsonNumber(point.x()), jsonNumber(point.y()) });
     return array;
+}
+
+bool chooseSteps(const QCommandLineParser &parser, const QCommandLineOption &staticOption,
+                 const QCommandLineOption &dynamicOption, Steps *chosen)
+{
+    bool ok = false;
+    if (parser.isSet(staticOption)) {
+        const double step = parser.value(staticOption).trimmed().toDouble(&ok);
+        if (!ok) {
+            printError(QStringLiteral("camtool: --static needs a number, not '%1'\n").arg(parser.value(staticOption)));
+            return false;
+        }
+        chosen->setIsDynamicStepSize(false);
+        chosen->setStaticStepSize(step);
+    }
+    if (parser.isSet(dynamicOption)) {
+        const int resolution = parser.value(dynamicOption).trimmed().toInt(&ok);
+        if (!ok) {
+            printError(
+                QStringLiteral("camtool: --dynamic needs a whole number, not '%1'\n").arg(parser.value(dynamicOption)));
+            return false;
+        }
+        chosen->setDynamicStepResolution(resolution);
+    }
+    return true;
 }
 
 } // namespace CamTool

@@ -9,9 +9,11 @@
 
 class CamDescriptionImplementation;
 class MotionPlan;
+class QCommandLineOption;
 class QCommandLineParser;
 class QJsonDocument;
 class Scaling;
+class Steps;
 
 namespace CamTool {
 
@@ -35,6 +37,12 @@ bool loadCamFile(const QString &path, CamDescriptionImplementation &description)
 
 // The plan the editor builds for the description's motion law (not yet sampled).
 std::unique_ptr<MotionPlan> createPlan(const CamDescriptionImplementation &description, Scaling *scaling);
+
+// --static H or --dynamic N, which stand in for a cam file's step settings,
+// filled into chosen (left alone without them). False after printing why an
+// option's value is no number.
+bool chooseSteps(const QCommandLineParser &parser, const QCommandLineOption &staticOption,
+                 const QCommandLineOption &dynamicOption, Steps *chosen);
 
 // JSON has no NaN or infinity; they are written as the strings "NaN",
 // "Infinity" and "-Infinity" so that the value is not lost. Finite numbers
