@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QString>
 
@@ -10,6 +11,8 @@
 // since files of the earlier binary form are still read as they were.
 class CamDataFile
 {
+    Q_DECLARE_TR_FUNCTIONS(CamDataFile)
+
 public:
     enum class ReadStatus {
         Loaded,     // the file held a JSON object of the expected form
@@ -23,6 +26,13 @@ public:
     static QJsonObject parseBinary(const QByteArray &data, bool *valid = nullptr);
     static QJsonObject parseText(const QByteArray &data, bool *valid = nullptr);
 
+    // errorString: why the file could not be opened, or, for an invalid one,
+    // what is wrong with it (the parser's reason and offset, or the member
+    // of the wrong type). A member of the wrong type makes the file invalid,
+    // although fromJson would read it as its default: a file the user chose
+    // is never silently taken as the defaults.
     static QJsonObject read(const QString &path, ReadStatus *status, QString *errorString);
+    // The message shown (and printed by the tool) for an invalid file.
+    static QString damagedFileMessage(const QString &path, const QString &reason);
     static bool save(const QJsonObject &data, const QString &path, QString *errorString);
 };
