@@ -5,6 +5,8 @@
 #include "driveconfiguratorwindow.h"
 #include "driveproject.h"
 
+#include <camdesigner/messagebox.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
@@ -109,10 +111,23 @@ int main(int argc, char *argv[])
     parser.addOptions({ screenshotsOption, measureOption });
     parser.process(application);
 
+    // Screenshots and measurements run without a user: a message box would
+    // wait for a click forever, so its text goes to stderr and the run fails.
+    const bool unattended = parser.isSet(measureOption) || parser.isSet(screenshotsOption);
+    bool messageShown = false;
+    if (unattended) {
+        MessageBox::setHandler([&messageShown](QWidget *, const MessageBox::Message &message) {
+            const QByteArray text = (message.title + QLatin1Char('\n') + message.text + QLatin1Char('\n')).toLocal8Bit();
+            std::fwrite(text.constData(), 1, size_t(text.size()), stderr);
+            messageShown = true;
+            return QMessageBox::Cancel;
+        });
+    }
+
     const QString path = parser.positionalArguments().value(0, QStringLiteral(MX_EXAMPLE_PROJECT));
     DriveConfiguratorWindow window;
-    if (QFileInfo::exists(path))
-        window.openProject(path);
+    if (QFileInfo::exists(path) && !window.openProject(path) && unattended)
+        return 1;
     window.show();
 
     if (parser.isSet(measureOption)) {
@@ -129,7 +144,7 @@ int main(int argc, char *argv[])
         std::printf("resident memory after opening and closing every editor: %ld MB\n",
                     residentKilobytes() / 1024);
         window.project()->setModified(false);
-        return 0;
+        return messageShown ? 1 : 0;
     }
     if (parser.isSet(screenshotsOption)) {
         const QString directory = parser.value(screenshotsOption);
@@ -146,7 +161,7 @@ int main(int argc, char *argv[])
             editor->close();
         settle();
         window.project()->setModified(false);
-        return written ? 0 : 1;
+        return written && !messageShown ? 0 : 1;
     }
     return application.exec();
 }
