@@ -403,11 +403,11 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
     // Rendered into memory first, then written whole or not at all: an
     // existing picture stays until the new one is complete, also on a full disk.
     QByteArray bytes;
-    QBuffer file(&bytes);
-    file.open(QIODevice::WriteOnly);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator generator;
-        generator.setOutputDevice(&file);
+        generator.setOutputDevice(&buffer);
         generator.setSize(size);
         generator.setViewBox(area);
         QPainter painter;
@@ -417,7 +417,7 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
         if (!painter.end())
             return false;
     } else if (suffix == QLatin1String("pdf")) {
-        QPdfWriter writer(&file);
+        QPdfWriter writer(&buffer);
         // One point per pixel, the page the size of the picture.
         writer.setResolution(72);
         writer.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
@@ -434,10 +434,10 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
         QPainter painter(&image);
         render(painter, area);
         painter.end();
-        if (!image.save(&file, "PNG"))
+        if (!image.save(&buffer, "PNG"))
             return false;
     }
-    file.close();
+    buffer.close();
     return VxUtilities::AtomicFileWriter::write(path, bytes, errorString);
 }
 
