@@ -5,10 +5,13 @@
 #include "driveconfiguratorwindow.h"
 #include "driveproject.h"
 
+#include "atomicfilewriter.h"
+
 #include <camdesigner/messagebox.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
@@ -82,8 +85,17 @@ long residentKilobytes()
 
 bool screenshot(QWidget *widget, const QString &path)
 {
-    if (!widget || !widget->grab().save(path))
+    if (!widget)
         return false;
+    // Saved as every file is: whole, or the old picture stays.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QString reason;
+    if (!buffer.open(QIODevice::WriteOnly) || !widget->grab().save(&buffer, "PNG")
+        || !VxUtilities::AtomicFileWriter::write(path, bytes, &reason)) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(reason));
+        return false;
+    }
     std::printf("%s\n", qPrintable(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
     return true;
 }
