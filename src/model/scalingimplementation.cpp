@@ -125,7 +125,7 @@ void ScalingImplementation::readSettings()
         *native = m_container->readValueNative(m_livingSpace, coordinateOf(coordinate), table).toLongLong(&ok);
         return ok;
     };
-    // What is read back is what was written: no write goes out meanwhile.
+    // Values taken from the drive are not written back to it.
     m_reading = true;
     qint64 native = 0;
     if (read(MasterAxisScalingSetting, &native) && native >= 0 && native <= CycleTime)
