@@ -6,9 +6,11 @@
 
 // Reading and writing cam definition data files. Files are always written as
 // indented text JSON; they are read as text JSON when the suffix contains
-// "json" (any case) and as Qt 5 binary JSON otherwise. A ".dat" file written
-// here therefore reads back as the defaults: that asymmetry is kept on purpose,
-// since files of the earlier binary form are still read as they were.
+// "json" (any case) and as Qt 5 binary JSON otherwise. That asymmetry is kept
+// on purpose, since files of the earlier binary form are still read as they
+// were. A ".dat" file written here used to read back silently as the
+// defaults; it is now refused as no binary JSON, with a hint that it holds
+// text, because a file the user chose must never quietly become the defaults.
 class CamDataFile
 {
     Q_DECLARE_TR_FUNCTIONS(CamDataFile)
