@@ -80,9 +80,11 @@ void tst_CamDataFile::saveWritesIndentedTextWhateverTheSuffix()
         QVERIFY(description.saveToFile(path, &error));
         QCOMPARE(readFile(path), QJsonDocument(sample()).toJson(QJsonDocument::Indented));
         // Deliberate asymmetry: ".dat" is saved as text but read as binary,
-        // so a saved ".dat" reads back as defaults.
+        // so a saved ".dat" does not read back (it is refused, not the defaults).
         const bool text = name.endsWith(QLatin1String(".json"));
-        QCOMPARE(CamDataFile::read(path, nullptr, nullptr), text ? sample() : QJsonObject());
+        CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Unreadable;
+        QCOMPARE(CamDataFile::read(path, &status, nullptr), text ? sample() : QJsonObject());
+        QCOMPARE(status, text ? CamDataFile::ReadStatus::Loaded : CamDataFile::ReadStatus::Invalid);
     }
 }
 
