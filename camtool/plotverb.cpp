@@ -77,8 +77,9 @@ int runPlot(const QStringList &arguments)
     plots.resize(size);
     plots.layout()->activate();
     plots.refresh();
-    if (!plots.exportTo(output, size)) {
-        CamTool::printError(QStringLiteral("camtool: cannot write '%1'\n").arg(output));
+    QString reason;
+    if (!plots.exportTo(output, size, -1, &reason)) {
+        CamTool::printError(QStringLiteral("camtool: cannot write '%1': %2\n").arg(output, reason.isEmpty() ? QStringLiteral("the picture could not be rendered") : reason));
         return CamTool::Failure;
     }
     return CamTool::Success;

@@ -70,11 +70,13 @@ bool loadCamFile(const QString &path, CamDescriptionImplementation &description)
         printError(QStringLiteral("camtool: cannot open '%1': %2\n").arg(path, errorString));
         return false;
     }
+    // A damaged file is an error, not the defaults: a result computed from
+    // them would look like one of the file.
     if (status == CamDataFile::ReadStatus::Invalid) {
-        printError(QStringLiteral("camtool: warning: '%1' holds no cam definition data as %2 JSON; "
-                                  "the defaults are loaded\n")
-                       .arg(path, CamDataFile::isTextJsonPath(path) ? QStringLiteral("text")
-                                                                    : QStringLiteral("binary")));
+        // One line, as every error of the tool.
+        const QString message = CamDataFile::damagedFileMessage(path, errorString).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        printError(QStringLiteral("camtool: %1\n").arg(message));
+        return false;
     }
     description.fromJson(data);
     return true;

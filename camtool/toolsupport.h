@@ -30,9 +30,9 @@ int parseArguments(QCommandLineParser &parser, const QStringList &arguments,
 int parseCamFileArguments(QCommandLineParser &parser, const QStringList &arguments, const QString &description);
 
 // Loads cam definition data as the editor does (text JSON for a suffix that
-// contains "json", binary otherwise). A file that cannot be opened gives
-// false and a one-line error; an invalid one loads the defaults with a
-// one-line warning on stderr.
+// contains "json", binary otherwise). A file that cannot be opened, or that
+// holds no cam definition data of the expected form, gives false and the
+// reason on stderr; nothing is loaded.
 bool loadCamFile(const QString &path, CamDescriptionImplementation &description);
 
 // The plan the editor builds for the description's motion law (not yet sampled).

@@ -1,12 +1,12 @@
 #include "driveproject.h"
 
+#include "atomicfilewriter.h"
 #include "simulateddrive.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace {
 
@@ -19,12 +19,14 @@ const QString DescriptionsKey = QStringLiteral("CamDescriptions");
 const QString MotionPointsKey = QStringLiteral("MotionPoints");
 constexpr int DriveAxes = 2;
 
-// Everything a cam table keeps in the drive: both arrays of every table and
-// the per-table bookkeeping. A change of one of them is a change of the project.
+// Everything a cam table keeps in the drive: both arrays of every table, the
+// per-table bookkeeping and the editor's scaling of each table (master axis,
+// cycle time, velocity). A change of one of them is a change of the project.
 QStringList tableCoordinates()
 {
     QStringList coordinates { QStringLiteral("G68"), QStringLiteral("G60"), QStringLiteral("G61"),
-                              QStringLiteral("G293") };
+                              QStringLiteral("G293"), QStringLiteral("G437"), QStringLiteral("G438"),
+                              QStringLiteral("G439") };
     for (int number = 283; number <= 292; ++number)
         coordinates << QStringLiteral("G%1").arg(number);
     for (int number = 415; number <= 436; ++number)
@@ -152,10 +154,10 @@ QByteArray DriveProject::toJson() const
 
 bool DriveProject::save(const QString &path, QString *errorString)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(toJson()) < 0 || !file.commit()) {
+    QString reason;
+    if (!VxUtilities::AtomicFileWriter::write(path, toJson(), &reason)) {
         *errorString = tr("Das Projekt kann nicht nach „%1“ gespeichert werden: %2")
-                           .arg(QFileInfo(path).fileName(), file.errorString());
+                           .arg(QFileInfo(path).fileName(), reason);
         return false;
     }
     m_path = QFileInfo(path).absoluteFilePath();

@@ -5,8 +5,13 @@
 #include "driveconfiguratorwindow.h"
 #include "driveproject.h"
 
+#include "atomicfilewriter.h"
+
+#include <camdesigner/messagebox.h>
+
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
@@ -80,8 +85,17 @@ long residentKilobytes()
 
 bool screenshot(QWidget *widget, const QString &path)
 {
-    if (!widget || !widget->grab().save(path))
+    if (!widget)
         return false;
+    // Saved as every file is: whole, or the old picture stays.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QString reason;
+    if (!buffer.open(QIODevice::WriteOnly) || !widget->grab().save(&buffer, "PNG")
+        || !VxUtilities::AtomicFileWriter::write(path, bytes, &reason)) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(reason));
+        return false;
+    }
     std::printf("%s\n", qPrintable(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
     return true;
 }
@@ -109,10 +123,23 @@ int main(int argc, char *argv[])
     parser.addOptions({ screenshotsOption, measureOption });
     parser.process(application);
 
+    // Screenshots and measurements run without a user: a message box would
+    // wait for a click forever, so its text goes to stderr and the run fails.
+    const bool unattended = parser.isSet(measureOption) || parser.isSet(screenshotsOption);
+    bool messageShown = false;
+    if (unattended) {
+        MessageBox::setHandler([&messageShown](QWidget *, const MessageBox::Message &message) {
+            const QByteArray text = (message.title + QLatin1Char('\n') + message.text + QLatin1Char('\n')).toLocal8Bit();
+            std::fwrite(text.constData(), 1, size_t(text.size()), stderr);
+            messageShown = true;
+            return QMessageBox::Cancel;
+        });
+    }
+
     const QString path = parser.positionalArguments().value(0, QStringLiteral(MX_EXAMPLE_PROJECT));
     DriveConfiguratorWindow window;
-    if (QFileInfo::exists(path))
-        window.openProject(path);
+    if (QFileInfo::exists(path) && !window.openProject(path) && unattended)
+        return 1;
     window.show();
 
     if (parser.isSet(measureOption)) {
@@ -129,7 +156,7 @@ int main(int argc, char *argv[])
         std::printf("resident memory after opening and closing every editor: %ld MB\n",
                     residentKilobytes() / 1024);
         window.project()->setModified(false);
-        return 0;
+        return messageShown ? 1 : 0;
     }
     if (parser.isSet(screenshotsOption)) {
         const QString directory = parser.value(screenshotsOption);
@@ -146,7 +173,7 @@ int main(int argc, char *argv[])
             editor->close();
         settle();
         window.project()->setModified(false);
-        return written ? 0 : 1;
+        return written && !messageShown ? 0 : 1;
     }
     return application.exec();
 }

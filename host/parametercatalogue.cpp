@@ -7,6 +7,13 @@ namespace MxSimulation {
 namespace {
 
 constexpr int PositionDecimals = 3;
+// The cycle time of a cam, in tenths of a millisecond.
+constexpr int CycleTimeDecimals = 4;
+
+constexpr qint64 powerOfTen(int exponent)
+{
+    return exponent == 0 ? 1 : 10 * powerOfTen(exponent - 1);
+}
 // Grid point positions are 32-bit signed whole numbers in units of the last
 // decimal place.
 constexpr qint64 PositionMinimum = std::numeric_limits<qint32>::min();
@@ -94,6 +101,15 @@ CatalogueEntry axisNumber(const QString &coordinate, int decimals, qint64 native
     return info;
 }
 
+// A setting of each cam table's editor, one element per table: how the
+// editor scales the curve over time is kept in the drive with the table.
+CatalogueEntry tableSetting(const QString &coordinate, const QStringList &names, const QString &shortText)
+{
+    CatalogueEntry info = tableArray(coordinate, CatalogueEntry::Enumeration, names.size() - 1, shortText);
+    info.names = names;
+    return info;
+}
+
 } // namespace
 
 QString masterArrayCoordinate(int table)
@@ -131,6 +147,20 @@ QList<CatalogueEntry> parameterCatalogue()
                                 QStringLiteral("Weg pro Abtriebsumdrehung"), QStringLiteral("I09")));
     catalogue.append(axisNumber(QStringLiteral("I12"), 0, 1, QStringLiteral("Getriebe Motorumdrehungen")));
     catalogue.append(axisNumber(QStringLiteral("I13"), 0, 1, QStringLiteral("Getriebe Abtriebsumdrehungen")));
+    catalogue.append(tableSetting(QStringLiteral("G437"),
+                                  { QStringLiteral("Master-Einheit"), QStringLiteral("Zykluszeit") },
+                                  QStringLiteral("Kurvenscheibe Skalierung Master-Achse")));
+    CatalogueEntry cycleTime = tableArray(QStringLiteral("G438"), CatalogueEntry::Number,
+                                          std::numeric_limits<qint32>::max(), QStringLiteral("Kurvenscheibe Zykluszeit"));
+    cycleTime.decimalPlaces = CycleTimeDecimals;
+    cycleTime.nativeMinimum = 1;
+    cycleTime.defaultNative = powerOfTen(CycleTimeDecimals);  // 1 s
+    cycleTime.unit = QStringLiteral("s");
+    catalogue.append(cycleTime);
+    catalogue.append(tableSetting(QStringLiteral("G439"),
+                                  { QStringLiteral("Master-Slave"), QStringLiteral("Upm-Abtrieb"),
+                                    QStringLiteral("Upm-Motor") },
+                                  QStringLiteral("Kurvenscheibe Skalierung Geschwindigkeit")));
     return catalogue;
 }
 

@@ -26,8 +26,9 @@ struct CatalogueEntry {
 };
 
 // Every parameter the cam editor uses: the 16 pairs of grid point arrays,
-// the per-table bookkeeping arrays, the position units and precision, and
-// the feed and gear of each axis.
+// the per-table bookkeeping arrays, the position units and precision, the
+// feed and gear of each axis, and the per-table scaling of the editor
+// ("G437" master axis scaling, "G438" cycle time, "G439" velocity scaling).
 QList<CatalogueEntry> parameterCatalogue();
 
 // Grid point arrays of a cam table (0..15): master odd, slave the next even.

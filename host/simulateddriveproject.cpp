@@ -2,11 +2,12 @@
 // form, as indented text JSON.
 #include "simulateddrive.h"
 
+#include "atomicfilewriter.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <cmath>
 
@@ -183,14 +184,7 @@ bool SimulatedDrive::load(const QString &path, QString *errorString)
 
 bool SimulatedDrive::save(const QString &path, QString *errorString) const
 {
-    QSaveFile file(path);
-    const QByteArray bytes = toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        if (errorString)
-            *errorString = file.errorString();
-        return false;
-    }
-    return true;
+    return VxUtilities::AtomicFileWriter::write(path, toJson(), errorString);
 }
 
 } // namespace MxSimulation

@@ -1,4 +1,6 @@
 target_sources(MxHostSuite PRIVATE
+    ${CMAKE_CURRENT_LIST_DIR}/atomicfilewriter.h
+    ${CMAKE_CURRENT_LIST_DIR}/atomicfilewriter.cpp
     ${CMAKE_CURRENT_LIST_DIR}/defaultpathsetting.h
     ${CMAKE_CURRENT_LIST_DIR}/defaultpathsetting.cpp
     ${CMAKE_CURRENT_LIST_DIR}/helpwidget.h

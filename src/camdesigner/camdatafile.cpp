@@ -1,9 +1,11 @@
 #include "camdatafile.h"
 
+#include "atomicfilewriter.h"
+#include "camdescriptionimplementation.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QtEndian>
 
 bool CamDataFile::isTextJsonPath(const QString &path)
@@ -44,6 +46,67 @@ QJsonObject CamDataFile::parseText(const QByteArray &data, bool *valid)
     return document.object();
 }
 
+namespace {
+
+QString typeName(QJsonValue::Type type)
+{
+    switch (type) {
+    case QJsonValue::Bool:
+        return CamDataFile::tr("ein Wahrheitswert (true oder false)");
+    case QJsonValue::Double:
+        return CamDataFile::tr("eine Zahl");
+    case QJsonValue::String:
+        return CamDataFile::tr("ein Text");
+    case QJsonValue::Array:
+        return CamDataFile::tr("eine Liste");
+    case QJsonValue::Object:
+        return CamDataFile::tr("ein Objekt");
+    default:
+        return QString();
+    }
+}
+
+// Why the bytes hold no cam definition data; empty when they do, and the
+// object is read.
+QString whatIsWrong(const QString &path, const QByteArray &bytes, QJsonObject *read)
+{
+    QJsonObject object;
+    if (CamDataFile::isTextJsonPath(path)) {
+        QJsonParseError error;
+        const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+        if (error.error != QJsonParseError::NoError)
+            return CamDataFile::tr("Fehler im JSON-Text an Position %1: %2").arg(error.offset).arg(error.errorString());
+        if (!document.isObject())
+            return CamDataFile::tr("Das JSON-Dokument ist kein Objekt.");
+        object = document.object();
+    } else {
+        bool valid = false;
+        object = CamDataFile::parseBinary(bytes, &valid);
+        if (!valid) {
+            QString reason = CamDataFile::tr("Die Datei enthält kein binäres JSON-Objekt (Qt 5).");
+            // The editor saves text whatever the suffix; say so where that is what the file holds.
+            if (QJsonDocument::fromJson(bytes).isObject())
+                reason += QLatin1Char(' ') + CamDataFile::tr("Sie enthält JSON-Text; mit der Endung „.json“ "
+                                                             "lässt sie sich öffnen.");
+            return reason;
+        }
+    }
+    QJsonValue::Type expected = QJsonValue::Undefined;
+    const QString member = CamDescriptionImplementation::wrongMember(object, &expected);
+    if (!member.isEmpty())
+        return CamDataFile::tr("„%1“ hat den falschen Typ; erwartet wird %2.").arg(member, typeName(expected));
+    *read = object;
+    return QString();
+}
+
+} // namespace
+
+QString CamDataFile::damagedFileMessage(const QString &path, const QString &reason)
+{
+    return tr("Die Datei „%1“ enthält keine gültigen Kurvendefinitionsdaten und wurde nicht geladen.\n%2")
+        .arg(QFileInfo(path).fileName(), reason);
+}
+
 QJsonObject CamDataFile::read(const QString &path, ReadStatus *status, QString *errorString)
 {
     QFile file(path);
@@ -54,29 +117,19 @@ QJsonObject CamDataFile::read(const QString &path, ReadStatus *status, QString *
             *errorString = file.errorString();
         return QJsonObject();
     }
-    const QByteArray bytes = file.readAll();
-    bool valid = false;
-    const QJsonObject object = isTextJsonPath(path) ? parseText(bytes, &valid) : parseBinary(bytes, &valid);
+    QJsonObject object;
+    const QString reason = whatIsWrong(path, file.readAll(), &object);
     if (status)
-        *status = valid ? ReadStatus::Loaded : ReadStatus::Invalid;
+        *status = reason.isEmpty() ? ReadStatus::Loaded : ReadStatus::Invalid;
     if (errorString)
-        errorString->clear();
+        *errorString = reason;
     return object;
 }
 
 bool CamDataFile::save(const QJsonObject &data, const QString &path, QString *errorString)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        if (errorString)
-            *errorString = file.errorString();
-        return false;
-    }
-    file.write(QJsonDocument(data).toJson(QJsonDocument::Indented));
-    if (!file.commit()) {
-        if (errorString)
-            *errorString = file.errorString();
-        return false;
-    }
-    return true;
+    // Every write is checked: a full disk is reported with the system's
+    // reason, and the old file stays as it was.
+    return VxUtilities::AtomicFileWriter::write(path, QJsonDocument(data).toJson(QJsonDocument::Indented),
+                                                errorString);
 }

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -229,16 +230,59 @@ bool CamDescriptionImplementation::saveToFile(const QString &path, QString *erro
     return CamDataFile::save(toJson(), path, errorString);
 }
 
-bool CamDescriptionImplementation::loadFromFile(const QString &path)
+bool CamDescriptionImplementation::loadFromFile(const QString &path, QString *message)
 {
     CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
-    const QJsonObject data = CamDataFile::read(path, &status, nullptr);
+    QString reason;
+    const QJsonObject data = CamDataFile::read(path, &status, &reason);
     if (status == CamDataFile::ReadStatus::Unreadable) {
         qWarning("Couldn't open save file.");
         return false;
     }
+    // A damaged file the user chose must not replace the cam with defaults:
+    // nothing is loaded and nothing goes onto the undo stack.
+    if (status == CamDataFile::ReadStatus::Invalid) {
+        if (message)
+            *message = CamDataFile::damagedFileMessage(path, reason);
+        return false;
+    }
     loadWithUndo(data, QFileInfo(path).fileName());
     return true;
+}
+
+QString CamDescriptionImplementation::wrongMember(const QJsonObject &data, QJsonValue::Type *expected)
+{
+    const std::pair<QLatin1String, QJsonValue::Type> members[] = { { MotionLawKey, QJsonValue::String },
+                                                                   { CyclicKey, QJsonValue::Bool },
+                                                                   { MotionPointsKey, QJsonValue::Array },
+                                                                   { StepsKey, QJsonValue::Object },
+                                                                   { CircularLengthKey, QJsonValue::Double } };
+    for (const auto &[key, type] : members) {
+        const QJsonValue value = data.value(key);
+        if (!value.isUndefined() && value.type() != type) {
+            *expected = type;
+            return key;
+        }
+    }
+    // Master, slave and segment type; a point may leave out trailing values.
+    const QJsonValue::Type pointTypes[] = { QJsonValue::Double, QJsonValue::Double, QJsonValue::String };
+    const QJsonArray points = data.value(MotionPointsKey).toArray();
+    for (int row = 0; row < points.size(); ++row) {
+        const QString where = QStringLiteral("%1[%2]").arg(MotionPointsKey).arg(row);
+        if (!points.at(row).isArray()) {
+            *expected = QJsonValue::Array;
+            return where;
+        }
+        const QJsonArray values = points.at(row).toArray();
+        for (int column = 0; column < std::min(values.size(), int(std::size(pointTypes))); ++column) {
+            if (values.at(column).type() != pointTypes[column]) {
+                *expected = pointTypes[column];
+                return QStringLiteral("%1[%2]").arg(where).arg(column);
+            }
+        }
+    }
+    const QString step = Steps::wrongMember(data.value(StepsKey).toObject(), expected);
+    return step.isEmpty() ? QString() : QStringLiteral("%1.%2").arg(StepsKey, step);
 }
 
 void CamDescriptionImplementation::attachNewPoint(int x, int y, MotionPoint::movementRules rule)

@@ -63,8 +63,16 @@ public:
     // Saves the data as indented text JSON, whatever the suffix. The file is
     // replaced atomically: a failed save leaves the old file as it was.
     bool saveToFile(const QString &path, QString *errorString) const;
-    // Loads a file through the undo stack, named after the file.
-    bool loadFromFile(const QString &path);
+    // Loads a file through the undo stack, named after the file. A file that
+    // holds no cam definition data of the expected form changes nothing and
+    // gives false with the message to show; a file that cannot be opened
+    // gives false with no message (it is only logged).
+    bool loadFromFile(const QString &path, QString *message = nullptr);
+
+    // The first member of an object that fromJson would read as its default
+    // although it is there, because it has another type, as a path such as
+    // "MotionPoints[2][0]" or "Steps.dynamicSteps"; empty when there is none.
+    static QString wrongMember(const QJsonObject &data, QJsonValue::Type *expected);
 
 public slots:
     void attachNewPoint(int x, int y, MotionPoint::movementRules rule);

@@ -2,8 +2,9 @@
 
 #include "curvetextconverter.h"
 
+#include "atomicfilewriter.h"
+
 #include <QPolygonF>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -187,11 +188,11 @@ bool CurveTextWriter::write(const QString &path, const QVector<QPointF> &points,
     const QString text = toText(points, error);
     if (text.isEmpty())
         return false;
-    QSaveFile file(path);
+    QString reason;
     // The text holds digits, signs and separators only.
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.toLatin1()) < 0 || !file.commit()) {
+    if (!VxUtilities::AtomicFileWriter::write(path, text.toLatin1(), &reason)) {
         if (error)
-            *error = tr("Die Datei %1 kann nicht geschrieben werden: %2").arg(path, file.errorString());
+            *error = tr("Die Datei %1 kann nicht geschrieben werden: %2").arg(path, reason);
         return false;
     }
     return true;

@@ -5,6 +5,8 @@
 
 #include <QLocale>
 
+#include <cmath>
+
 #include <limits>
 
 namespace {
@@ -13,6 +15,18 @@ constexpr int FallbackDecimalPlaces = 3;
 const char TravelPerRevolution[] = "I07";
 const char MotorRevolutions[] = "I12";
 const char OutputRevolutions[] = "I13";
+// One element per cam table.
+const char MasterAxisScalingSetting[] = "G437";
+const char CycleTimeSetting[] = "G438";
+const char VelocityScalingSetting[] = "G439";
+// The drive keeps the cycle time in tenths of a millisecond, the precision
+// the scaling view offers.
+constexpr double CycleTimePerSecond = 1e4;
+
+MxParameterDefinition::ParameterCoordinate coordinateOf(const char *text)
+{
+    return MxParameterDefinition::ParameterCoordinate(QLatin1String(text));
+}
 } // namespace
 
 ScalingImplementation::ScalingImplementation(ParameterModel *parameterModel, QObject *parent)
@@ -23,6 +37,12 @@ ScalingImplementation::ScalingImplementation(ParameterModel *parameterModel, QOb
         connect(m_parameterModel, &ParameterModel::valueChanged, this, &Scaling::changed);
         connect(m_parameterModel, &ParameterModel::decimalPlacesChanged, this, &Scaling::changed);
     }
+    connect(this, &Scaling::masterAxisScalingChanged, this,
+            [this] { writeSetting(MasterAxisScalingSetting, masterAxisScaling()); });
+    connect(this, &Scaling::cycleTimeChanged, this,
+            [this] { writeSetting(CycleTimeSetting, std::llround(cycleTime() * CycleTimePerSecond)); });
+    connect(this, &Scaling::velocityScalingChanged, this,
+            [this] { writeSetting(VelocityScalingSetting, velocityScaling()); });
 }
 
 int ScalingImplementation::decimalPlaces() const
@@ -71,20 +91,64 @@ void ScalingImplementation::setDrive(MxParameterInstance::ParameterContainer *co
 {
     if (m_container == container && m_livingSpace == livingSpace)
         return;
-    for (const char *coordinate : { TravelPerRevolution, MotorRevolutions, OutputRevolutions }) {
-        const MxParameterDefinition::ParameterCoordinate parameter { QLatin1String(coordinate) };
+    using MxParameterInstance::ParameterInformation;
+    for (const char *coordinate : { TravelPerRevolution, MotorRevolutions, OutputRevolutions, MasterAxisScalingSetting,
+                                    CycleTimeSetting, VelocityScalingSetting }) {
         if (m_container) {
-            if (MxParameterInstance::ParameterInformation *information = m_container->definition(parameter))
+            if (ParameterInformation *information = m_container->definition(coordinateOf(coordinate)))
                 disconnect(information, nullptr, this, nullptr);
         }
-        if (container) {
-            if (MxParameterInstance::ParameterInformation *information = container->definition(parameter))
-                connect(information, &MxParameterInstance::ParameterInformation::valueChanged, this, &Scaling::changed);
+    }
+    if (container) {
+        for (const char *coordinate : { TravelPerRevolution, MotorRevolutions, OutputRevolutions }) {
+            if (ParameterInformation *information = container->definition(coordinateOf(coordinate)))
+                connect(information, &ParameterInformation::valueChanged, this, &Scaling::changed);
+        }
+        for (const char *coordinate : { MasterAxisScalingSetting, CycleTimeSetting, VelocityScalingSetting }) {
+            if (ParameterInformation *information = container->definition(coordinateOf(coordinate)))
+                connect(information, &ParameterInformation::valueChanged, this, &ScalingImplementation::readSettings);
         }
     }
     m_container = container;
     m_livingSpace = livingSpace;
+    readSettings();
     emit changed();
+}
+
+void ScalingImplementation::readSettings()
+{
+    if (!m_container || !m_parameterModel)
+        return;
+    const int table = m_parameterModel->camTable();
+    const auto read = [this, table](const char *coordinate, qint64 *native) {
+        bool ok = false;
+        *native = m_container->readValueNative(m_livingSpace, coordinateOf(coordinate), table).toLongLong(&ok);
+        return ok;
+    };
+    // Values taken from the drive are not written back to it.
+    m_reading = true;
+    qint64 native = 0;
+    if (read(MasterAxisScalingSetting, &native) && native >= 0 && native <= CycleTime)
+        setMasterAxisScaling(int(native));
+    if (read(CycleTimeSetting, &native) && native > 0)
+        setCycleTime(double(native) / CycleTimePerSecond);
+    if (read(VelocityScalingSetting, &native) && native >= 0 && native <= RpmMotor)
+        setVelocityScaling(int(native));
+    m_reading = false;
+}
+
+void ScalingImplementation::writeSetting(const char *coordinate, qint64 native)
+{
+    if (m_reading || !m_container || !m_parameterModel)
+        return;
+    const int table = m_parameterModel->camTable();
+    const MxParameterDefinition::ParameterCoordinate parameter = coordinateOf(coordinate);
+    bool ok = false;
+    if (m_container->readValueNative(m_livingSpace, parameter, table).toLongLong(&ok) == native && ok)
+        return;
+    // A drive that refuses (read-only) keeps its value; the editor shows the
+    // new one until the drive's next change of the setting.
+    m_container->writeValueNative(m_livingSpace, parameter, table, QString::number(native));
 }
 
 double ScalingImplementation::axisNumber(const char *coordinate) const

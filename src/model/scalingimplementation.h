@@ -36,13 +36,22 @@ public:
 
     // The drive whose feed and gear scale velocities into revolutions per
     // minute, and the living space of the axis. Their changes end in changed().
+    // The selectors and the cycle time are the drive's as well: they are read
+    // from the table's element of "G437", "G438" and "G439", follow the
+    // drive's changes, and every change made here is written there, so that
+    // they persist with the drive's parameters. A drive without them (or one
+    // that refuses the write) leaves them to this object alone.
     void setDrive(MxParameterInstance::ParameterContainer *container, int livingSpace);
 
 private:
+    void readSettings();
+    void writeSetting(const char *coordinate, qint64 native);
+
     // A positive number of the axis, NaN when unreadable or not positive.
     double axisNumber(const char *coordinate) const;
 
     QPointer<ParameterModel> m_parameterModel;
     QPointer<MxParameterInstance::ParameterContainer> m_container;
     int m_livingSpace = 0;
+    bool m_reading = false;
 };

@@ -3,6 +3,7 @@
 #include <QJsonValue>
 
 #include <cmath>
+#include <utility>
 #include <limits>
 
 namespace {
@@ -64,6 +65,21 @@ QJsonObject Steps::toJson() const
     object.insert(IsDynamicKey, m_isDynamicStepSize);
     object.insert(StaticStepSizeKey, m_staticStepSize);
     return object;
+}
+
+QString Steps::wrongMember(const QJsonObject &object, QJsonValue::Type *expected)
+{
+    const std::pair<QLatin1String, QJsonValue::Type> members[] = { { IsDynamicKey, QJsonValue::Bool },
+                                                                   { StaticStepSizeKey, QJsonValue::Double },
+                                                                   { DynamicStepsKey, QJsonValue::Double } };
+    for (const auto &[key, type] : members) {
+        const QJsonValue value = object.value(key);
+        if (!value.isUndefined() && value.type() != type) {
+            *expected = type;
+            return key;
+        }
+    }
+    return QString();
 }
 
 void Steps::fromJson(const QJsonObject &object)

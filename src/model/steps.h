@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QJsonValue>
 #include <QObject>
 
 // How finely the curve is sampled into grid points: a number of steps over
@@ -24,6 +25,9 @@ public:
 
     QJsonObject toJson() const;
     void fromJson(const QJsonObject &object);
+    // The first member that fromJson would read as its default although it is
+    // there, because it has another type; empty when there is none.
+    static QString wrongMember(const QJsonObject &object, QJsonValue::Type *expected);
 
 signals:
     void dynamicStepResolutionChanged();

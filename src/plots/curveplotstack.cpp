@@ -1,5 +1,6 @@
 #include "curveplotstack.h"
 
+#include "atomicfilewriter.h"
 #include "camdesigner/filedialog.h"
 #include "camdesigner/messagebox.h"
 #include "curves/motionplan.h"
@@ -14,6 +15,7 @@
 #include "views/motionpointediting.h"
 
 #include <QAction>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,7 +25,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <QVBoxLayout>
 
@@ -363,7 +364,7 @@ void CurvePlotStack::showWholeCurve()
     updateScales();
 }
 
-bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quantity)
+bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quantity, QString *errorString)
 {
     // The picture shows the scales of the current curves.
     if (m_replotPending)
@@ -399,14 +400,14 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
     };
     const QString suffix = QFileInfo(path).suffix().toLower();
     const QRectF area(QPointF(0.0, 0.0), QSizeF(size));
-    // Written whole or not at all: an existing picture stays until the new
-    // one is complete.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
+    // Rendered into memory first, then written whole or not at all: an
+    // existing picture stays until the new one is complete, also on a full disk.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator generator;
-        generator.setOutputDevice(&file);
+        generator.setOutputDevice(&buffer);
         generator.setSize(size);
         generator.setViewBox(area);
         QPainter painter;
@@ -416,7 +417,7 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
         if (!painter.end())
             return false;
     } else if (suffix == QLatin1String("pdf")) {
-        QPdfWriter writer(&file);
+        QPdfWriter writer(&buffer);
         // One point per pixel, the page the size of the picture.
         writer.setResolution(72);
         writer.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
@@ -433,10 +434,11 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
         QPainter painter(&image);
         render(painter, area);
         painter.end();
-        if (!image.save(&file, "PNG"))
+        if (!image.save(&buffer, "PNG"))
             return false;
     }
-    return file.commit();
+    buffer.close();
+    return VxUtilities::AtomicFileWriter::write(path, bytes, errorString);
 }
 
 void CurvePlotStack::exportPlots()
@@ -452,9 +454,12 @@ void CurvePlotStack::exportPlot(int quantity)
     if (path.isEmpty())
         return;
     const QSize shown = quantity < 0 ? size() : m_plots[quantity]->size();
-    if (!exportTo(path, shown, quantity)) {
+    QString reason;
+    if (!exportTo(path, shown, quantity, &reason)) {
+        // The system's reason (a full disk, a missing directory) follows as it comes.
         MessageBox::warning(this, tr("Exportieren nicht möglich"),
-                            tr("Die Datei %1 konnte nicht geschrieben werden.").arg(path));
+                            tr("Die Datei %1 konnte nicht geschrieben werden.").arg(path)
+                                + (reason.isEmpty() ? QString() : QLatin1Char('\n') + reason));
         return;
     }
     defaultPath.setPath(path);

@@ -50,8 +50,9 @@ public:
     void setCurvesVisible(bool calculated, bool visible);
 
     // Renders the visible plots stacked (or the one given) as shown, into a
-    // PNG, SVG or PDF file as its suffix says. False when it cannot be written.
-    bool exportTo(const QString &path, const QSize &size, int quantity = -1);
+    // PNG, SVG or PDF file as its suffix says. False when it cannot be
+    // written, with the system's reason where there is one.
+    bool exportTo(const QString &path, const QSize &size, int quantity = -1, QString *errorString = nullptr);
     // The curves are up to date at once; the drawing follows once the event
     // loop has handled the change.
     bool isReplotPending() const;

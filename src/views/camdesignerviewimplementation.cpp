@@ -311,8 +311,15 @@ void CamDesignerViewImplementation::openImportMotionPlanDialog()
     const QString path = FileDialog::getOpenFileName(this, tr("Kurvendefinitionsdaten öffnen"), defaultPath.path(),
                                                      tr("Mx6-Kurvendefinitionsdaten (*.json *.dat)"));
     // A cancelled dialog is tried as a file too and ends in the log: kept.
-    if (description->loadFromFile(path))
+    QString message;
+    if (description->loadFromFile(path, &message)) {
         defaultPath.setPath(path);
+        return;
+    }
+    // A damaged file is not silently taken as the defaults: the user is told
+    // what is wrong and the cam stays as it was.
+    if (!message.isEmpty())
+        MessageBox::warning(this, tr("Kurvendefinitionsdaten nicht geladen"), message);
 }
 
 void CamDesignerViewImplementation::openExportMotionPlanDialog()

@@ -2,11 +2,13 @@
 #include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/controller.h"
 #include "binaryjson.h"
+#include "fulldisk.h"
 #include "jsontext.h"
 #include "testfiles.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -30,6 +32,9 @@ private slots:
     void saveWritesIndentedTextWhateverTheSuffix();
     void failedSaveLeavesNoFile();
     void loadFromFile();
+    void damagedFileChangesNothing_data();
+    void damagedFileChangesNothing();
+    void fullDiskKeepsTheOldFile();
 
 private:
     QTemporaryDir m_dir;
@@ -75,9 +80,11 @@ void tst_CamDataFile::saveWritesIndentedTextWhateverTheSuffix()
         QVERIFY(description.saveToFile(path, &error));
         QCOMPARE(readFile(path), QJsonDocument(sample()).toJson(QJsonDocument::Indented));
         // Deliberate asymmetry: ".dat" is saved as text but read as binary,
-        // so a saved ".dat" reads back as defaults.
+        // so a saved ".dat" does not read back (it is refused, not the defaults).
         const bool text = name.endsWith(QLatin1String(".json"));
-        QCOMPARE(CamDataFile::read(path, nullptr, nullptr), text ? sample() : QJsonObject());
+        CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Unreadable;
+        QCOMPARE(CamDataFile::read(path, &status, nullptr), text ? sample() : QJsonObject());
+        QCOMPARE(status, text ? CamDataFile::ReadStatus::Loaded : CamDataFile::ReadStatus::Invalid);
     }
 }
 
@@ -115,6 +122,82 @@ void tst_CamDataFile::loadFromFile()
     QVERIFY(!description.loadFromFile(QString()));
     QCOMPARE(stack.count(), 1);
     QCOMPARE(description.toJson(), sample());
+}
+
+void tst_CamDataFile::damagedFileChangesNothing_data()
+{
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    const QString wrongType = QStringLiteral("„%1“ hat den falschen Typ; erwartet wird %2.");
+    QTest::newRow("truncated text") << "plan.json" << QByteArray(R"({"Cyclic": tr)")
+                                    << "Fehler im JSON-Text an Position 12: illegal value";
+    QTest::newRow("empty text") << "plan.json" << QByteArray() << "Fehler im JSON-Text an Position 0: illegal value";
+    QTest::newRow("not an object") << "plan.json" << QByteArray("[1, 2]") << "Das JSON-Dokument ist kein Objekt.";
+    QTest::newRow("cyclic as text") << "plan.json" << QByteArray(R"({"Cyclic": "ja"})")
+                                    << wrongType.arg("Cyclic", "ein Wahrheitswert (true oder false)");
+    QTest::newRow("circular length null") << "plan.json" << QByteArray(R"({"CircularLength": null})")
+                                          << wrongType.arg("CircularLength", "eine Zahl");
+    QTest::newRow("points an object") << "plan.json" << QByteArray(R"({"MotionPoints": {}})")
+                                      << wrongType.arg("MotionPoints", "eine Liste");
+    QTest::newRow("a point a number") << "plan.json" << QByteArray(R"({"MotionPoints": [[0, 0], 5]})")
+                                      << wrongType.arg("MotionPoints[1]", "eine Liste");
+    QTest::newRow("a slave as text") << "plan.json" << QByteArray(R"({"MotionPoints": [[0, "0"]]})")
+                                     << wrongType.arg("MotionPoints[0][1]", "eine Zahl");
+    QTest::newRow("steps as text") << "plan.json" << QByteArray(R"({"Steps": {"dynamicSteps": "500"}})")
+                                   << wrongType.arg("Steps.dynamicSteps", "eine Zahl");
+    QTest::newRow("binary with a law of the wrong type")
+        << "plan.dat" << binaryJsonOf(parseJson(R"({"MotionLaw": 1})")) << wrongType.arg("MotionLaw", "ein Text");
+    QTest::newRow("no binary JSON") << "plan.dat" << QByteArray("qbjs garbage")
+                                    << "Die Datei enthält kein binäres JSON-Objekt (Qt 5).";
+    // What the editor itself saves as ".dat": the user learns how to open it.
+    QTest::newRow("text saved as .dat") << "plan.dat" << QJsonDocument(sample()).toJson()
+                                        << "Die Datei enthält kein binäres JSON-Objekt (Qt 5). Sie enthält JSON-Text; "
+                                           "mit der Endung „.json“ lässt sie sich öffnen.";
+}
+
+// A damaged file the user chose is refused with what is wrong with it: the
+// cam, its signals and the undo stack stay as they were.
+void tst_CamDataFile::damagedFileChangesNothing()
+{
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    const QString path = m_dir.filePath(fileName);
+    QVERIFY(writeFile(path, bytes));
+    CamDataFile::ReadStatus status = CamDataFile::ReadStatus::Loaded;
+    QString error;
+    QCOMPARE(CamDataFile::read(path, &status, &error), QJsonObject());
+    QCOMPARE(status, CamDataFile::ReadStatus::Invalid);
+    QCOMPARE(error, reason);
+
+    CamDescriptionImplementation description(nullptr, binaryJsonOf(sample()));
+    Controller stack;
+    description.setUndoStack(&stack);
+    const QSignalSpy changes(&description, &CamDescription::changed);
+    QString message;
+    QVERIFY(!description.loadFromFile(path, &message));
+    QCOMPARE(message, QStringLiteral("Die Datei „%1“ enthält keine gültigen Kurvendefinitionsdaten und wurde nicht "
+                                     "geladen.\n%2").arg(fileName, reason));
+    QCOMPARE(stack.count(), 0);
+    QCOMPARE(changes.count(), 0);
+    QCOMPARE(description.toJson(), sample());
+}
+
+void tst_CamDataFile::fullDiskKeepsTheOldFile()
+{
+    FullDisk disk;
+    if (!disk.isMounted())
+        QSKIP("a tmpfs cannot be mounted here (needs root)");
+    const QString path = disk.filePath(QStringLiteral("plan.json"));
+    const QByteArray old = QJsonDocument(parseJson(R"({"Cyclic": true})")).toJson();
+    QVERIFY(writeFile(path, old));
+    QVERIFY(disk.fill());
+    QString error;
+    QVERIFY(!CamDataFile::save(sample(), path, &error));
+    QCOMPARE(error, FullDisk::noSpaceText());
+    QCOMPARE(readFile(path), old);
+    QCOMPARE(disk.files(), QStringList{ QStringLiteral("plan.json") });
 }
 
 QTEST_GUILESS_MAIN(tst_CamDataFile)

@@ -1,4 +1,11 @@
 #include "configuratortest.h"
+#include "fulldisk.h"
+
+#include "views/scalingview.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QProcess>
 
 using namespace ConfiguratorTest;
 
@@ -19,6 +26,10 @@ private slots:
     void closingAsks_data();
     void closingAsks();
     void language();
+    void fullDiskKeepsTheProject();
+    void unattendedRunRefusesADamagedProject_data();
+    void unattendedRunRefusesADamagedProject();
+    void scalingIsSavedWithTheProject();
 
 private:
     QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
@@ -163,6 +174,117 @@ void tst_ConfiguratorProject::language()
     actionNamed(&again, QStringLiteral("Deutsch"))->trigger();
     QCOMPARE(again.menuBar()->actions().at(1)->text(), QStringLiteral("&Antrieb"));
     QCOMPARE(QSettings().value(QStringLiteral("DriveConfigurator/language")).toString(), QStringLiteral("de"));
+}
+
+// A project saved onto a full disk: the user is told why, with the system's
+// reason, the file on disk is the old one and the changes are still unsaved.
+void tst_ConfiguratorProject::fullDiskKeepsTheProject()
+{
+    FullDisk disk;
+    if (!disk.isMounted())
+        QSKIP("a tmpfs cannot be mounted here (needs root)");
+    const QString path = disk.filePath(QStringLiteral("projekt.mxdrive"));
+    QVERIFY(QFile::copy(ExampleProject, path));
+    QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    const QByteArray before = readFile(path);
+    QVERIFY(disk.fill());
+
+    DriveConfiguratorWindow window;
+    QVERIFY(window.openProject(path));
+    window.project()->setDescription(5, window.project()->description(3));
+    MessageCapture messages;
+    actionNamed(&window, QStringLiteral("&Speichern"))->trigger();
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().title, QStringLiteral("Projekt kann nicht gespeichert werden"));
+    QCOMPARE(messages.last().text, QStringLiteral("Das Projekt kann nicht nach „projekt.mxdrive“ gespeichert werden: ")
+                                       + FullDisk::noSpaceText());
+    QCOMPARE(readFile(path), before);
+    QCOMPARE(disk.files(), QStringList{ QStringLiteral("projekt.mxdrive") });
+    QVERIFY(window.isWindowModified());
+    window.project()->setModified(false);
+}
+
+void tst_ConfiguratorProject::unattendedRunRefusesADamagedProject_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("screenshots") << QStringList{ QStringLiteral("--screenshots"), m_directory.filePath("bilder") };
+    QTest::newRow("measure") << QStringList{ QStringLiteral("--measure") };
+}
+
+// Screenshots and measurements run without a user: a damaged project is not
+// a box waiting for a click but a message on stderr and a failed run.
+void tst_ConfiguratorProject::unattendedRunRefusesADamagedProject()
+{
+    QFETCH(QStringList, options);
+    const QString damaged = m_directory.filePath(QStringLiteral("kaputt.mxdrive"));
+    writeFile(damaged, "{ \"Format\": \"MxDriveProject\", ");
+    QProcess run;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    run.setProcessEnvironment(environment);
+    run.start(QStringLiteral(DRIVECONFIGURATOR_PATH), options << damaged);
+    // Only a guard against a hang: a run that waits for a click never ends.
+    if (!run.waitForFinished(120000)) {
+        run.kill();
+        run.waitForFinished();
+        QFAIL("the run waited for a user");
+    }
+    QCOMPARE(run.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(run.exitCode(), 1);
+    const QString errors = QString::fromLocal8Bit(run.readAllStandardError());
+    QVERIFY2(errors.contains(QStringLiteral("Die Datei „kaputt.mxdrive“ ist kein Antriebsprojekt oder ist beschädigt.")),
+             qPrintable(errors));
+    QVERIFY(run.readAllStandardOutput().isEmpty());
+}
+
+// The cycle time and the selectors of the scaling are the drive's settings
+// of the table: changed in the editor, they are in the saved project and
+// come back in a fresh window.
+void tst_ConfiguratorProject::scalingIsSavedWithTheProject()
+{
+    const QString path = copyOfExample();
+    const auto fields = [](CamDesignerViewImplementation *editor) {
+        ScalingView *view = editor->scalingView();
+        return std::make_tuple(view->masterAxisBox(), view->cycleTimeEdit(), view->velocityBox());
+    };
+    {
+        DriveConfiguratorWindow window;
+        QVERIFY(window.openProject(path));
+        window.show();
+        CamDesignerViewImplementation *editor = openEditor(window, 4);
+        QVERIFY(editor);
+        auto [masterAxis, cycleTime, velocity] = fields(editor);
+        // Chosen and typed as the user does: arrow keys in the boxes, the
+        // time typed and confirmed.
+        masterAxis->setFocus();
+        QTest::keyClick(masterAxis, Qt::Key_Down);
+        velocity->setFocus();
+        QTest::keyClick(velocity, Qt::Key_Down);
+        QTest::keyClick(velocity, Qt::Key_Down);
+        cycleTime->setFocus();
+        cycleTime->selectAll();
+        QTest::keyClicks(cycleTime, QStringLiteral("0.0125"));
+        QTest::keyClick(cycleTime, Qt::Key_Return);
+        QCOMPARE(editor->undoStack()->count(), 4);
+        QVERIFY(window.isWindowModified());
+        actionNamed(&window, QStringLiteral("&Speichern"))->trigger();
+        QVERIFY(!window.isWindowModified());
+        editor->close();
+        // Another table keeps its own settings.
+        editor = openEditor(window, 5);
+        QCOMPARE(std::get<0>(fields(editor))->currentIndex(), 0);
+        editor->close();
+    }
+    DriveConfiguratorWindow fresh;
+    QVERIFY(fresh.openProject(path));
+    fresh.show();
+    CamDesignerViewImplementation *editor = openEditor(fresh, 4);
+    QVERIFY(editor);
+    const auto [masterAxis, cycleTime, velocity] = fields(editor);
+    QCOMPARE(masterAxis->currentIndex(), 1);
+    QCOMPARE(cycleTime->text(), QStringLiteral("0.0125"));
+    QCOMPARE(velocity->currentIndex(), 2);
+    editor->close();
 }
 
 QTEST_MAIN(tst_ConfiguratorProject)

@@ -129,9 +129,43 @@ private slots:
         QCOMPARE(scaling.derivativeFactor(1, 60.0), 60.0 * 60.0);  // without a drive one unit is one revolution
         QSignalSpy changed(&scaling, &Scaling::changed);
         scaling.setDrive(&bound.drive, BoundTable::LivingSpace);
+        // From now on the selector is the drive's (the table's default).
+        QCOMPARE(scaling.velocityScaling(), int(Scaling::MasterSlave));
+        scaling.setVelocityScaling(Scaling::RpmOutput);
         QVERIFY(bound.drive.writeValue(1, coordinate("I07"), 0, QStringLiteral("10")));
         QCOMPARE(changed.count(), 2);
         QCOMPARE(scaling.derivativeFactor(1, 60.0), 360.0);  // 60 °/s × 60 s/min / 10 mm a revolution
+    }
+
+    // The selectors and the cycle time are the table's element of the drive's
+    // settings: read when bound, written on every change, followed when the
+    // drive changes them; other tables keep theirs.
+    void settingsAreTheDrives()
+    {
+        const int table = 6;
+        BoundTable bound(table);
+        ScalingImplementation scaling(&bound.model());
+        QVERIFY(bound.drive.writeValueNative(0, coordinate("G438"), table, QStringLiteral("2500")));
+        QVERIFY(bound.drive.writeValueNative(0, coordinate("G439"), table, QStringLiteral("1")));
+        scaling.setDrive(&bound.drive, BoundTable::LivingSpace);
+        QCOMPARE(scaling.cycleTime(), 0.25);
+        QCOMPARE(scaling.velocityScaling(), int(Scaling::RpmOutput));
+
+        scaling.setMasterAxisScaling(Scaling::CycleTime);
+        scaling.setCycleTime(0.0125);
+        scaling.setVelocityScaling(Scaling::RpmMotor);
+        QCOMPARE(bound.drive.readValueNative(1, coordinate("G437"), table), QStringLiteral("1"));
+        QCOMPARE(bound.drive.readValueNative(1, coordinate("G438"), table), QStringLiteral("125"));
+        QCOMPARE(bound.drive.readValueNative(1, coordinate("G439"), table), QStringLiteral("2"));
+        QCOMPARE(bound.drive.readValueNative(1, coordinate("G438"), table + 1), QStringLiteral("10000"));
+
+        QSignalSpy cycle(&scaling, &Scaling::cycleTimeChanged);
+        QVERIFY(bound.drive.writeValue(0, coordinate("G438"), table, QStringLiteral("4")));
+        QCOMPARE(cycle.count(), 1);
+        QCOMPARE(scaling.cycleTime(), 4.0);
+        // Another table's change leaves this one as it is.
+        QVERIFY(bound.drive.writeValue(0, coordinate("G438"), table + 1, QStringLiteral("3")));
+        QCOMPARE(cycle.count(), 1);
     }
 
     void survivesTheParameterModel()

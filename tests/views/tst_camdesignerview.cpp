@@ -1,6 +1,7 @@
 #include "editorfixture.h"
 #include "fileanswer.h"
 #include "messagecapture.h"
+#include "testfiles.h"
 
 #include "camdesigner/controller.h"
 #include "camdesigner/filedialog.h"
@@ -314,6 +315,21 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     QCOMPARE(messages.last().icon, QMessageBox::Information);
     QCOMPARE(messages.last().title, QStringLiteral("Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt."));
     QVERIFY(!messages.last().text.isEmpty());
+
+    // A damaged file is refused with a message; the cam and the undo stack stay.
+    const QString damaged = files.filePath(QStringLiteral("kaputt.json"));
+    QVERIFY(writeFile(damaged, R"({"MotionPoints": [[0, 0], [90, 5)"));
+    const QJsonObject before = editor.description->toJson();
+    const int undoCount = window->undoStack()->count();
+    FileAnswer damagedAnswer(damaged);
+    actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten aus Datei importieren"))->trigger();
+    QCOMPARE(messages.count(), 2);
+    QCOMPARE(messages.last().icon, QMessageBox::Warning);
+    QCOMPARE(messages.last().title, QStringLiteral("Kurvendefinitionsdaten nicht geladen"));
+    QVERIFY2(messages.last().text.startsWith(QStringLiteral("Die Datei „kaputt.json“ enthält keine gültigen")),
+             qPrintable(messages.last().text));
+    QCOMPARE(editor.description->toJson(), before);
+    QCOMPARE(window->undoStack()->count(), undoCount);
     window->close();
 }
 

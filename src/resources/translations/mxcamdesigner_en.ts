@@ -28,6 +28,55 @@
     </message>
 </context>
 <context>
+    <name>CamDataFile</name>
+    <message>
+        <source>ein Wahrheitswert (true oder false)</source>
+        <translation>a boolean (true or false)</translation>
+    </message>
+    <message>
+        <source>eine Zahl</source>
+        <translation>a number</translation>
+    </message>
+    <message>
+        <source>ein Text</source>
+        <translation>a string</translation>
+    </message>
+    <message>
+        <source>eine Liste</source>
+        <translation>an array</translation>
+    </message>
+    <message>
+        <source>ein Objekt</source>
+        <translation>an object</translation>
+    </message>
+    <message>
+        <source>Fehler im JSON-Text an Position %1: %2</source>
+        <translation>Error in the JSON text at offset %1: %2</translation>
+    </message>
+    <message>
+        <source>Das JSON-Dokument ist kein Objekt.</source>
+        <translation>The JSON document is not an object.</translation>
+    </message>
+    <message>
+        <source>Die Datei enthält kein binäres JSON-Objekt (Qt 5).</source>
+        <translation>The file holds no binary JSON object (Qt 5).</translation>
+    </message>
+    <message>
+        <source>Sie enthält JSON-Text; mit der Endung „.json“ lässt sie sich öffnen.</source>
+        <translation>It holds JSON text; with the suffix “.json” it can be opened.</translation>
+    </message>
+    <message>
+        <source>„%1“ hat den falschen Typ; erwartet wird %2.</source>
+        <translation>“%1” has the wrong type; %2 is expected.</translation>
+    </message>
+    <message>
+        <source>Die Datei „%1“ enthält keine gültigen Kurvendefinitionsdaten und wurde nicht geladen.
+%2</source>
+        <translation>The file “%1” holds no valid cam definition data and was not loaded.
+%2</translation>
+    </message>
+</context>
+<context>
     <name>CamDesignerButton</name>
     <message>
         <source>Kurveneditor ist geöffnet.</source>
@@ -218,6 +267,10 @@
     <message>
         <source>Kurvendefinitionsdaten öffnen</source>
         <translation>Open cam definition data</translation>
+    </message>
+    <message>
+        <source>Kurvendefinitionsdaten nicht geladen</source>
+        <translation>Cam definition data not loaded</translation>
     </message>
     <message>
         <source>Mx6-Kurvendefinitionsdaten (*.json *.dat)</source>
