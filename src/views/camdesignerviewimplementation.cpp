@@ -20,6 +20,7 @@
 #include "resources/camdesignerresources.h"
 #include "comparisonview.h"
 #include "curvereportview.h"
+#include "editingshortcutguard.h"
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
 
@@ -208,6 +209,10 @@ void CamDesignerViewImplementation::connectActions()
     ui.actionUndo->setEnabled(false);
     ui.actionRedo->setEnabled(false);
     connect(ui.actionShowUndoView, &QAction::toggled, this, &CamDesignerViewImplementation::showUndoView);
+    // Ctrl+V and Ctrl+Del stay bound to writing and deleting the grid points,
+    // but a text field (and the point table, for Ctrl+V) keeps its own meaning
+    // of them: a paste never ends in the drive.
+    new EditingShortcutGuard(this);
 
     if (m_editorModel)
         connect(m_editorModel, &CamEditorModel::changed, this, &CamDesignerViewImplementation::onMotionPointsChanged);

@@ -10,6 +10,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/comparisonview.cpp
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.h
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/editingshortcutguard.h
+    ${CMAKE_CURRENT_LIST_DIR}/editingshortcutguard.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.h
