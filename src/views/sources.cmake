@@ -8,6 +8,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/comparisontablemodel.cpp
     ${CMAKE_CURRENT_LIST_DIR}/comparisonview.h
     ${CMAKE_CURRENT_LIST_DIR}/comparisonview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/countspinbox.h
+    ${CMAKE_CURRENT_LIST_DIR}/countspinbox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.h
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.cpp
     ${CMAKE_CURRENT_LIST_DIR}/editingshortcutguard.h

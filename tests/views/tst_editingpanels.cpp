@@ -220,7 +220,7 @@ void tst_EditingPanels::refusals_data()
     QTest::addColumn<int>("field");
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("message");
-    enum { Master, Slave, StepSize, CircularLength, CycleTime };
+    enum { Master, Slave, StepSize, CircularLength, CycleTime, Resolution };
     const QByteArray cyclic(CyclicCam);
     QTest::newRow("master too large") << cyclic << int(Master) << "3000000"
                                       << "Der Wert 3000000.000 ° ist zu groß, das Maximum ist 2147483.647 °";
@@ -241,6 +241,11 @@ void tst_EditingPanels::refusals_data()
     for (const char *input : { "0", "-1", "0.00004", "eins" })
         QTest::newRow(qPrintable(QStringLiteral("cycle time %1").arg(input)))
             << cyclic << int(CycleTime) << input << QString::fromUtf8(cycleMessage).arg(input);
+    // Refused as typed, not cut to the digits that fit (2000, 1600).
+    const char *countMessage = "%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen 2 und 16000 liegen.";
+    for (const char *input : { "20000", "16001", "1" })
+        QTest::newRow(qPrintable(QStringLiteral("grid point count %1").arg(input)))
+            << cyclic << int(Resolution) << input << QString::fromUtf8(countMessage).arg(input);
 }
 
 void tst_EditingPanels::refusals()
@@ -252,10 +257,15 @@ void tst_EditingPanels::refusals()
     Panels panels(cam.constData());
     panels.model()->scaling()->setMasterAxisScaling(Scaling::CycleTime);
     panels.tree->selectRow(0);
-    QLineEdit *edits[] = { panels.point->masterEdit(), panels.point->slaveEdit(), panels.settings->stepSizeEdit(),
-                           panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit() };
-    QLineEdit *edit = edits[field];
-    const QString shown = edit->text();
+    QWidget *fields[] = { panels.point->masterEdit(), panels.point->slaveEdit(), panels.settings->stepSizeEdit(),
+                          panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit(),
+                          panels.settings->resolutionBox() };
+    QWidget *edit = fields[field];
+    const auto shownText = [edit] {
+        auto *spin = qobject_cast<QSpinBox *>(edit);
+        return spin ? spin->text() : static_cast<QLineEdit *>(edit)->text();
+    };
+    const QString shown = shownText();
     const QString before = state(panels.editor);
     MessageCapture messages;
     type(edit, input);
@@ -263,7 +273,7 @@ void tst_EditingPanels::refusals()
     QCOMPARE(messages.last().text, message);
     QCOMPARE(panels.stack->count(), 0);
     QCOMPARE(state(panels.editor), before);
-    QCOMPARE(edit->text(), shown);
+    QCOMPARE(shownText(), shown);
 }
 
 // A new point goes halfway to the next one, or halfway to the end of the

@@ -342,6 +342,14 @@
         <source>Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer %1</source>
         <translation>The step size is too small. Please choose a value greater than %1</translation>
     </message>
+    <message>
+        <source>Ungültige Anzahl Stützstellen</source>
+        <translation>Invalid number of grid points</translation>
+    </message>
+    <message>
+        <source>%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen %2 und %3 liegen.</source>
+        <translation>%1 grid points are not possible. The number of grid points must lie between %2 and %3.</translation>
+    </message>
 </context>
 <context>
     <name>ChangeDynamicStepResolutionCommand</name>
