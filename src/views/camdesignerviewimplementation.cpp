@@ -23,6 +23,7 @@
 #include "editingshortcutguard.h"
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
+#include "seamquestion.h"
 
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
@@ -349,6 +350,8 @@ void CamDesignerViewImplementation::openImportParameterDialog()
 void CamDesignerViewImplementation::saveParameterValues()
 {
     if (!m_parameterModel || !m_editorModel || !m_editorModel->motionPlan())
+        return;
+    if (!SeamQuestion::confirmWrite(this, m_editorModel))
         return;
     m_parameterModel->writeGridPoints(m_editorModel->motionPlan()->positions());
 }

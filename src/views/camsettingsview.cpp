@@ -162,8 +162,13 @@ void CamSettingsView::onCircularLengthEdited(const QString &text)
         m_circularLength->revert();
         return;
     }
-    if (length != description->circularLength())
-        m_editing->undoStack()->push(new SetCircularLengthCommand(description, length));
+    if (length == description->circularLength())
+        return;
+    if (!m_editing->checkCircularLength(this, length)) {
+        m_circularLength->revert();
+        return;
+    }
+    m_editing->undoStack()->push(new SetCircularLengthCommand(description, length));
 }
 
 void CamSettingsView::onStepModeClicked()

@@ -29,5 +29,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.h
     ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingview.h
+    ${CMAKE_CURRENT_LIST_DIR}/seamquestion.h
+    ${CMAKE_CURRENT_LIST_DIR}/seamquestion.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingview.cpp
 )
