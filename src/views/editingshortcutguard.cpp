@@ -41,9 +41,9 @@ EditingShortcutGuard::EditingShortcutGuard(QWidget *window)
     : QObject(window)
     , m_window(window)
 {
-    // On the application, not on the window: a floating panel is a window of
-    // its own, where the override never reaches the main window, while the
-    // main window's shortcuts still apply there.
+    // On the application, not on the window: a floating panel may be a tool
+    // window of its own, where the override never reaches the main window,
+    // while the main window's shortcuts still apply there.
     qApp->installEventFilter(this);
 }
 

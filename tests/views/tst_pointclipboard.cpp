@@ -279,8 +279,9 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     QVERIFY(target);
     target->setFocus();
     QCOMPARE(QApplication::focusWidget(), target);
+    // A word deleted from "90.000" leaves "90.", the point's own master.
     if (auto *edit = qobject_cast<QLineEdit *>(target))
-        edit->setCursorPosition(0);
+        edit->setCursorPosition(outcome == WordDeleted ? 3 : 0);
     if (auto *spin = qobject_cast<QSpinBox *>(target))
         spin->selectAll();
     const auto text = [target] {
@@ -296,6 +297,7 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     const int commands = window->undoStack()->count();
 
     QTest::keyClick(target, Qt::Key(key), Qt::ControlModifier);
+    const QString after = text();  // before a focus change may finish the edit
     QCoreApplication::processEvents();
 
     const bool written = parameters->storedGridPoints().size() != stored;
@@ -307,9 +309,9 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     if (outcome == PastedPoints)
         QCOMPARE(window->undoStack()->text(commands), QStringLiteral("Füge 1 Bewegungspunkte ein"));
     if (outcome == PastedText)
-        QVERIFY2(text().contains(QStringLiteral("123")), qPrintable(text()));
+        QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
     if (outcome == WordDeleted)
-        QVERIFY2(text() != before && before.endsWith(text()), qPrintable(text()));
+        QVERIFY2(after != before && before.startsWith(after), qPrintable(after));
     window->close();
 }
 
