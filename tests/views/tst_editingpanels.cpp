@@ -262,6 +262,9 @@ void tst_EditingPanels::refusals_data()
     for (const char *input : { "20000", "16001", "1" })
         QTest::newRow(qPrintable(QStringLiteral("grid point count %1").arg(input)))
             << cyclic << int(Resolution) << input << QString::fromUtf8(countMessage).arg(input);
+    // A trailing tab: the edit ends by leaving the field instead of Enter.
+    QTest::newRow("grid point count 20000, field left") << cyclic << int(Resolution) << "20000\t"
+                                                        << QString::fromUtf8(countMessage).arg("20000");
 }
 
 void tst_EditingPanels::refusals()
@@ -284,7 +287,8 @@ void tst_EditingPanels::refusals()
     const QString shown = shownText();
     const QString before = state(panels.editor);
     MessageCapture messages;
-    type(edit, input);
+    const bool leave = input.endsWith(QLatin1Char('\t'));
+    type(edit, input.trimmed(), leave ? Qt::Key_Tab : Qt::Key_Return);
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().text, message);
     QCOMPARE(panels.stack->count(), 0);
