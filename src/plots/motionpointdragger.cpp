@@ -1,5 +1,6 @@
 #include "motionpointdragger.h"
 
+#include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/messagebox.h"
 #include "commands/editmotionpointcommand.h"
 #include "curveplot.h"
@@ -14,6 +15,7 @@
 
 #include <qwt_scale_map.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -92,6 +94,10 @@ bool MotionPointDragger::press(const QPoint &position)
     const double infinity = std::numeric_limits<double>::infinity();
     m_lowest = nearest > 0 ? m_editorModel->motionPointAt(nearest - 1)->master() : -infinity;
     m_highest = nearest + 1 < count ? m_editorModel->motionPointAt(nearest + 1)->master() : infinity;
+    // A cyclic cam starts again at its circular length: the point stays below it.
+    const CamDescriptionImplementation *description = m_editorModel->camDescription();
+    if (description->isCyclic())
+        m_highest = std::min(m_highest, description->circularLength());
     m_plot->canvas()->setFocus(Qt::MouseFocusReason);
     m_editorModel->beginCoarseSteps();
     return true;

@@ -12,8 +12,8 @@ class QUndoStack;
 class QWidget;
 
 // Drags motion points on the position plot. While the mouse is held the
-// point follows it, held strictly between its neighbours and rounded to the
-// drive's decimal places, and the model samples coarsely so that every plot
+// point follows it, held strictly between its neighbours (and below the
+// circular length of a cyclic cam) and rounded to the drive's decimal places, and the model samples coarsely so that every plot
 // follows live. The release leaves exactly one edit command on the undo
 // stack; Escape, or a release outside the drive's limits, puts the point
 // back and leaves nothing.

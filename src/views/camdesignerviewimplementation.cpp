@@ -20,8 +20,10 @@
 #include "resources/camdesignerresources.h"
 #include "comparisonview.h"
 #include "curvereportview.h"
+#include "editingshortcutguard.h"
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
+#include "seamquestion.h"
 
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
@@ -208,6 +210,10 @@ void CamDesignerViewImplementation::connectActions()
     ui.actionUndo->setEnabled(false);
     ui.actionRedo->setEnabled(false);
     connect(ui.actionShowUndoView, &QAction::toggled, this, &CamDesignerViewImplementation::showUndoView);
+    // Ctrl+V and Ctrl+Del stay bound to writing and deleting the grid points,
+    // but a text field (and the point table, for Ctrl+V) keeps its own meaning
+    // of them: a paste never ends in the drive.
+    new EditingShortcutGuard(this);
 
     if (m_editorModel)
         connect(m_editorModel, &CamEditorModel::changed, this, &CamDesignerViewImplementation::onMotionPointsChanged);
@@ -351,6 +357,8 @@ void CamDesignerViewImplementation::openImportParameterDialog()
 void CamDesignerViewImplementation::saveParameterValues()
 {
     if (!m_parameterModel || !m_editorModel || !m_editorModel->motionPlan())
+        return;
+    if (!SeamQuestion::confirmWrite(this, m_editorModel))
         return;
     m_parameterModel->writeGridPoints(m_editorModel->motionPlan()->positions());
 }

@@ -1,5 +1,6 @@
 #include "camsettingsview.h"
 
+#include "countspinbox.h"
 #include "motionpointediting.h"
 #include "positionlineedit.h"
 
@@ -43,7 +44,7 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     , m_circularLength(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
     , m_dynamic(new QRadioButton(tr("Dynamisch")))
     , m_static(new QRadioButton(tr("Statisch")))
-    , m_resolution(new QSpinBox)
+    , m_resolution(new CountSpinBox)
     , m_stepSize(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
     , m_warning(new QLabel)
 {
@@ -78,9 +79,15 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     connect(m_dynamic, &QRadioButton::clicked, this, &CamSettingsView::onStepModeClicked);
     connect(m_static, &QRadioButton::clicked, this, &CamSettingsView::onStepModeClicked);
     connect(m_resolution, &QSpinBox::editingFinished, this, &CamSettingsView::onResolutionFinished);
+    connect(m_resolution, &CountSpinBox::refused, this, &CamSettingsView::onResolutionRefused);
     connect(m_stepSize, &PositionLineEdit::edited, this, &CamSettingsView::onStepSizeEdited);
     connect(editing->editorModel(), &CamEditorModel::changed, this, &CamSettingsView::refresh);
     refresh();
+}
+
+QSpinBox *CamSettingsView::resolutionBox() const
+{
+    return m_resolution;
 }
 
 void CamSettingsView::refresh()
@@ -155,8 +162,13 @@ void CamSettingsView::onCircularLengthEdited(const QString &text)
         m_circularLength->revert();
         return;
     }
-    if (length != description->circularLength())
-        m_editing->undoStack()->push(new SetCircularLengthCommand(description, length));
+    if (length == description->circularLength())
+        return;
+    if (!m_editing->checkCircularLength(this, length)) {
+        m_circularLength->revert();
+        return;
+    }
+    m_editing->undoStack()->push(new SetCircularLengthCommand(description, length));
 }
 
 void CamSettingsView::onStepModeClicked()
@@ -174,6 +186,16 @@ void CamSettingsView::onResolutionFinished()
     if (m_refreshing || m_resolution->value() == steps->dynamicStepResolution())
         return;
     m_editing->undoStack()->push(new ChangeDynamicStepResolutionCommand(m_resolution->value(), steps));
+}
+
+void CamSettingsView::onResolutionRefused(const QString &typed)
+{
+    MessageBox::warning(this, tr("Ungültige Anzahl Stützstellen"),
+                        tr("%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen %2 und %3 "
+                           "liegen.")
+                            .arg(typed)
+                            .arg(MinimumResolution)
+                            .arg(MaximumResolution));
 }
 
 void CamSettingsView::onStepSizeEdited(const QString &text)

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class CountSpinBox;
 class MotionPointEditing;
 class PositionLineEdit;
 class QCheckBox;
@@ -24,7 +25,7 @@ public:
     PositionLineEdit *circularLengthEdit() const { return m_circularLength; }
     QRadioButton *dynamicButton() const { return m_dynamic; }
     QRadioButton *staticButton() const { return m_static; }
-    QSpinBox *resolutionBox() const { return m_resolution; }
+    QSpinBox *resolutionBox() const;
     PositionLineEdit *stepSizeEdit() const { return m_stepSize; }
     QLabel *warningLabel() const { return m_warning; }
 
@@ -39,6 +40,7 @@ private:
     void onCircularLengthEdited(const QString &text);
     void onStepModeClicked();
     void onResolutionFinished();
+    void onResolutionRefused(const QString &typed);
     void onStepSizeEdited(const QString &text);
 
     const MotionPointEditing *m_editing;
@@ -47,7 +49,7 @@ private:
     PositionLineEdit *m_circularLength;
     QRadioButton *m_dynamic;
     QRadioButton *m_static;
-    QSpinBox *m_resolution;
+    CountSpinBox *m_resolution;
     PositionLineEdit *m_stepSize;
     QLabel *m_warning;
     // Set while the fields show the model, so that nothing pushes meanwhile.

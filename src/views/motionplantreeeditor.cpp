@@ -19,6 +19,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -102,6 +103,9 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     m_pasteAction->setShortcutContext(Qt::WidgetShortcut);
     m_tree->addAction(m_pasteAction);
     m_tree->addAction(m_removeAction);
+    // The window's Ctrl+V writes the grid points; in the point table, where
+    // the user has just copied rows, it pastes them instead.
+    m_tree->installEventFilter(this);
 
     auto *cam = new QGroupBox(tr("Kurve"));
     (new QVBoxLayout(cam))->addWidget(m_settings);
@@ -189,6 +193,19 @@ void MotionPlanTreeEditor::removePoint()
 void MotionPlanTreeEditor::pastePoints()
 {
     MotionPointPaste::paste(this, *m_editing, QGuiApplication::clipboard()->text());
+}
+
+bool MotionPlanTreeEditor::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (watched != m_tree || !key || !static_cast<QKeyEvent *>(event)->matches(QKeySequence::Paste))
+        return QWidget::eventFilter(watched, event);
+    // Taking the override keeps the window's shortcut from firing; the key
+    // press that follows is the paste.
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        pastePoints();
+    return true;
 }
 
 void MotionPlanTreeEditor::refresh()

@@ -48,8 +48,11 @@ public slots:
     void addPoint();
     void removePoint();
     void refresh();
-    // Ctrl+V writes the grid points in this window: pasting is Ctrl+Shift+V.
+    // Ctrl+V with the focus in the point table, and Ctrl+Shift+V.
     void pastePoints();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void onCurrentChanged(const QModelIndex &current);

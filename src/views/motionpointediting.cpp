@@ -9,6 +9,7 @@
 #include "commands/removemotionpointcommand.h"
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"
+#include "model/scaling.h"
 #include "parameters/parametermodel.h"
 
 #include <QUndoStack>
@@ -90,12 +91,57 @@ bool MotionPointEditing::checkSlave(QWidget *parent, double slave) const
     return message.isEmpty();
 }
 
+QString MotionPointEditing::masterText(double master) const
+{
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    const QString text = scaling ? scaling->masterPositionToText(master) : QString::number(master);
+    const QString unit = m_parameterModel ? m_parameterModel->masterUnit() : QString();
+    return unit.isEmpty() ? text : QStringLiteral("%1 %2").arg(text, unit);
+}
+
+bool MotionPointEditing::isBeyondCycle(double master) const
+{
+    const CamDescriptionImplementation *description = m_editorModel ? m_editorModel->camDescription() : nullptr;
+    return description && description->isCyclic() && master >= description->circularLength();
+}
+
+QString MotionPointEditing::beyondCycleText(double master) const
+{
+    return tr("Die Master-Position %1 liegt nicht unterhalb der Umlauflänge %2 der zyklischen Kurvenscheibe.")
+        .arg(masterText(master), masterText(m_editorModel->camDescription()->circularLength()));
+}
+
+bool MotionPointEditing::checkCycle(QWidget *parent, double master) const
+{
+    if (!isBeyondCycle(master))
+        return true;
+    MessageBox::warning(parent, tr("Master-Position außerhalb der Umlauflänge"), beyondCycleText(master));
+    return false;
+}
+
+bool MotionPointEditing::checkCircularLength(QWidget *parent, double length) const
+{
+    const int count = m_editorModel ? m_editorModel->motionPointCount() : 0;
+    const double last = count > 0 ? m_editorModel->motionPointAt(count - 1)->master() : 0.0;
+    if (count == 0 || last < length)
+        return true;
+    MessageBox::warning(parent, tr("Ungültige Umlauflänge"),
+                        tr("Die Umlauflänge %1 muss größer sein als die Master-Position %2 des letzten "
+                           "Bewegungspunkts.")
+                            .arg(masterText(length), masterText(last)));
+    return false;
+}
+
 bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master, double slave, int type) const
 {
     if (!point || !m_editorModel || !m_undoStack)
         return false;
     const MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
     if (!point->differs(&newValue))
+        return false;
+    // A point that a file brought in beyond the cycle may still get another
+    // slave or type; only a new master must lie inside the cycle.
+    if (master != point->master() && !checkCycle(parent, master))
         return false;
     CamDescriptionImplementation *description = m_editorModel->camDescription();
     MotionPoint *other = description->pointAt(master);
@@ -110,7 +156,8 @@ bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master
 
 bool MotionPointEditing::add(QWidget *parent, double master, double slave, int type) const
 {
-    if (!m_editorModel || !m_undoStack || !checkMaster(parent, master) || !checkSlave(parent, slave))
+    if (!m_editorModel || !m_undoStack || !checkMaster(parent, master) || !checkSlave(parent, slave)
+        || !checkCycle(parent, master))
         return false;
     CamDescriptionImplementation *description = m_editorModel->camDescription();
     // Refused before the push: a push drops the commands that could be

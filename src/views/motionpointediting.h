@@ -32,6 +32,17 @@ public:
     bool checkMaster(QWidget *parent, double master) const;
     bool checkSlave(QWidget *parent, double slave) const;
 
+    // A cyclic cam starts again at its circular length, so every point lies
+    // below it; false (after a message) for a master at or beyond it.
+    bool checkCycle(QWidget *parent, double master) const;
+    // A circular length must lie beyond the last point; false after a message.
+    bool checkCircularLength(QWidget *parent, double length) const;
+    // Whether a master lies at or beyond the end of a cyclic cam: what a
+    // loaded file may hold, and the table marks.
+    bool isBeyondCycle(double master) const;
+    // The message on such a point.
+    QString beyondCycleText(double master) const;
+
     // One EditMotionPointCommand for new values of the point; nothing when
     // they equal the point's, or when another point stands at the master.
     bool edit(QWidget *parent, MotionPoint *point, double master, double slave, int type) const;
@@ -49,6 +60,8 @@ public:
 
 private:
     double round(double value, bool master) const;
+    // A master position as the fields show it, with the unit.
+    QString masterText(double master) const;
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;

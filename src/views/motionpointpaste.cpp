@@ -36,6 +36,7 @@ int MotionPointPaste::paste(QWidget *parent, const MotionPointEditing &editing, 
     QSet<double> masters;
     int taken = 0;
     int outside = 0;
+    int beyondCycle = 0;
     int added = 0;
     for (const MotionPointTextParser::Row &row : parser.rows()) {
         // Rounded as a typed position is, so that the point holds what the table shows.
@@ -49,6 +50,10 @@ int MotionPointPaste::paste(QWidget *parent, const MotionPointEditing &editing, 
             ++outside;
             continue;
         }
+        if (editing.isBeyondCycle(master)) {
+            ++beyondCycle;
+            continue;
+        }
         masters.insert(master);
         const int type = row.type == MotionPointTextParser::NoType ? editing.typeBefore(master) : row.type;
         new AddMotionPointCommand(description, new MotionPoint(master, slave, MotionPoint::movementRules(type)),
@@ -59,13 +64,15 @@ int MotionPointPaste::paste(QWidget *parent, const MotionPointEditing &editing, 
         command->setText(tr("Füge %1 Bewegungspunkte ein").arg(added));
         stack->push(command.release());
     }
-    const int refused = taken + outside + parser.invalidLineCount();
+    const int refused = taken + outside + beyondCycle + parser.invalidLineCount();
     if (refused > 0) {
         QStringList reasons;
         if (taken > 0)
             reasons.append(tr("%1 auf einer schon belegten Master-Position").arg(taken));
         if (outside > 0)
             reasons.append(tr("%1 außerhalb der Grenzen des Antriebsreglers").arg(outside));
+        if (beyondCycle > 0)
+            reasons.append(tr("%1 nicht unterhalb der Umlauflänge").arg(beyondCycle));
         if (parser.invalidLineCount() > 0)
             reasons.append(tr("%1 nicht lesbar").arg(parser.invalidLineCount()));
         MessageBox::warning(parent, tr("Nicht alle Bewegungspunkte eingefügt"),

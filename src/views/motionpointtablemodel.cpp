@@ -2,6 +2,8 @@
 
 #include "motionpointediting.h"
 
+#include <QApplication>
+#include <QStyle>
 #include <QWidget>
 
 #include "camdesigner/camdescriptionimplementation.h"
@@ -65,6 +67,14 @@ QVariant MotionPointTableModel::data(const QModelIndex &index, int role) const
         default:
             return point->typeDataName();
         }
+    }
+    // A file may bring points beyond the cycle of a cyclic cam; they load as
+    // they are, and their row says what is wrong with them.
+    if ((role == Qt::ToolTipRole || (role == Qt::DecorationRole && index.column() == MasterColumn))
+        && m_editing->isBeyondCycle(point->master())) {
+        if (role == Qt::ToolTipRole)
+            return m_editing->beyondCycleText(point->master());
+        return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     }
     if (index.column() == TypeColumn) {
         if (role == Qt::DisplayRole)

@@ -8,8 +8,12 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/comparisontablemodel.cpp
     ${CMAKE_CURRENT_LIST_DIR}/comparisonview.h
     ${CMAKE_CURRENT_LIST_DIR}/comparisonview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/countspinbox.h
+    ${CMAKE_CURRENT_LIST_DIR}/countspinbox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.h
     ${CMAKE_CURRENT_LIST_DIR}/curvereportview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/editingshortcutguard.h
+    ${CMAKE_CURRENT_LIST_DIR}/editingshortcutguard.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.h
     ${CMAKE_CURRENT_LIST_DIR}/motionplantreeeditor.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointediting.h
@@ -25,5 +29,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.h
     ${CMAKE_CURRENT_LIST_DIR}/positionlineedit.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingview.h
+    ${CMAKE_CURRENT_LIST_DIR}/seamquestion.h
+    ${CMAKE_CURRENT_LIST_DIR}/seamquestion.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingview.cpp
 )

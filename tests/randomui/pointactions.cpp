@@ -20,6 +20,7 @@
 
 #include <qwt_plot_canvas.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -55,7 +56,9 @@ bool RandomUser::addPoint()
     master = rounded(master, m_editor.implementation()->parameterModel()->masterDecimalPlaces());
     slave = rounded(slave, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
     m_log << QStringLiteral("add after row %1").arg(row);
-    if (description->pointAt(master)) {
+    if (beyondCycle(master)) {
+        m_outcome.title = QString::fromUtf8(BeyondCycle);
+    } else if (description->pointAt(master)) {
         m_outcome.title = QString::fromUtf8(MasterTaken);
     } else {
         m_outcome.kind = Outcome::Pushed;
@@ -183,8 +186,8 @@ bool RandomUser::editPointFields()
 }
 
 // A press on a point's marker in the position plot, a move, and a release
-// or Escape. The point is held strictly between its neighbours, rounded to
-// the drive's places.
+// or Escape. The point is held strictly between its neighbours (and below
+// the circular length of a cyclic cam), rounded to the drive's places.
 bool RandomUser::dragPoint()
 {
     const CamEditorModel *model = m_editor.implementation()->editorModel();
@@ -226,7 +229,10 @@ bool RandomUser::dragPoint()
     const double step = std::pow(10.0, -parameters->masterDecimalPlaces());
     const double infinity = std::numeric_limits<double>::infinity();
     const double lowest = row > 0 ? model->motionPointAt(row - 1)->master() : -infinity;
-    const double highest = row + 1 < count ? model->motionPointAt(row + 1)->master() : infinity;
+    double highest = row + 1 < count ? model->motionPointAt(row + 1)->master() : infinity;
+    // Below the circular length of a cyclic cam.
+    if (model->camDescription()->isCyclic())
+        highest = std::min(highest, model->camDescription()->circularLength());
     if (master <= lowest)
         master = rounded(lowest + step, parameters->masterDecimalPlaces());
     if (master >= highest)

@@ -236,17 +236,25 @@ QString RandomUser::positionInput(bool master, int row, double *result, QString 
     if (kind == 2 && master && count > 1) {
         int other = pick(count - 1);
         other += other >= row ? 1 : 0;
-        *title = QString::fromUtf8(MasterTaken);
         *result = model->motionPointAt(other)->master();
+        *title = QString::fromUtf8(beyondCycle(*result) ? BeyondCycle : MasterTaken);
         return masterText(*result);
     }
     *result = master ? value(0.0, 400.0, 3) : value(-100.0, 200.0, 3);
     const MotionPoint *there = master ? model->camDescription()->pointAt(*result) : nullptr;
     *title = there && there != model->motionPointAt(row) ? QString::fromUtf8(MasterTaken) : QString();
+    if (master && beyondCycle(*result) && *result != model->motionPointAt(row)->master())
+        *title = QString::fromUtf8(BeyondCycle);  // asked before the points' places
     // Sometimes more digits than the drive keeps: they are rounded away.
     if (chance(0.2))
         return QString::number(*result + 0.0004, 'f', 4);
     return master ? masterText(*result) : slaveText(*result);
+}
+
+bool RandomUser::beyondCycle(double master) const
+{
+    const CamDescriptionImplementation *description = m_editor.camDescription();
+    return description->isCyclic() && master >= description->circularLength();
 }
 
 QString RandomUser::undoAndRedoAll(bool redo)

@@ -88,6 +88,8 @@ private:
     void selectRow(int row);
     // A master or slave text to type: a valid new value, or a refusal.
     QString positionInput(bool master, int row, double *value, QString *title);
+    // Whether a master lies at or beyond the end of a cyclic cam.
+    bool beyondCycle(double master) const;
     QString editText(const QPointF &from, int fromType, double master, double slave, int type) const;
     void expectEdit(const MotionPoint *point, double master, double slave, int type);
     QString masterText(double value) const;

@@ -4,6 +4,7 @@
 #include "userterms.h"
 
 #include "fileanswer.h"
+#include "curves/curvereport.h"
 #include "curves/motionplan.h"
 #include "import/externalcurveimportview.h"
 #include "model/cameditormodel.h"
@@ -77,7 +78,11 @@ bool RandomUser::editCircularLength()
         text = masterText(length);
         if (chance(0.3))  // with the unit, as the label shows it
             text += QLatin1Char(' ') + m_editor.implementation()->parameterModel()->masterUnit();
-        if (length != current) {
+        const CamEditorModel *model = m_editor.implementation()->editorModel();
+        const int count = model->motionPointCount();
+        if (length != current && count > 0 && model->motionPointAt(count - 1)->master() >= length) {
+            m_outcome.title = QStringLiteral("Ungültige Umlauflänge");  // the last point lies beyond it
+        } else if (length != current) {
             m_outcome.kind = Outcome::Pushed;
             m_outcome.text = QStringLiteral("Ändere Umlauflänge %1 -> %2")
                                  .arg(QString::number(current, 'g', 6), QString::number(length, 'g', 6));
@@ -226,19 +231,37 @@ bool RandomUser::writeToDrive()
         for (double position : { points.last().x(), points.last().y() })
             fits = fits && position >= PositionMinimum && position <= PositionMaximum;
     }
-    if (fits) {
+    // A cyclic cam whose end does not meet its start smoothly asks first (the
+    // jump as the report finds it); a table that does not fit is not asked
+    // about, so that one box tells what happened.
+    const MotionPlan *plan = m_editor.implementation()->editorModel()->motionPlan();
+    bool seamJump = false;
+    if (m_editor.camDescription()->isCyclic()) {
+        const CurveReport report(*plan);
+        for (const CurveJointReport &joint : report.joints())
+            seamJump = seamJump || (joint.seam && joint.continuity < 2);
+    }
+    const bool yes = seamJump && fits && chance(0.5);
+    if (seamJump) {
+        m_outcome.title = QString::fromUtf8(SeamJump);
+        m_messages.setAnswer(yes ? QMessageBox::Yes : QMessageBox::No);
+    }
+    if (fits && (!seamJump || yes)) {
         m_expectedStored = points;
         m_storedSlavesKnown = true;
         m_justWritten = true;
-    } else {
+    } else if (!seamJump) {
         m_outcome.title = QStringLiteral("Schreiben in Parameter nicht möglich");
     }
     const bool button = chance(0.5);
-    m_log << (button ? QStringLiteral("write button") : QStringLiteral("write action"));
+    m_log << (button ? QStringLiteral("write button") : QStringLiteral("write action"))
+                 + (seamJump ? (yes ? QStringLiteral(", jump at the seam: yes") : QStringLiteral(", jump at the seam: no"))
+                             : QString());
     if (button)
         QTest::mouseClick(m_window->writeButton(), Qt::LeftButton);
     else
         action->trigger();
+    m_messages.setAnswer(QMessageBox::Ok);
     return true;
 }
 

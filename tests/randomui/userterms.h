@@ -38,6 +38,9 @@ const QSize WindowSize(1200, 900);
 
 const char InvalidInput[] = "Ungültige Eingabe";
 const char MasterTaken[] = "Master-Position schon vorhanden";
+// A cyclic cam holds its points below the circular length.
+const char BeyondCycle[] = "Master-Position außerhalb der Umlauflänge";
+const char SeamJump[] = "Sprung an der Nahtstelle";
 
 inline QString fixed(double value, int decimals)
 {

@@ -39,6 +39,8 @@ private slots:
     void reportDockFollowsEditsAndOldLayouts();
     void writeNeedsTwoPointsAndAWritableDrive();
     void writeStoresTheCalculatedPoints();
+    void writeAsksAboutAJumpAtTheSeam_data();
+    void writeAsksAboutAJumpAtTheSeam();
     void deleteAsksOfflineAndRefusesOnline();
     void exportAndImportCamFiles();
     void undoActionsAndOverview();
@@ -250,6 +252,44 @@ void tst_CamDesignerView::writeStoresTheCalculatedPoints()
     }
     QVERIFY(!parameters->storedTableSummary().contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
     QVERIFY(parameters->storedTableSummary().contains(QStringLiteral("Anzahl: %1").arg(stored.size())));
+    window->close();
+}
+
+// The drive runs a cyclic table round and round: a jump where its end meets
+// its start is named, and the write waits for a yes.
+void tst_CamDesignerView::writeAsksAboutAJumpAtTheSeam_data()
+{
+    QTest::addColumn<QByteArray>("cam");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("asked");
+    // The spline ends with another slope than it starts with.
+    const QByteArray spline = R"({"Cyclic": true, "CircularLength": 360, "MotionLaw": "Spline",
+        "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
+    QTest::newRow("jump, yes") << spline << int(QMessageBox::Yes) << true;
+    QTest::newRow("jump, no") << spline << int(QMessageBox::No) << true;
+    QTest::newRow("smooth seam") << QByteArray(R"({"Cyclic": true, "CircularLength": 360,
+        "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})") << int(QMessageBox::No) << false;
+}
+
+void tst_CamDesignerView::writeAsksAboutAJumpAtTheSeam()
+{
+    QFETCH(QByteArray, cam);
+    QFETCH(int, answer);
+    QFETCH(bool, asked);
+    EditorFixture editor(cam.constData());
+    MessageCapture messages { QMessageBox::StandardButton(answer) };
+    CamDesignerViewImplementation *window = editor.open();
+    window->writeButton()->click();
+    QCOMPARE(messages.count(), asked ? 1 : 0);
+    if (asked) {
+        QCOMPARE(messages.last().title, QStringLiteral("Sprung an der Nahtstelle"));
+        QVERIFY2(messages.last().text.contains(QStringLiteral("Nahtstelle bei der Master-Position 360.000 nicht stetig"))
+                     && messages.last().text.contains(QStringLiteral("Geschwindigkeit springt um 0.4638"))
+                     && !messages.last().text.contains(QStringLiteral("Position springt")),
+                 qPrintable(messages.last().text));
+    }
+    const bool written = !editor.implementation()->parameterModel()->storedGridPoints().isEmpty();
+    QCOMPARE(written, !asked || answer == QMessageBox::Yes);
     window->close();
 }
 

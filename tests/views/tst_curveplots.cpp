@@ -147,12 +147,18 @@ void tst_CurvePlots::dragPushesOneEdit_data()
     QTest::addColumn<bool>("escape");
     QTest::addColumn<double>("expectedMaster");
     QTest::addColumn<qint64>("slaveLimit");
-    QTest::newRow("within the neighbours") << 120.0 << 60.0 << false << -1.0 << qint64(0);
+    QTest::addColumn<QByteArray>("cam");
+    const QByteArray plain = R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
+    QTest::newRow("within the neighbours") << 120.0 << 60.0 << false << -1.0 << qint64(0) << plain;
     // Held one step of the drive's resolution before the next point.
-    QTest::newRow("past the next point") << 250.0 << 60.0 << false << 179.999 << qint64(0);
-    QTest::newRow("escape") << 120.0 << 60.0 << true << 90.0 << qint64(0);
+    QTest::newRow("past the next point") << 250.0 << 60.0 << false << 179.999 << qint64(0) << plain;
+    QTest::newRow("escape") << 120.0 << 60.0 << true << 90.0 << qint64(0) << plain;
     // The drive takes slave positions up to 50.000: refused, the point returns.
-    QTest::newRow("beyond the slave limit") << 120.0 << 60.0 << false << 90.0 << qint64(50000);
+    QTest::newRow("beyond the slave limit") << 120.0 << 60.0 << false << 90.0 << qint64(50000) << plain;
+    // The last point of a cyclic cam stays below the circular length.
+    QTest::newRow("past the circular length")
+        << 150.0 << 60.0 << false << 119.999 << qint64(0)
+        << QByteArray(R"({"Cyclic": true, "CircularLength": 120, "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"]]})");
 }
 
 void tst_CurvePlots::dragPushesOneEdit()
@@ -162,7 +168,8 @@ void tst_CurvePlots::dragPushesOneEdit()
     QFETCH(bool, escape);
     QFETCH(double, expectedMaster);
     QFETCH(qint64, slaveLimit);
-    EditorFixture editor;
+    QFETCH(QByteArray, cam);
+    EditorFixture editor(cam.constData());
     MessageCapture messages;
     CamDesignerViewImplementation *window = editor.open();
     if (slaveLimit > 0)

@@ -5,6 +5,7 @@
 #include "commands/changemotionlawcommand.h"
 #include "commands/loadnewmotionplancommand.h"
 #include "curves/motionplan.h"
+#include "model/motionpoint.h"
 #include "model/cameditormodel.h"
 #include "model/scaling.h"
 #include "parameters/parametermodelimplementation.h"
@@ -18,6 +19,9 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QComboBox>
 #include <QJsonDocument>
 #include <QLabel>
@@ -125,6 +129,7 @@ private slots:
     void changedRefreshesEveryPanelWithoutPushing();
     void changesElsewhereShowInEveryPanel();
     void comparisonMarksWhatAWriteWouldChange();
+    void cyclicCamKeepsEveryPointInsideTheCycle();
 };
 
 // Each user action pushes exactly one command; redo and undo move the model
@@ -220,7 +225,7 @@ void tst_EditingPanels::refusals_data()
     QTest::addColumn<int>("field");
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("message");
-    enum { Master, Slave, StepSize, CircularLength, CycleTime };
+    enum { Master, Slave, StepSize, CircularLength, CycleTime, Resolution };
     const QByteArray cyclic(CyclicCam);
     QTest::newRow("master too large") << cyclic << int(Master) << "3000000"
                                       << "Der Wert 3000000.000 ° ist zu groß, das Maximum ist 2147483.647 °";
@@ -237,10 +242,29 @@ void tst_EditingPanels::refusals_data()
                                << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";
     QTest::newRow("circular length zero") << cyclic << int(CircularLength) << "0"
                                           << "Die Umlauflänge muss größer als 0 sein.";
+    // A cyclic cam starts again at its circular length.
+    const char *beyondCycle = "Die Master-Position %1.000 ° liegt nicht unterhalb der Umlauflänge 360.000 ° der "
+                              "zyklischen Kurvenscheibe.";
+    for (const char *input : { "360", "400" })
+        QTest::newRow(qPrintable(QStringLiteral("master %1 on a cycle of 360").arg(input)))
+            << cyclic << int(Master) << input << QString::fromUtf8(beyondCycle).arg(input);
+    for (const char *input : { "100", "180" })
+        QTest::newRow(qPrintable(QStringLiteral("circular length %1 with a point at 180").arg(input)))
+            << cyclic << int(CircularLength) << input
+            << QStringLiteral("Die Umlauflänge %1.000 ° muss größer sein als die Master-Position 180.000 ° des "
+                              "letzten Bewegungspunkts.").arg(input);
     const char *cycleMessage = "\"%1\" ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden größer als 0 ein.";
     for (const char *input : { "0", "-1", "0.00004", "eins" })
         QTest::newRow(qPrintable(QStringLiteral("cycle time %1").arg(input)))
             << cyclic << int(CycleTime) << input << QString::fromUtf8(cycleMessage).arg(input);
+    // Refused as typed, not cut to the digits that fit (2000, 1600).
+    const char *countMessage = "%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen 2 und 16000 liegen.";
+    for (const char *input : { "20000", "16001", "1" })
+        QTest::newRow(qPrintable(QStringLiteral("grid point count %1").arg(input)))
+            << cyclic << int(Resolution) << input << QString::fromUtf8(countMessage).arg(input);
+    // A trailing tab: the edit ends by leaving the field instead of Enter.
+    QTest::newRow("grid point count 20000, field left") << cyclic << int(Resolution) << "20000\t"
+                                                        << QString::fromUtf8(countMessage).arg("20000");
 }
 
 void tst_EditingPanels::refusals()
@@ -252,18 +276,24 @@ void tst_EditingPanels::refusals()
     Panels panels(cam.constData());
     panels.model()->scaling()->setMasterAxisScaling(Scaling::CycleTime);
     panels.tree->selectRow(0);
-    QLineEdit *edits[] = { panels.point->masterEdit(), panels.point->slaveEdit(), panels.settings->stepSizeEdit(),
-                           panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit() };
-    QLineEdit *edit = edits[field];
-    const QString shown = edit->text();
+    QWidget *fields[] = { panels.point->masterEdit(), panels.point->slaveEdit(), panels.settings->stepSizeEdit(),
+                          panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit(),
+                          panels.settings->resolutionBox() };
+    QWidget *edit = fields[field];
+    const auto shownText = [edit] {
+        auto *spin = qobject_cast<QSpinBox *>(edit);
+        return spin ? spin->text() : static_cast<QLineEdit *>(edit)->text();
+    };
+    const QString shown = shownText();
     const QString before = state(panels.editor);
     MessageCapture messages;
-    type(edit, input);
+    const bool leave = input.endsWith(QLatin1Char('\t'));
+    type(edit, input.trimmed(), leave ? Qt::Key_Tab : Qt::Key_Return);
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().text, message);
     QCOMPARE(panels.stack->count(), 0);
     QCOMPARE(state(panels.editor), before);
-    QCOMPARE(edit->text(), shown);
+    QCOMPARE(shownText(), shown);
 }
 
 // A new point goes halfway to the next one, or halfway to the end of the
@@ -427,3 +457,53 @@ void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
 
 QTEST_MAIN(tst_EditingPanels)
 #include "tst_editingpanels.moc"
+
+// A point at or beyond the circular length is refused in the table and in a
+// paste as in the fields (refusals above); a file may still bring such points,
+// which the table marks and whose slave may still change.
+void tst_EditingPanels::cyclicCamKeepsEveryPointInsideTheCycle()
+{
+    Panels panels;
+    MessageCapture messages;
+    QTreeView *view = panels.tree->pointTree();
+    view->setFocus();
+    view->setCurrentIndex(view->model()->index(2, 0));
+    QTest::keyClick(view, Qt::Key_F2);
+    type(view->viewport()->findChild<QLineEdit *>(), "365");
+    QCOMPARE(messages.count(), 1);
+    QCOMPARE(messages.last().title, QStringLiteral("Master-Position außerhalb der Umlauflänge"));
+    QCOMPARE(panels.stack->count(), 0);
+    QCOMPARE(panels.cell(2, 0), QStringLiteral("180.000"));
+
+    QGuiApplication::clipboard()->setText(QStringLiteral("200;1\n360;2\n500;3"));
+    panels.tree->pasteAction()->trigger();
+    QCOMPARE(messages.count(), 2);
+    QCOMPARE(messages.last().text,
+             QStringLiteral("2 von 3 Zeilen wurden nicht eingefügt: 2 nicht unterhalb der Umlauflänge."));
+    QCOMPARE(panels.stack->count(), 1);
+    QCOMPARE(panels.model()->motionPointCount(), 4);
+    // A refusal pushes nothing, so the paste can still be redone.
+    panels.stack->undo();
+    panels.tree->selectRow(1);
+    type(panels.point->masterEdit(), "400");
+    QCOMPARE(messages.count(), 3);
+    QVERIFY(panels.stack->canRedo());
+
+    panels.stack->push(new LoadNewMotionPlanCommand(
+        panels.editor.camDescription(),
+        parseJson(R"({"Cyclic": true, "CircularLength": 360,
+                      "MotionPoints": [[0, 0, "rest"], [180, 10, "rest"], [400, 0, "rest"]]})"),
+        "z"));
+    QCOMPARE(panels.model()->motionPointCount(), 3);
+    const QAbstractItemModel *table = view->model();
+    QVERIFY(!table->index(2, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
+    QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
+             QStringLiteral("Die Master-Position 400.000 ° liegt nicht unterhalb der Umlauflänge 360.000 ° der "
+                            "zyklischen Kurvenscheibe."));
+    QVERIFY(!table->index(1, 0).data(Qt::DecorationRole).isValid());
+    QVERIFY(!table->index(1, 0).data(Qt::ToolTipRole).isValid());
+    panels.tree->selectRow(2);
+    type(panels.point->slaveEdit(), "5");
+    QCOMPARE(messages.count(), 3);
+    QCOMPARE(panels.model()->motionPointAt(2)->slave(), 5.0);
+}

@@ -113,11 +113,17 @@ void tst_PlotEditing::insertFromContextMenu_data()
     QTest::addColumn<double>("master");
     QTest::addColumn<int>("type");
     QTest::addColumn<qint64>("masterLimit");
+    QTest::addColumn<double>("circularLength");  // 0: not cyclic
+    QTest::addColumn<QString>("refusal");
     // The segment type continues the point before.
-    QTest::newRow("after a rest") << 45.0 << int(MotionPoint::rest) << qint64(0);
-    QTest::newRow("after a speed") << 135.0 << int(MotionPoint::speed) << qint64(0);
+    QTest::newRow("after a rest") << 45.0 << int(MotionPoint::rest) << qint64(0) << 0.0 << "";
+    QTest::newRow("after a speed") << 135.0 << int(MotionPoint::speed) << qint64(0) << 0.0 << "";
     // The drive takes master positions up to 100.000: refused with the panels' box.
-    QTest::newRow("beyond the master limit") << 135.0 << -1 << qint64(100000);
+    QTest::newRow("beyond the master limit") << 135.0 << -1 << qint64(100000) << 0.0
+                                             << "Master-Position außerhalb der Grenzen";
+    // The axis of a cyclic cam reaches to its circular length and beyond.
+    QTest::newRow("beyond the circular length") << 135.0 << -1 << qint64(0) << 130.0
+                                                << "Master-Position außerhalb der Umlauflänge";
 }
 
 void tst_PlotEditing::insertFromContextMenu()
@@ -125,10 +131,17 @@ void tst_PlotEditing::insertFromContextMenu()
     QFETCH(double, master);
     QFETCH(int, type);
     QFETCH(qint64, masterLimit);
+    QFETCH(double, circularLength);
+    QFETCH(QString, refusal);
     PlotEditor p;
     if (masterLimit > 0)
         QVERIFY(p.editor.drive.setNativeLimits(
             ParameterModelImplementation::masterArrayOf(EditorFixture::Table).toText(), -masterLimit, masterLimit));
+    if (circularLength > 0.0) {
+        p.editor.camDescription()->setCyclic(true);
+        p.editor.camDescription()->setCircularLength(circularLength);
+        p.plots->replotNow();
+    }
     const ParameterModel *drive = p.editor.implementation()->parameterModel();
     const QString before = stateOf(p.editor);
     // Away from the curve: the point goes onto it, at the clicked master.
@@ -138,7 +151,7 @@ void tst_PlotEditing::insertFromContextMenu()
     QVERIFY(chooseFromContextMenu(p.position->canvas(), click, QStringLiteral("Bewegungspunkt hier einfügen")));
     if (type < 0) {
         QCOMPARE(p.messages.count(), 1);
-        QCOMPARE(p.messages.last().title, QStringLiteral("Master-Position außerhalb der Grenzen"));
+        QCOMPARE(p.messages.last().title, refusal);
         QCOMPARE(p.window->undoStack()->count(), 0);
         QCOMPARE(stateOf(p.editor), before);
         return;

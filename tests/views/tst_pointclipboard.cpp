@@ -7,16 +7,23 @@
 #include "model/motionpoint.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
+#include "plots/curveplot.h"
+#include "plots/curveplotstack.h"
 #include "parameters/parametermodelimplementation.h"
 #include "parameterelementlist.h"
 #include "views/comparisonview.h"
+#include "views/camsettingsview.h"
 #include "views/motionplantreeeditor.h"
+#include "views/pointeditview.h"
+#include "views/positionlineedit.h"
 
 #include <qtadvanceddocking/DockWidget.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QTreeView>
@@ -70,6 +77,8 @@ private slots:
     void copyGridPointTables();
     void paste_data();
     void paste();
+    void editingKeysBelongToTheFocusedField_data();
+    void editingKeysBelongToTheFocusedField();
 };
 
 void tst_PointClipboard::cleanup()
@@ -203,6 +212,106 @@ void tst_PointClipboard::paste()
         window->undoStack()->undo();
         QCOMPARE(stateOf(editor), before);
     }
+    window->close();
+}
+
+namespace {
+enum Focus { PointField, ResolutionBox, CellEditor, PointTable, Plot, CalculatedTable };
+enum KeyOutcome { PastedText, PastedPoints, Written, WordDeleted, DeleteAsked };
+} // namespace
+
+// Ctrl+V writes the grid points and Ctrl+Del deletes the stored ones, but
+// not where the focus is in a field that takes the key itself, nor Ctrl+V
+// in the point table, which pastes there.
+void tst_PointClipboard::editingKeysBelongToTheFocusedField_data()
+{
+    QTest::addColumn<int>("focus");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("outcome");
+    QTest::newRow("Ctrl+V in a point field") << int(PointField) << int(Qt::Key_V) << int(PastedText);
+    QTest::newRow("Ctrl+V in the resolution") << int(ResolutionBox) << int(Qt::Key_V) << int(PastedText);
+    QTest::newRow("Ctrl+V in a cell editor") << int(CellEditor) << int(Qt::Key_V) << int(PastedText);
+    QTest::newRow("Ctrl+V in the point table") << int(PointTable) << int(Qt::Key_V) << int(PastedPoints);
+    QTest::newRow("Ctrl+V in the plot") << int(Plot) << int(Qt::Key_V) << int(Written);
+    QTest::newRow("Ctrl+V in the calculated table") << int(CalculatedTable) << int(Qt::Key_V) << int(Written);
+    QTest::newRow("Ctrl+Del in a point field") << int(PointField) << int(Qt::Key_Delete) << int(WordDeleted);
+    QTest::newRow("Ctrl+Del in a cell editor") << int(CellEditor) << int(Qt::Key_Delete) << int(WordDeleted);
+    QTest::newRow("Ctrl+Del in the point table") << int(PointTable) << int(Qt::Key_Delete) << int(DeleteAsked);
+}
+
+void tst_PointClipboard::editingKeysBelongToTheFocusedField()
+{
+    QFETCH(int, focus);
+    QFETCH(int, key);
+    QFETCH(int, outcome);
+    EditorFixture editor;
+    MessageCapture messages(QMessageBox::No);
+    CamDesignerViewImplementation *window = editor.open();
+    QApplication::setActiveWindow(window);
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    MotionPlanTreeEditor *points = window->motionPlanEditor();
+    QTreeView *tree = points->pointTree();
+    points->selectRow(1);
+    QWidget *target = nullptr;
+    switch (focus) {
+    case PointField:
+        target = points->pointEditView()->masterEdit();
+        break;
+    case ResolutionBox:
+        target = points->settingsView()->resolutionBox();
+        break;
+    case CellEditor:
+        tree->setFocus();
+        QTest::keyClick(tree, Qt::Key_F2);
+        target = tree->viewport()->findChild<QLineEdit *>();
+        break;
+    case PointTable:
+        target = tree;
+        break;
+    case Plot:
+        target = window->plots()->plot(CurvePlot::Position)->canvas();
+        break;
+    default:
+        showDock(window, CamDesignerViewImplementation::CalculatedDock);
+        target = window->dock(CamDesignerViewImplementation::CalculatedDock)->widget();
+        break;
+    }
+    QVERIFY(target);
+    target->setFocus();
+    QCOMPARE(QApplication::focusWidget(), target);
+    // A word deleted from "90.000" leaves "90.", the point's own master.
+    if (auto *edit = qobject_cast<QLineEdit *>(target))
+        edit->setCursorPosition(outcome == WordDeleted ? 3 : 0);
+    if (auto *spin = qobject_cast<QSpinBox *>(target))
+        spin->selectAll();
+    const auto text = [target] {
+        if (auto *spin = qobject_cast<QSpinBox *>(target))
+            return spin->text();
+        auto *edit = qobject_cast<QLineEdit *>(target);
+        return edit ? edit->text() : QString();
+    };
+    const QString before = text();
+    QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
+    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    const int stored = parameters->storedGridPoints().size();
+    const int commands = window->undoStack()->count();
+
+    QTest::keyClick(target, Qt::Key(key), Qt::ControlModifier);
+    const QString after = text();  // before a focus change may finish the edit
+    QCoreApplication::processEvents();
+
+    const bool written = parameters->storedGridPoints().size() != stored;
+    QCOMPARE(written, outcome == Written);
+    QCOMPARE(messages.count(), outcome == DeleteAsked ? 1 : 0);
+    if (outcome == DeleteAsked)
+        QCOMPARE(messages.last().title, QStringLiteral("Stützstellen Parameter löschen."));
+    QCOMPARE(window->undoStack()->count(), commands + (outcome == PastedPoints ? 1 : 0));
+    if (outcome == PastedPoints)
+        QCOMPARE(window->undoStack()->text(commands), QStringLiteral("Füge 1 Bewegungspunkte ein"));
+    if (outcome == PastedText)
+        QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
+    if (outcome == WordDeleted)
+        QVERIFY2(after != before && before.startsWith(after), qPrintable(after));
     window->close();
 }
 

@@ -395,6 +395,14 @@
         <source>Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer %1</source>
         <translation>The step size is too small. Please choose a value greater than %1</translation>
     </message>
+    <message>
+        <source>Ungültige Anzahl Stützstellen</source>
+        <translation>Invalid number of grid points</translation>
+    </message>
+    <message>
+        <source>%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen %2 und %3 liegen.</source>
+        <translation>%1 grid points are not possible. The number of grid points must lie between %2 and %3.</translation>
+    </message>
 </context>
 <context>
     <name>ChangeDynamicStepResolutionCommand</name>
@@ -1127,6 +1135,22 @@ difference</translation>
         <source>Slave-Position außerhalb der Grenzen</source>
         <translation>Slave position out of limits</translation>
     </message>
+    <message>
+        <source>Die Master-Position %1 liegt nicht unterhalb der Umlauflänge %2 der zyklischen Kurvenscheibe.</source>
+        <translation>The master position %1 does not lie below the circular length %2 of the cyclic cam.</translation>
+    </message>
+    <message>
+        <source>Master-Position außerhalb der Umlauflänge</source>
+        <translation>Master position outside the circular length</translation>
+    </message>
+    <message>
+        <source>Ungültige Umlauflänge</source>
+        <translation>Invalid circular length</translation>
+    </message>
+    <message>
+        <source>Die Umlauflänge %1 muss größer sein als die Master-Position %2 des letzten Bewegungspunkts.</source>
+        <translation>The circular length %1 must be greater than the master position %2 of the last motion point.</translation>
+    </message>
 </context>
 <context>
     <name>MotionPointPaste</name>
@@ -1161,6 +1185,10 @@ difference</translation>
     <message>
         <source>%1 von %2 Zeilen wurden nicht eingefügt: %3.</source>
         <translation>%1 of %2 lines were not pasted: %3.</translation>
+    </message>
+    <message>
+        <source>%1 nicht unterhalb der Umlauflänge</source>
+        <translation>%1 not below the circular length</translation>
     </message>
 </context>
 <context>
@@ -1353,6 +1381,33 @@ Jerk: %3</translation>
     <message>
         <source>&quot;%1&quot; ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden größer als 0 ein.</source>
         <translation>&quot;%1&quot; is not a valid cycle time. Please enter a time in seconds greater than 0.</translation>
+    </message>
+</context>
+<context>
+    <name>SeamQuestion</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>Velocity</translation>
+    </message>
+    <message>
+        <source>Beschleunigung</source>
+        <translation>Acceleration</translation>
+    </message>
+    <message>
+        <source>Sprung an der Nahtstelle</source>
+        <translation>Jump at the seam</translation>
+    </message>
+    <message>
+        <source>%1 springt um %2</source>
+        <translation>%1 jumps by %2</translation>
+    </message>
+    <message>
+        <source>Die zyklische Kurvenscheibe ist an der Nahtstelle bei der Master-Position %1 nicht stetig: %2. Der Antrieb durchfährt diesen Sprung in jedem Zyklus. Trotzdem in die Parameter schreiben?</source>
+        <translation>The cyclic cam is not continuous at the seam at master position %1: %2. The drive runs through this jump in every cycle. Write it into the parameters anyway?</translation>
     </message>
 </context>
 <context>
