@@ -296,7 +296,9 @@ QString ParameterModelImplementation::writeElements(const QStringList &masterTex
     for (int i = 0; i < count; ++i) {
         // Unchanged elements are not written. They are compared at the drive's
         // resolution by rounding: a truncating comparison took 1.001 for the
-        // stored 1.000 and kept the old value.
+        // stored 1.000 and kept the old value. The stored text is read as the
+        // drive gives it (the system locale's decimal point), not by a fixed
+        // German locale, which takes "1.000" for a thousand.
         const double storedMaster = masterTextToValue(readText(m_masterArray, i));
         if (!PositionRounding::sameUnit(storedMaster, expected.at(i).x(), masterDecimals)
             && !m_container->writeValue(m_livingSpace, m_masterArray, i, masterTexts.at(i)))
@@ -318,7 +320,8 @@ QString ParameterModelImplementation::fillWithZeros(int count, int decimals, boo
     const QPointer<ParameterModelImplementation> self(this);
     const QString zero = QString::number(0.0, 'f', decimals);
     for (int j = count; j < arraySize(m_masterArray); ++j) {
-        // A slave array shorter than the master array has no element j.
+        // A slave array shorter than the master array has no element j; we
+        // skip it rather than count its refusal as a broken write.
         if (j < arraySize(m_slaveArray) && !m_container->writeValue(m_livingSpace, m_slaveArray, j, zero))
             return elementLabel(m_slaveArray, j);
         if (!m_container->writeValue(m_livingSpace, m_masterArray, j, zero))
