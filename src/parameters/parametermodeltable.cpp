@@ -1,6 +1,6 @@
 // The table procedures of ParameterModelImplementation: reading back,
 // checking, deleting and summarising the grid point arrays, and following
-// outside changes. The write is in parametermodelwrite.cpp.
+// outside changes, and the stamp. The write is in parametermodelwrite.cpp.
 #include "parametermodelimplementation.h"
 
 #include "bytearraysupport.h"
@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <cmath>
 
 using MxParameterInstance::ParameterInformation;
@@ -190,4 +189,42 @@ void ParameterModelImplementation::flushOutsideChanges()
     // read back, so another tool's change shows as not written by the editor.
     readBackGridPoints();
     emit valueChanged();
+}
+
+bool ParameterModelImplementation::pauseForEvents(const QPointer<ParameterModelImplementation> &self, int index,
+                                                  int count)
+{
+    // The window stays alive while the write runs; whatever the user does
+    // meanwhile may close the editor's owner and with it the model, or the
+    // drive may go. The caller touches nothing once this returns false.
+    QCoreApplication::processEvents();
+    if (self && self->m_container)
+        emit self->saveProgressed(index, index, count);
+    if (self && self->m_container)
+        QCoreApplication::processEvents();
+    return self && self->m_container;
+}
+
+bool ParameterModelImplementation::writeStamp()
+{
+    if (!m_container)
+        return false;
+    const quint32 crc = computeCrc();
+    ParameterInformation *information = definition(m_crcCoordinate);
+    if (!information)
+        return false;
+    if (information->elementCount() <= m_camTable && !m_container->isOnline())
+        information->setElementCount(m_camTable + 1);
+    const QString text = QString::number(crc, 10);
+    return m_container->writeValueNative(m_livingSpace, m_crcCoordinate, m_camTable, text)
+        && m_container->readValueNative(m_livingSpace, m_crcCoordinate, m_camTable, false) == text;
+}
+
+void ParameterModelImplementation::updateCrC()
+{
+    // Only the table the editor wrote last, still held exactly as written,
+    // gets the editor's stamp; any other table keeps the stamp it has.
+    if (m_hasWrittenTable
+        && firstDifference(m_writtenTable, m_writtenMasterDecimals, m_writtenSlaveDecimals).isEmpty())
+        writeStamp();
 }
