@@ -200,7 +200,9 @@ int runDelete(const QStringList &arguments)
 }
 
 // The write shows the progress dialog, so it needs widgets.
-const CamTool::Registration writeRegistration({ "write", "write the grid points of a cam into a simulated drive",
+const CamTool::Registration writeRegistration({ "write",
+                                                "write the grid points of a cam, or a curve table (--curve), "
+                                                "into a simulated drive",
                                                 runWrite, true });
 const CamTool::Registration readRegistration({ "read", "read a cam table back from a simulated drive", runRead });
 const CamTool::Registration deleteRegistration({ "delete", "delete a cam table of a simulated drive", runDelete });
