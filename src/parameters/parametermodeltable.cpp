@@ -86,9 +86,9 @@ void ParameterModelImplementation::readBackGridPoints()
 bool ParameterModelImplementation::mustGrow(int count) const
 {
     // Only both arrays being too short makes them grow; with one long enough
-    // the write goes on and the shorter array silently keeps its size (its
-    // missing elements are simply not written). Deliberate and kept; the
-    // tests pin it.
+    // neither grows. Deliberate and kept; the tests pin it. The write then
+    // refuses a table longer than the shorter array instead of losing the
+    // elements that array cannot hold.
     const ParameterInformation *master = definition(m_masterArray);
     const ParameterInformation *slave = definition(m_slaveArray);
     return master && slave && master->elementCount() < count && slave->elementCount() < count;
