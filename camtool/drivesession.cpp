@@ -37,12 +37,13 @@ int DriveSession::openIfAsked(QCommandLineParser &parser, const QStringList &arg
     return (*session)->open(parser, arguments, 1, false);
 }
 
-int DriveSession::open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate)
+int DriveSession::open(QCommandLineParser &parser, const QStringList &arguments, int minimumPositionals,
+                       int maximumPositionals, bool mayCreate)
 {
     parser.addOption(QCommandLineOption(DriveOption, QStringLiteral("Drive project file (text JSON)."),
                                         QStringLiteral("project")));
     parser.addOption(QCommandLineOption(TableOption, QStringLiteral("Cam table, 0 to 15."), QStringLiteral("n")));
-    const int parsed = parseArguments(parser, arguments, positionals, positionals);
+    const int parsed = parseArguments(parser, arguments, minimumPositionals, maximumPositionals);
     if (parsed >= 0)
         return parsed;
     if (!parser.isSet(DriveOption) || !parser.isSet(TableOption)) {

@@ -30,7 +30,13 @@ public:
     // named by --drive and binds --table. Returns -1 to go on, otherwise the
     // exit code (with the reason printed). A missing file gives a fresh drive
     // only when mayCreate is set.
-    int open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate);
+    int open(QCommandLineParser &parser, const QStringList &arguments, int positionals, bool mayCreate)
+    {
+        return open(parser, arguments, positionals, positionals, mayCreate);
+    }
+    // The same with a range of positionals.
+    int open(QCommandLineParser &parser, const QStringList &arguments, int minimumPositionals,
+             int maximumPositionals, bool mayCreate);
 
     // For verbs whose drive is optional: a session only when --drive or
     // --table is given, otherwise the plain parsing of one positional.

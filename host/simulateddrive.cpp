@@ -177,6 +177,11 @@ bool SimulatedDrive::resize(Entry &entry, int count)
         return false;
     if (count == entry.elementCount)
         return true;
+    if (count > entry.elementCount) {
+        if (m_refuseGrowthFrom >= 0 && m_growthsDone >= m_refuseGrowthFrom)
+            return false;
+        ++m_growthsDone;
+    }
     entry.elementCount = count;
     for (Values &values : entry.values) {
         if (entry.info.kind == CatalogueEntry::Text) {
@@ -368,6 +373,11 @@ void SimulatedDrive::goOnlineAfterWrites(int writes)
 void SimulatedDrive::goReadOnlyAfterWrites(int writes)
 {
     m_readOnlyAt = writes < 0 ? -1 : m_writesDone + writes;
+}
+
+void SimulatedDrive::refuseGrowthAfter(int growths)
+{
+    m_refuseGrowthFrom = growths < 0 ? -1 : m_growthsDone + growths;
 }
 
 void SimulatedDrive::clearWriteCounts()

@@ -69,6 +69,10 @@ public:
     void failWritesAfter(int writes);
     void goOnlineAfterWrites(int writes);
     void goReadOnlyAfterWrites(int writes);
+    // Refuses every enlargement of an element count after the given number
+    // of accepted ones, as a drive short of memory does (shrinking is still
+    // taken); negative switches it off.
+    void refuseGrowthAfter(int growths);
 
     // Accepted element writes (value or native) per coordinate text.
     int elementWrites(const QString &coordinate) const { return m_writeCounts.value(coordinate); }
@@ -112,6 +116,8 @@ private:
     int m_failFrom = -1;
     int m_onlineAt = -1;
     int m_readOnlyAt = -1;
+    int m_growthsDone = 0;
+    int m_refuseGrowthFrom = -1;
 };
 
 } // namespace MxSimulation

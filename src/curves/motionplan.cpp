@@ -1,4 +1,5 @@
 #include "motionplan.h"
+#include "positionrounding.h"
 
 #include "model/motionpoint.h"
 #include "model/scaling.h"
@@ -58,8 +59,7 @@ double MotionPlan::masterRange() const
 double MotionPlan::minimumStepSize() const
 {
     const int budget = MaximumGridPoints - m_motionPoints.size();
-    const double factor = std::pow(10.0, decimalPlaces());
-    return std::round(masterRange() / budget * factor) / factor;
+    return PositionRounding::rounded(masterRange() / budget, decimalPlaces());
 }
 
 int MotionPlan::decimalPlaces() const

@@ -1,5 +1,7 @@
 target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/ascendingsearch.h
+    ${CMAKE_CURRENT_LIST_DIR}/positionrounding.h
+    ${CMAKE_CURRENT_LIST_DIR}/positionrounding.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camsection.h
     ${CMAKE_CURRENT_LIST_DIR}/camsection.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camsectionfifthpolynomial.h

@@ -1,5 +1,6 @@
 #include "comparerow.h"
 
+#include "curves/positionrounding.h"
 #include "parameters/parametermodel.h"
 
 #include <QBrush>
@@ -16,8 +17,7 @@ const QColor DifferenceColor(255, 160, 160);
 // zero turns a negative zero into a positive one, so that no "-0.000" shows.
 double scaledDelta(double imported, double parameter, int decimals)
 {
-    const double scale = std::pow(10.0, decimals);
-    return std::round(imported * scale) - std::round(parameter * scale) + 0.0;
+    return PositionRounding::units(imported, decimals) - PositionRounding::units(parameter, decimals) + 0.0;
 }
 
 } // namespace
@@ -54,8 +54,8 @@ CompareRow::Cells CompareRow::cells() const
     cells.texts[MasterParameter] = model->masterValueToText(parameter.x());
     cells.texts[SlaveParameter] = model->slaveValueToText(parameter.y());
     cells.texts[MasterDelta] =
-        signedText(masterDelta, model->masterValueToText(masterDelta / std::pow(10.0, masterDecimals)));
-    cells.texts[SlaveDelta] = signedText(slaveDelta, model->slaveValueToText(slaveDelta / std::pow(10.0, slaveDecimals)));
+        signedText(masterDelta, model->masterValueToText(masterDelta / PositionRounding::scale(masterDecimals)));
+    cells.texts[SlaveDelta] = signedText(slaveDelta, model->slaveValueToText(slaveDelta / PositionRounding::scale(slaveDecimals)));
     if (masterDelta != 0.0 || slaveDelta != 0.0)
         cells.toolTip = QCoreApplication::translate("ExternalCurveImportView",
                                                     "Importierter Wert weicht vom Parameterwert ab: Δ Master %1, "

@@ -3,6 +3,7 @@
 #include "curvetextconverter.h"
 
 #include "atomicfilewriter.h"
+#include "curves/positionrounding.h"
 
 #include <QPolygonF>
 
@@ -34,14 +35,6 @@ QLatin1String freeSeparator(int valueSeparator)
     default:
         return QLatin1String();
     }
-}
-
-// As the drive rounds before it stores (half away from zero); a negative zero
-// is written as 0.
-double roundTo(double value, int decimals)
-{
-    const double scale = std::pow(10.0, decimals);
-    return std::round(value * scale) / scale + 0.0;
 }
 
 // The first index at which the lists differ, or -1.
@@ -159,7 +152,8 @@ QString CurveTextWriter::toText(const QVector<QPointF> &points, QString *error) 
     rounded.reserve(points.size());
     QString text;
     for (const QPointF &point : points) {
-        const QPointF stored(roundTo(point.x(), m_masterDecimalPlaces), roundTo(point.y(), m_slaveDecimalPlaces));
+        const QPointF stored(PositionRounding::rounded(point.x(), m_masterDecimalPlaces),
+                             PositionRounding::rounded(point.y(), m_slaveDecimalPlaces));
         rounded.append(stored);
         text += number(stored.x(), m_masterDecimalPlaces) + separator + number(stored.y(), m_slaveDecimalPlaces) + LineEnd;
     }

@@ -51,14 +51,24 @@ public:
     virtual QPolygonF storedAccelerations() const = 0;
     virtual QPolygonF storedJerks() const = 0;
     virtual QString storedTableSummary() const = 0;
+    // Empty while the count fits the arrays; otherwise why the stored table
+    // is damaged (a German text for the user).
+    virtual QString storedTableDamage() const = 0;
 
     virtual bool isOnline() const = 0;
     virtual bool isReadOnly() const = 0;
 
+    // Why the drive cannot take these points as its table at all (empty,
+    // not finite, more than it can count or hold), or empty when it can. The
+    // window names it on its disabled write controls.
+    virtual QString tableRefusal(const QVector<QPointF> &points) const = 0;
     // Writes the points (x master, y slave) as the table; every refusal is
-    // reported by a message box and leaves the arrays untouched. The write
-    // processes events while it runs; a call made meanwhile does nothing.
-    // writeProcessStarted and writeProcessFinished enclose every write.
+    // reported by a message box and leaves the arrays untouched. A drive that
+    // fails in the middle is reported by the element that failed. The stamp
+    // is written only when the drive reads back exactly what was written.
+    // The write processes events while it runs; a call made meanwhile does
+    // nothing. writeProcessStarted and writeProcessFinished enclose every
+    // write.
     virtual void writeGridPoints(const QVector<QPointF> &points) = 0;
     // True from writeProcessStarted to writeProcessFinished; the window keeps
     // its writing controls and its closing disabled meanwhile.

@@ -2,6 +2,8 @@
 
 #include "saveparameterprogress.h"
 
+#include "curves/positionrounding.h"
+
 #include "parameterinstance.h"
 
 #include <QApplication>
@@ -19,12 +21,6 @@ namespace {
 constexpr int MasterArrayNumbers[ParameterModelImplementation::CamTableCount] = {
     283, 285, 287, 289, 291, 415, 417, 419, 421, 423, 425, 427, 429, 431, 433, 435
 };
-
-double roundTo(double value, int decimals)
-{
-    const double scale = std::pow(10.0, decimals);
-    return std::round(value * scale) / scale;
-}
 
 QString valueToText(double value, int decimals)
 {
@@ -183,12 +179,12 @@ QString ParameterModelImplementation::checkSlaveValue(double value, double minim
 
 double ParameterModelImplementation::roundMaster(double value) const
 {
-    return roundTo(value, m_masterDecimalPlaces);
+    return PositionRounding::rounded(value, m_masterDecimalPlaces);
 }
 
 double ParameterModelImplementation::roundSlave(double value) const
 {
-    return roundTo(value, m_slaveDecimalPlaces);
+    return PositionRounding::rounded(value, m_slaveDecimalPlaces);
 }
 
 QString ParameterModelImplementation::checkValue(double rounded, int index, const ParameterCoordinate &array,

@@ -62,10 +62,15 @@ public:
     QPolygonF storedAccelerations() const override { return m_storedAccelerations; }
     QPolygonF storedJerks() const override { return m_storedJerks; }
     QString storedTableSummary() const override;
+    QString storedTableDamage() const override;
+    // The most grid points a table may have: what the count parameter can
+    // hold, and never more than a 16-bit count.
+    int maximumGridPointCount() const;
 
     bool isOnline() const override;
     bool isReadOnly() const override;
 
+    QString tableRefusal(const QVector<QPointF> &points) const override;
     void writeGridPoints(const QVector<QPointF> &points) override;
     bool isWriting() const override { return m_writing; }
     void deleteGridPoints() override;
@@ -112,12 +117,32 @@ private:
     void disconnectArrayChanges();
     void readBackGridPoints();
     void flushOutsideChanges();
-    void writeStamp();
+    // Writes the CRC of the stored table into "G293"; false when the drive
+    // refused it or reads back another value.
+    bool writeStamp();
     bool mustGrow(int count) const;
-    // Steps up to the read-back of a write; false when the model was
-    // destroyed meanwhile (the caller must then leave at once).
-    bool writeTable(const QVector<QPointF> &points);
-    bool fillWithZeros(int count, int decimals);
+    int arraySize(const ParameterCoordinate &array) const;
+    QString elementLabel(const ParameterCoordinate &coordinate, int element) const;
+
+    // How a write ended: the drive holds the table (stamp it), the write was
+    // refused or broke off (the user was told; no stamp), or the model was
+    // destroyed meanwhile (the caller must leave at once).
+    enum class WriteOutcome { Written, Refused, Gone };
+    // Refusals that need nothing written: read-only, the table, the arrays'
+    // sizes, the stamp's element and the limits; shows the message.
+    bool refusedUpFront(const QVector<QPointF> &points, bool grow);
+    bool growArrays(int count);
+    WriteOutcome writeTable(const QVector<QPointF> &points);
+    // Each returns the label of the first element the drive refused, or an
+    // empty text; *gone is set when the model was destroyed meanwhile.
+    QString writeElements(const QStringList &masterTexts, const QStringList &slaveTexts,
+                          const QVector<QPointF> &expected, bool *gone);
+    QString fillWithZeros(int count, int decimals, bool *gone);
+    QString writeBookkeeping(int count);
+    // The label of the first element (or the count) that does not read back
+    // as expected at the decimal places given; empty when all match.
+    QString firstDifference(const QVector<QPointF> &expected, int masterDecimals, int slaveDecimals) const;
+    void reportBrokenWrite(const QString &label, bool readBack);
     static bool pauseForEvents(const QPointer<ParameterModelImplementation> &self, int index, int count);
 
     QPointer<MxParameterInstance::ParameterContainer> m_container;
@@ -153,4 +178,10 @@ private:
     bool m_arraysMuted = false;        // own writes are not followed
     bool m_closePending = false;       // editor closed during a write
     bool m_readBackPending = false;    // outside changes wait for one read-back
+    // The table of the last verified write, as the drive should hold it, at
+    // the decimal places it was written with.
+    QVector<QPointF> m_writtenTable;
+    int m_writtenMasterDecimals = 0;
+    int m_writtenSlaveDecimals = 0;
+    bool m_hasWrittenTable = false;
 };

@@ -3,6 +3,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/parametermodelimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/parametermodelimplementation.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parametermodeltable.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/parametermodelwrite.cpp
     ${CMAKE_CURRENT_LIST_DIR}/calculatedtablemodel.h
     ${CMAKE_CURRENT_LIST_DIR}/calculatedtablemodel.cpp
     ${CMAKE_CURRENT_LIST_DIR}/calculatedtableview.h

@@ -449,13 +449,18 @@ void CamDesignerViewImplementation::updateWriteControls()
 {
     const bool enoughPoints = m_editorModel && m_editorModel->motionPointCount() > 1;
     const bool writable = m_parameterModel && !m_parameterModel->isReadOnly() && !m_parameterModel->isWriting();
-    m_ui->actionSaveParameters->setEnabled(enoughPoints && writable);
-    m_writeButton->setEnabled(enoughPoints && writable);
-    m_ui->actionSaveParameters->setToolTip(
-        enoughPoints ? QString()
-                     : tr("Damit Stützpunkte berechnet werden können, fügen sie den Kurvendefinitionsdaten, "
-                          "mindestens zwei Bewegungspunkte hinzu."));
-    m_writeButton->setToolTip(enoughPoints ? QString() : m_ui->actionSaveParameters->toolTip());
+    // A sampling that gives no grid point, or one that is not a number, is
+    // never written; the controls say why they are off.
+    const QString refusal = enoughPoints && m_parameterModel && m_editorModel->motionPlan()
+        ? m_parameterModel->tableRefusal(m_editorModel->motionPlan()->positions())
+        : QString();
+    m_ui->actionSaveParameters->setEnabled(enoughPoints && refusal.isEmpty() && writable);
+    m_writeButton->setEnabled(enoughPoints && refusal.isEmpty() && writable);
+    const QString why = enoughPoints ? refusal
+                                     : tr("Damit Stützpunkte berechnet werden können, fügen sie den "
+                                          "Kurvendefinitionsdaten, mindestens zwei Bewegungspunkte hinzu.");
+    m_ui->actionSaveParameters->setToolTip(why);
+    m_writeButton->setToolTip(why);
 }
 
 void CamDesignerViewImplementation::msgBoxClosed(QAbstractButton *)

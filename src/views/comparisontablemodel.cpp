@@ -2,6 +2,7 @@
 
 #include "camdesigner/tableclipboard.h"
 #include "curves/motionplan.h"
+#include "curves/positionrounding.h"
 #include "model/cameditormodel.h"
 #include "parameters/parametermodel.h"
 
@@ -14,15 +15,11 @@
 namespace {
 const QColor DifferenceColour(255, 215, 215);
 
-qint64 scaled(double value, int decimals)
-{
-    return std::llround(value * std::pow(10.0, decimals));
-}
-
 // Of the rounded values, so that equal texts never differ by "-0.000".
 double difference(double calculated, double stored, int decimals)
 {
-    return double(scaled(calculated, decimals) - scaled(stored, decimals)) / std::pow(10.0, decimals);
+    return (PositionRounding::units(calculated, decimals) - PositionRounding::units(stored, decimals))
+        / PositionRounding::scale(decimals) + 0.0;
 }
 } // namespace
 
@@ -68,8 +65,8 @@ bool ComparisonTableModel::differs(int row) const
     const int slaveDecimals = m_parameterModel->slaveDecimalPlaces();
     const QPointF calculated = m_calculated.at(row);
     const QPointF stored = m_stored.at(row);
-    return scaled(calculated.x(), masterDecimals) != scaled(stored.x(), masterDecimals)
-        || scaled(calculated.y(), slaveDecimals) != scaled(stored.y(), slaveDecimals);
+    return !PositionRounding::sameUnit(calculated.x(), stored.x(), masterDecimals)
+        || !PositionRounding::sameUnit(calculated.y(), stored.y(), slaveDecimals);
 }
 
 bool ComparisonTableModel::rowDiffers(int row) const

@@ -12,6 +12,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <limits>
 
 // Runs the built camtool as a user runs it and holds its output to what the
 // library computes from the same files.
@@ -477,9 +478,77 @@ private slots:
             << "Slave-Stützstelle [1] kann nicht geschrieben werden. Wert 3000000000 ist zu groß max: 2147483647";
         QTest::newRow("delete online") << Project::Written << QStringList{ "delete" } << QStringList{ "--online" }
                                        << "Bitte gehen Sie Offline";
+        // A thousand motion points leave none of the default 500 dynamic
+        // steps: the write zeroed every stored element.
+        QString thousand = QStringLiteral("[");
+        for (int i = 0; i < 1000; ++i)
+            thousand += QStringLiteral("%1[%2, %3, \"rest\"]").arg(i ? ", " : "").arg(i).arg(i % 7);
+        QTest::newRow("cam without grid points")
+            << Project::Written << QStringList{ "write", cam(qPrintable(thousand + QLatin1Char(']'))) }
+            << QStringList() << "Die Stützstellentabelle ist leer";
+        // Binary JSON keeps a slave that is not a number.
+        QJsonObject notFinite = QJsonDocument::fromJson(Defaults).object();
+        notFinite.insert("MotionPoints", QJsonArray{ QJsonArray{ 0, 0, "rest" },
+                                                     QJsonArray{ 10, std::numeric_limits<double>::infinity(), "rest" },
+                                                     QJsonArray{ 20, 0, "rest" } });
+        const QString binary = tmp(QStringLiteral("not-finite.dat"));
+        writeFile(binary, binaryJsonOf(notFinite));
+        QTest::newRow("slave not finite") << Project::Written << QStringList{ "write", binary } << QStringList()
+                                          << "keinen endlichen Wert";
+        const QString onePair = tmp(QStringLiteral("one-pair.txt"));
+        writeFile(onePair, "0;1\n");
+        QTest::newRow("curve of one pair") << Project::Written << QStringList{ "write", "--curve", onePair }
+                                           << QStringList() << "at least two";
         for (const QStringList &verb : { write, QStringList{ "read" }, QStringList{ "delete" } })
             QTest::addRow("damaged project, %s", qPrintable(verb.first()))
                 << Project::Damaged << verb << QStringList() << "cannot use drive project";
+    }
+
+    // A curve text file goes into the drive as the import dialog takes it.
+    void writeCurve()
+    {
+        const QString curve = tmp(QStringLiteral("curve.txt"));
+        QVERIFY(writeFile(curve, "0,5;1\n1,25;-2,0004\n2;1,001\n"));
+        const QStringList table{ "--drive", m_project, "--table", "7" };
+        const QStringList format{ "--format", "free", "--decimal", "comma", "--separator", "semicolon" };
+        const CamToolResult written = camtool(QStringList{ "write", "--curve", curve } + format + table);
+        QCOMPARE(written.exitCode, 0);
+        QCOMPARE(written.json().value("count").toInt(), 3);
+        const QJsonObject read = camtool(QStringList{ "read" } + table).json();
+        QCOMPARE(read.value("points").toArray(),
+                 (QJsonArray{ QJsonArray{ 0.5, 1 }, QJsonArray{ 1.25, -2.0 }, QJsonArray{ 2, 1.001 } }));
+        QCOMPARE(read.value("storedCrc").toDouble(), written.json().value("crc").toDouble());
+        QCOMPARE(read.value("damage").toString(), QString());
+
+        // Either a cam or a curve, and the format options only with a curve.
+        QCOMPARE(camtool(QStringList{ "write", Cyclic, "--curve", curve } + table).exitCode, 2);
+        QCOMPARE(camtool(QStringList{ "write", Cyclic, "--format", "free" } + table).exitCode, 2);
+        QCOMPARE(camtool(QStringList{ "write" } + table).exitCode, 2);
+    }
+
+    // A count beyond the arrays is reported as damage, and a write makes the
+    // table whole again.
+    void readReportsDamage()
+    {
+        const QStringList table{ "--drive", m_project, "--table", "2" };
+        QCOMPARE(camtool(QStringList{ "write", Cyclic } + table).exitCode, 0);
+        QJsonObject project = QJsonDocument::fromJson(readFile(m_project)).object();
+        QJsonObject parameters = project.value("Parameters").toObject();
+        QJsonArray counts = parameters.value("G68").toArray();
+        counts[2] = 600;
+        parameters.insert("G68", counts);
+        project.insert("Parameters", parameters);
+        QVERIFY(writeFile(m_project, QJsonDocument(project).toJson()));
+        const QJsonObject damaged = camtool(QStringList{ "read" } + table).json();
+        QVERIFY2(damaged.value("damage").toString().contains("Die Anzahl der Stützstellen ist 600"),
+                 qPrintable(damaged.value("damage").toString()));
+        QVERIFY(damaged.value("summary").toString().contains("beschädigt"));
+        QCOMPARE(damaged.value("points").toArray().size(), 499);  // no points padded with zeros
+
+        QCOMPARE(camtool(QStringList{ "write", Cyclic } + table).exitCode, 0);
+        const QJsonObject whole = camtool(QStringList{ "read" } + table).json();
+        QCOMPARE(whole.value("damage").toString(), QString());
+        QCOMPARE(whole.value("storedCrc").toDouble(), whole.value("computedCrc").toDouble());
     }
 
     void driveRefusals()

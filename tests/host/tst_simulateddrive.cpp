@@ -92,6 +92,21 @@ private slots:
         QVERIFY(!error.isEmpty());
     }
 
+    // A drive short of memory refuses to grow an array, but still shrinks it.
+    void growthRefusedAfterCount()
+    {
+        SimulatedDrive drive;
+        auto *master = drive.definition(coordinate("G283"));
+        drive.refuseGrowthAfter(1);
+        QVERIFY(master->setElementCount(10));
+        QVERIFY(!drive.definition(coordinate("G284"))->setElementCount(10));
+        QVERIFY(!master->setElementCount(11));
+        QCOMPARE(master->elementCount(), 10);
+        QVERIFY(master->setElementCount(4));
+        drive.refuseGrowthAfter(-1);
+        QVERIFY(master->setElementCount(12));
+    }
+
     void damagedProjectIsRefused_data()
     {
         QTest::addColumn<QByteArray>("content");

@@ -6,6 +6,9 @@
 
 #include <zlib.h>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 const QString WriteRefused = QStringLiteral("Schreiben in Parameter nicht möglich");
 constexpr int LivingSpace = BoundTable::LivingSpace;
@@ -52,41 +55,89 @@ private slots:
         QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 5), QString::number(expected));
     }
 
-    void refusedWriteChangesNoElement_data()
+    void refusedWriteChangesNothing_data()
     {
+        QTest::addColumn<int>("table");
         QTest::addColumn<bool>("readOnly");
         QTest::addColumn<bool>("online");
-        QTest::addColumn<int>("arraySize");
-        QTest::addColumn<int>("badPoint");
+        QTest::addColumn<int>("masterSize");
+        QTest::addColumn<int>("slaveSize");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("fault");  // "limit", "nan", "inf" at the last point
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("text");
-        QTest::newRow("read-only") << true << false << 20 << -1 << WriteRefused
+        const QString resize = QStringLiteral("Ändern des Parameters nicht möglich");
+        QTest::newRow("read-only") << 0 << true << false << 20 << 20 << 10 << "" << WriteRefused
                                    << "Antriebsregler ist schreibgeschützt.";
         QTest::newRow("online and both arrays too small")
-            << false << true << 5 << -1 << "Ändern des Parameters nicht möglich"
+            << 0 << false << true << 5 << 5 << 10 << "" << resize
             << "Die Stützstellen-Arrays müssen vergrößert werden, dies benötigt ein Neustart der Konfiguration, "
                "bitte gehen sie offline und schreiben sie erneut.";
         QTest::newRow("last point outside the limits")
-            << false << false << 20 << 9 << WriteRefused
+            << 0 << false << false << 20 << 20 << 10 << "limit" << WriteRefused
             << "Parameter: Kurvenscheibe 0 Master-Stützstelle [9] kann nicht geschrieben werden. "
                "Wert 400000 ist zu groß max: 360000";
+        // A cam whose sampling gives nothing zeroed every stored element.
+        QTest::newRow("empty table") << 0 << false << false << 20 << 20 << 0 << "" << WriteRefused
+                                     << "Die Stützstellentabelle ist leer; eine leere Tabelle wird nicht in den "
+                                        "Antrieb geschrieben.";
+        QTest::newRow("slave not a number")
+            << 0 << false << false << 20 << 20 << 10 << "nan" << WriteRefused
+            << "Die Stützstelle 9 hat keinen endlichen Wert (Master 4.50012, Slave nan); die Tabelle wird nicht in "
+               "den Antrieb geschrieben.";
+        QTest::newRow("slave infinite")
+            << 0 << false << false << 20 << 20 << 10 << "inf" << WriteRefused
+            << "Die Stützstelle 9 hat keinen endlichen Wert (Master 4.50012, Slave inf); die Tabelle wird nicht in "
+               "den Antrieb geschrieben.";
+        // 20000 pairs kept the count at 3 and overwrote the first elements;
+        // 70000 were counted as 4464 in 16 bits.
+        QTest::newRow("more than the arrays hold")
+            << 0 << false << false << 3 << 3 << 20000 << "" << WriteRefused
+            << "Die Tabelle hat 20000 Stützstellen, der Antrieb nimmt höchstens 16000 Stützstellen auf.";
+        QTest::newRow("more than 16 bits count")
+            << 0 << false << false << 3 << 3 << 70000 << "" << WriteRefused
+            << "Die Tabelle hat 70000 Stützstellen, der Antrieb nimmt höchstens 16000 Stützstellen auf.";
+        // Only both arrays too short grow them; one short array was written
+        // past its end under a count it could not hold.
+        QTest::newRow("slave array too short")
+            << 0 << false << false << 100 << 50 << 80 << "" << WriteRefused
+            << "Das Stützstellen-Array G284 hat 50 Elemente, die Tabelle hat 80 Stützstellen. Die Tabelle wird "
+               "nicht geschrieben.";
+        QTest::newRow("master array too short")
+            << 0 << false << false << 50 << 100 << 80 << "" << WriteRefused
+            << "Das Stützstellen-Array G283 hat 50 Elemente, die Tabelle hat 80 Stützstellen. Die Tabelle wird "
+               "nicht geschrieben.";
+        QTest::newRow("online without an element for the stamp")
+            << 5 << false << true << 20 << 20 << 10 << "" << WriteRefused
+            << "Die Prüfsumme der Kurvenscheibe 5 (G293) hat kein Element für diese Tabelle, bitte gehen sie offline "
+               "und schreiben sie erneut.";
     }
-    void refusedWriteChangesNoElement()
+    void refusedWriteChangesNothing()
     {
+        QFETCH(int, table);
         QFETCH(bool, readOnly);
         QFETCH(bool, online);
-        QFETCH(int, arraySize);
-        QFETCH(int, badPoint);
+        QFETCH(int, masterSize);
+        QFETCH(int, slaveSize);
+        QFETCH(int, count);
+        QFETCH(QString, fault);
         QFETCH(QString, title);
         QFETCH(QString, text);
-        BoundTable bound;
+        BoundTable bound(table);
         QVERIFY(bound.drive.setNativeLimits(bound.master().toText(), -1000, 360000));
-        QVERIFY(bound.resize(arraySize, arraySize));
+        QVERIFY(bound.resize(masterSize, slaveSize));
         bound.drive.setOnline(online);
         bound.drive.setReadOnly(readOnly);
-        QVector<QPointF> points = curvePoints(10);
-        if (badPoint >= 0)
-            points[badPoint].setX(400.0);
+        QVector<QPointF> points = curvePoints(count, 0.01);
+        if (fault == QLatin1String("limit"))
+            points.last().setX(400.0);
+        else if (fault == QLatin1String("nan"))
+            points.last().setY(std::nan(""));
+        else if (fault == QLatin1String("inf"))
+            points.last().setY(std::numeric_limits<double>::infinity());
+        if (fault == QLatin1String("nan") || fault == QLatin1String("inf"))
+            points.last().setX(4.50012);
+        const QByteArray before = bound.drive.toJson();
         SignalLog told(&bound.model());
         MessageCapture capture;
         bound.drive.clearWriteCounts();
@@ -96,11 +147,11 @@ private slots:
         QCOMPARE(capture.last().title, title);
         QCOMPARE(capture.last().text, text);
         QCOMPARE(capture.last().icon, QMessageBox::Warning);
-        QCOMPARE(bound.drive.elementWrites(bound.master().toText()), 0);
-        QCOMPARE(bound.drive.elementWrites(bound.slave().toText()), 0);
         QCOMPARE(told, (QStringList { "started", "finished" }));
-        // The stamp is still brought up to date, unless the drive refuses writes.
-        QCOMPARE(bound.drive.elementWrites(QStringLiteral("G293")), readOnly ? 0 : 1);
+        // Neither the arrays, their sizes, the count nor the stamp change: a
+        // refused write never marks a table as the editor's.
+        QCOMPARE(bound.drive.totalElementWrites(), 0);
+        QCOMPARE(bound.drive.toJson(), before);
     }
 
     void growthOnlyWhenBothArraysTooSmall_data()
@@ -111,11 +162,9 @@ private slots:
         QTest::addColumn<int>("masterAfter");
         QTest::addColumn<int>("slaveAfter");
         QTest::addColumn<bool>("online");
-        QTest::newRow("100/50 with 80 points: no growth") << 100 << 50 << 80 << 100 << 50 << false;
-        QTest::newRow("50/100 with 80 points: no growth") << 50 << 100 << 80 << 50 << 100 << false;
+        QTest::newRow("100/50 with 50 points: no growth") << 100 << 50 << 50 << 100 << 50 << false;
         QTest::newRow("both too small grow to the count") << 10 << 30 << 80 << 80 << 80 << false;
         QTest::newRow("both large enough") << 90 << 90 << 80 << 90 << 90 << false;
-        // Online the stamp array is not resized for a later table either.
         QTest::newRow("online, large enough") << 90 << 90 << 80 << 90 << 90 << true;
     }
     void growthOnlyWhenBothArraysTooSmall()
@@ -128,6 +177,9 @@ private slots:
         QFETCH(bool, online);
         BoundTable bound(5);
         QVERIFY(bound.resize(masterSize, slaveSize));
+        // Online the stamp needs its element already.
+        if (online)
+            QVERIFY(bound.definition(coordinate("G293"))->setElementCount(6));
         bound.drive.setOnline(online);
         QSignalSpy sizeChanged(&bound.model(), &ParameterModel::sizeChanged);
         MessageCapture capture;
@@ -137,7 +189,9 @@ private slots:
         QCOMPARE(bound.definition(bound.slave())->elementCount(), slaveAfter);
         QCOMPARE(sizeChanged.count(), masterAfter != masterSize ? 1 : 0);
         QCOMPARE(bound.tableValue("G68"), QString::number(count));
-        QCOMPARE(bound.definition(coordinate("G293"))->elementCount(), online ? 1 : 6);
+        QCOMPARE(bound.definition(coordinate("G293"))->elementCount(), 6);
+        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 5),
+                 QString::number(bound.model().computeCrc()));
     }
 
     void elementTextsAndZeroFill()
@@ -214,16 +268,22 @@ private slots:
     {
         QTest::addColumn<QString>("count");
         QTest::addColumn<bool>("foreign");
-        QTest::newRow("own table") << "" << false;
-        QTest::newRow("count 5 with a wrong stamp") << "5" << true;
-        QTest::newRow("count 2 is compared") << "2" << true;
-        QTest::newRow("count 1 is never compared") << "1" << false;
-        QTest::newRow("count 0 is never compared") << "0" << false;
+        QTest::addColumn<QString>("damage");
+        QTest::newRow("own table") << "" << false << "";
+        // A count beyond the arrays is damage, told before everything else.
+        QTest::newRow("count 5 with a wrong stamp")
+            << "5" << true
+            << "<html><head/><body><p> Die Stützstellentabelle ist beschädigt: Die Anzahl der Stützstellen ist 5, "
+               "aber das Stützstellen-Array G283 hat nur 3 Elemente.</p></body></html>";
+        QTest::newRow("count 2 is compared") << "2" << true << "";
+        QTest::newRow("count 1 is never compared") << "1" << false << "";
+        QTest::newRow("count 0 is never compared") << "0" << false << "";
     }
     void summary()
     {
         QFETCH(QString, count);
         QFETCH(bool, foreign);
+        QFETCH(QString, damage);
         BoundTable bound;
         MessageCapture capture;
         bound.model().writeGridPoints({ QPointF(0, 1.5), QPointF(10, 2), QPointF(20.25, -3) });
@@ -240,43 +300,72 @@ private slots:
             "</body></html>");
         const QString mark = QStringLiteral(
             "<html><head/><body><p> Stützstellenwerte wurden nicht vom Kurvenscheibeneditor beschrieben.</p></body></html>");
-        QCOMPARE(bound.model().storedTableSummary(), foreign ? mark + own : own);
+        QCOMPARE(bound.model().storedTableSummary(), damage + (foreign ? mark + own : own));
 
         // Two points are too few for a summary.
         bound.model().writeGridPoints({ QPointF(0, 1), QPointF(10, 2) });
         QVERIFY(bound.model().storedTableSummary().isEmpty());
     }
 
-    void driveFailingInTheMiddleIsNotDetected_data()
+    void driveFailingInTheMiddleIsReported_data()
     {
         QTest::addColumn<QString>("failure");
-        QTest::newRow("writes fail") << "fail";
-        QTest::newRow("goes online") << "online";
-        QTest::newRow("goes read-only") << "readOnly";
+        QTest::addColumn<int>("after");
+        QTest::newRow("writes fail") << "fail" << 6;
+        QTest::newRow("goes read-only") << "readOnly" << 6;
+        QTest::newRow("late failure") << "fail" << 36;
+        QTest::newRow("resize refused") << "resize" << 1;
+        // Online the drive still takes values: the table is written whole.
+        QTest::newRow("goes online") << "online" << 6;
     }
-    void driveFailingInTheMiddleIsNotDetected()
+    void driveFailingInTheMiddleIsReported()
     {
         QFETCH(QString, failure);
+        QFETCH(int, after);
         BoundTable bound;
-        QVERIFY(bound.resize(20, 20));
-        if (failure == QLatin1String("fail"))
-            bound.drive.failWritesAfter(6);
-        else if (failure == QLatin1String("online"))
-            bound.drive.goOnlineAfterWrites(6);
-        else
-            bound.drive.goReadOnlyAfterWrites(6);
-        QSignalSpy finished(&bound.model(), &ParameterModel::writeProcessFinished);
         MessageCapture capture;
+        // An own table first: a broken write must not leave it stamped.
+        bound.model().writeGridPoints(curvePoints(5, 3.0));
+        const QString stamp = bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0);
+        QCOMPARE(stamp, QString::number(bound.model().computeCrc()));
+        if (failure == QLatin1String("fail"))
+            bound.drive.failWritesAfter(after);
+        else if (failure == QLatin1String("online"))
+            bound.drive.goOnlineAfterWrites(after);
+        else if (failure == QLatin1String("resize"))
+            bound.drive.refuseGrowthAfter(after);
+        else
+            bound.drive.goReadOnlyAfterWrites(after);
+        QSignalSpy finished(&bound.model(), &ParameterModel::writeProcessFinished);
         const QVector<QPointF> points = curvePoints(20);
         bound.model().writeGridPoints(points);
-        QCOMPARE(capture.count(), 0);
         QCOMPARE(finished.count(), 1);
-        // Online the drive still takes values; only refusing drives stop the table.
-        const bool refusing = failure != QLatin1String("online");
-        const QStringList masters = bound.natives(bound.master());
-        QCOMPARE(masters.at(2), QString::fromLatin1(nativeOf(points.at(2).x())));
-        QCOMPARE(masters.at(10), refusing ? QStringLiteral("0") : QString::fromLatin1(nativeOf(points.at(10).x())));
-        QCOMPARE(bound.tableValue("G68"), refusing ? QStringLiteral("0") : QStringLiteral("20"));
+        if (failure == QLatin1String("online")) {
+            QCOMPARE(capture.count(), 0);
+            QCOMPARE(bound.tableValue("G68"), QStringLiteral("20"));
+            QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0),
+                     QString::number(bound.model().computeCrc()));
+            return;
+        }
+        // The user is told which element failed; the stamp stays, so the
+        // half-written table no longer passes for the editor's.
+        QCOMPARE(capture.count(), 1);
+        QCOMPARE(capture.last().title, failure == QLatin1String("resize") ? "Ändern des Parameters nicht möglich"
+                                                                           : WriteRefused);
+        QVERIFY2(capture.last().text.startsWith(failure == QLatin1String("resize")
+                                                    ? QStringLiteral("Der Antrieb hat das Vergrößern")
+                                                    : QStringLiteral("Parameter: ")),
+                 qPrintable(capture.last().text));
+        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0), stamp);
+        if (failure == QLatin1String("resize")) {
+            // Refused before anything was written: the old table is whole.
+            QCOMPARE(bound.definition(bound.master())->elementCount(), 5);
+            QCOMPARE(bound.definition(bound.slave())->elementCount(), 5);
+            QCOMPARE(stamp, QString::number(bound.model().computeCrc()));
+        } else {
+            QVERIFY(stamp != QString::number(bound.model().computeCrc()));
+            QVERIFY(bound.model().storedTableSummary().contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
+        }
     }
 };
 

@@ -182,6 +182,7 @@ private slots:
         MessageCapture capture;
         bound.model().writeGridPoints(curvePoints(40));
         const QPolygonF written = bound.model().storedGridPoints();
+        const QString stamp = bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0);
         bound.model().editorOpened();
         QSignalSpy valueChanged(&bound.model(), &ParameterModel::valueChanged);
         // Another tool rewrites every element of both arrays.
@@ -198,10 +199,14 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(valueChanged.count(), followed);
         QCOMPARE(bound.model().storedGridPoints(), followed ? changed : written);
-        // The stamp follows the change: the table still counts as the editor's.
-        if (followed)
-            QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0),
-                     QString::number(bound.model().computeCrc()));
+        // The stamp stays as the editor's write left it, also when the
+        // change is followed or the stamp is asked for again: another tool's
+        // table never passes for the editor's. The arrays are drive-wide, so
+        // a write in another living space changes the own table too.
+        bound.model().updateCrC();
+        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0), stamp);
+        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0) == QString::number(bound.model().computeCrc()),
+                 !table.isEmpty());
     }
 
     void pendingReadBack_data()

@@ -63,6 +63,33 @@ private slots:
         QCOMPARE(written, (QSet<QString> { "G68[5]", "G60[5]", "G61[5]", "G293[5]", "G416[7]" }));
     }
 
+    void changeOfOneUnitIsWritten_data()
+    {
+        QTest::addColumn<double>("stored");
+        QTest::addColumn<double>("written");
+        // 1000 x 1.001 is 1000.999...: a truncating comparison kept 1.000.
+        QTest::newRow("1.000 to 1.001") << 1.0 << 1.001;
+        QTest::newRow("-1.000 to -1.001") << -1.0 << -1.001;
+        QTest::newRow("2.000 to 2.001") << 2.0 << 2.001;
+        QTest::newRow("0.999 to 1.000") << 0.999 << 1.0;
+    }
+    void changeOfOneUnitIsWritten()
+    {
+        QFETCH(double, stored);
+        QFETCH(double, written);
+        BoundTable bound;
+        MessageCapture capture;
+        bound.model().writeGridPoints({ QPointF(0, stored), QPointF(stored + 10, 2), QPointF(20, 3) });
+        bound.model().writeGridPoints({ QPointF(0, written), QPointF(written + 10, 2), QPointF(20, 3) });
+        QCOMPARE(capture.count(), 0);
+        QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.slave(), 0),
+                 QString::number(written, 'f', 3).replace(QLatin1Char('.'), QLatin1Char(',')));
+        QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.master(), 1),
+                 QString::number(written + 10, 'f', 3).replace(QLatin1Char('.'), QLatin1Char(',')));
+        QCOMPARE(bound.drive.readValueNative(BoundTable::LivingSpace, coordinate("G293"), 0),
+                 QString::number(bound.model().computeCrc()));
+    }
+
     void storedPointsReadBackWithComma()
     {
         BoundTable bound;

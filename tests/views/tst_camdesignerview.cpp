@@ -204,6 +204,17 @@ void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
     QCOMPARE(window->writeButton()->toolTip(), QString());
     QVERIFY(write->toolTip() != twoPoints);
 
+    // A slave that is not a number (as a binary file may bring it) gives a
+    // table the drive cannot take: the controls are off and say why.
+    auto *broken = new MotionPoint(50, std::nan(""), MotionPoint::rest);
+    editor.camDescription()->appendPoint(broken);
+    QVERIFY(!write->isEnabled());
+    QVERIFY(!window->writeButton()->isEnabled());
+    QVERIFY2(write->toolTip().contains(QStringLiteral("keinen endlichen Wert")), qPrintable(write->toolTip()));
+    QCOMPARE(window->writeButton()->toolTip(), write->toolTip());
+    delete editor.camDescription()->takePoint(broken);
+    QVERIFY(write->isEnabled());
+
     auto *label = window->statusBar()->findChild<QLabel *>(QStringLiteral("readOnlyLabel"));
     QVERIFY(label->text().isEmpty());
     const QStringList drivers { "Schreibt die berechneten Stützstellen in Parameter",

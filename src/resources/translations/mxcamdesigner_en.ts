@@ -1252,6 +1252,54 @@ difference</translation>
         <source>Die Stützstellen-Arrays müssen vergrößert werden, dies benötigt ein Neustart der Konfiguration, bitte gehen sie offline und schreiben sie erneut.</source>
         <translation>The grid point arrays have to be enlarged, which needs a restart of the configuration. Please go offline and write again.</translation>
     </message>
+    <message>
+        <source>Die Stützstellentabelle ist leer; eine leere Tabelle wird nicht in den Antrieb geschrieben.</source>
+        <translation>The grid point table is empty; an empty table is not written into the drive.</translation>
+    </message>
+    <message>
+        <source>Die Stützstelle %1 hat keinen endlichen Wert (Master %2, Slave %3); die Tabelle wird nicht in den Antrieb geschrieben.</source>
+        <translation>Grid point %1 has no finite value (master %2, slave %3); the table is not written into the drive.</translation>
+    </message>
+    <message>
+        <source>Die Tabelle hat %1 Stützstellen, der Antrieb nimmt höchstens %2 Stützstellen auf.</source>
+        <translation>The table has %1 grid points; the drive takes at most %2 grid points.</translation>
+    </message>
+    <message>
+        <source>Das Stützstellen-Array der Kurvenscheibe %1 fehlt im Antrieb.</source>
+        <translation>The drive has no grid point array for cam %1.</translation>
+    </message>
+    <message>
+        <source>Das Stützstellen-Array %1 hat %2 Elemente, die Tabelle hat %3 Stützstellen. Die Tabelle wird nicht geschrieben.</source>
+        <translation>The grid point array %1 has %2 elements, the table has %3 grid points. The table is not written.</translation>
+    </message>
+    <message>
+        <source>Die Prüfsumme der Kurvenscheibe %1 (%2) hat kein Element für diese Tabelle, bitte gehen sie offline und schreiben sie erneut.</source>
+        <translation>The checksum of cam %1 (%2) has no element for this table. Please go offline and write again.</translation>
+    </message>
+    <message>
+        <source>Der Antrieb hat das Vergrößern des Stützstellen-Arrays %1 auf %2 Elemente abgelehnt. Die Tabelle wurde nicht geschrieben.</source>
+        <translation>The drive refused to enlarge the grid point array %1 to %2 elements. The table was not written.</translation>
+    </message>
+    <message>
+        <source>Parameter: %1 enthält nach dem Schreiben nicht den geschriebenen Wert. Die Stützstellen im Antrieb werden nicht als vom Kurvenscheibeneditor geschrieben gekennzeichnet.</source>
+        <translation>Parameter: %1 does not hold the written value after writing. The grid points in the drive are not marked as written by the cam editor.</translation>
+    </message>
+    <message>
+        <source>Parameter: %1 konnte nicht geschrieben werden, das Schreiben wurde abgebrochen. Die Stützstellen im Antrieb werden nicht als vom Kurvenscheibeneditor geschrieben gekennzeichnet.</source>
+        <translation>Parameter: %1 could not be written; writing was stopped. The grid points in the drive are not marked as written by the cam editor.</translation>
+    </message>
+    <message>
+        <source>Die Anzahl der Stützstellen ist %1, aber das Stützstellen-Array der Kurvenscheibe %2 fehlt.</source>
+        <translation>The grid point count is %1, but the grid point array of cam %2 is missing.</translation>
+    </message>
+    <message>
+        <source>Die Anzahl der Stützstellen ist %1, aber das Stützstellen-Array %2 hat nur %3 Elemente.</source>
+        <translation>The grid point count is %1, but the grid point array %2 has only %3 elements.</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt; Die Stützstellentabelle ist beschädigt: %1&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt; The grid point table is damaged: %1&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
 </context>
 <context>
     <name>PointEditView</name>
