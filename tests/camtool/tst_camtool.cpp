@@ -487,7 +487,7 @@ private slots:
             << Project::Written << QStringList{ "write", cam(qPrintable(thousand + QLatin1Char(']'))) }
             << QStringList() << "Die Stützstellentabelle ist leer";
         // Binary JSON keeps a slave that is not a number.
-        QJsonObject notFinite = QJsonDocument::fromJson(Defaults).object();
+        QJsonObject notFinite{ { "CircularLength", 1 }, { "Cyclic", false }, { "MotionLaw", "Vdi2142" } };
         notFinite.insert("MotionPoints", QJsonArray{ QJsonArray{ 0, 0, "rest" },
                                                      QJsonArray{ 10, std::numeric_limits<double>::infinity(), "rest" },
                                                      QJsonArray{ 20, 0, "rest" } });
