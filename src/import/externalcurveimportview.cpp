@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QTextCodec>
 
 namespace {
@@ -286,6 +288,12 @@ void ExternalCurveImportView::updateSummary()
     const QString error = m_converter.errorMessage();
     m_ui->conversionErrorLabel->setText(error);
     m_ui->conversionErrorLabel->setVisible(!error.isEmpty());
+    const QString skipped = m_converter.skippedLinesMessage();
+    m_ui->skippedLinesLabel->setText(skipped);
+    m_ui->skippedLinesLabel->setVisible(!skipped.isEmpty());
+    // Writing fewer pairs would replace the drive's table by nothing usable.
+    if (QPushButton *ok = m_ui->buttonBox->button(QDialogButtonBox::Ok))
+        ok->setEnabled(m_table.imported.size() >= MinimumPairs);
 }
 
 void ExternalCurveImportView::onParameterValuesChanged()
@@ -298,9 +306,24 @@ void ExternalCurveImportView::onParameterValuesChanged()
     m_ui->compareView->viewport()->update();
 }
 
+void ExternalCurveImportView::keyPressEvent(QKeyEvent *event)
+{
+    // Enter in the path field loads the file and nothing more: a dialog would
+    // take it for OK and write whatever was read so far into the drive. OK
+    // is clicked, or pressed while it has the focus (the button itself
+    // handles that key then).
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
 void ExternalCurveImportView::accept()
 {
     m_table.imported = m_converter.convert();
+    if (m_table.imported.size() < MinimumPairs)
+        return;
     QPointer<ExternalCurveImportView> self(this);
     // The write processes events while it runs: no second click meanwhile,
     // and no repaint of the rows for a table that is about to be left.
