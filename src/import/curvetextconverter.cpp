@@ -1,5 +1,7 @@
 #include "curvetextconverter.h"
 
+#include <QTextCodec>
+
 // We read line by line, and a line must be one pair and nothing else,
 // instead of searching the whole text for anything that looks like a pair:
 // such a search took a digit, a decimal mark and a digit for a pair ("0,5;1.5"
@@ -109,6 +111,24 @@ CurveTextConverter::CurveTextConverter(QObject *parent)
                           { Blank, QLatin1Char(' ') } }
     , m_formats { { 0, ServoSoft }, { 1, TwinCat2 }, { 2, CodeSys }, { 3, FreeFormat } }
 {
+}
+
+QString CurveTextConverter::decodedText(const QByteArray &bytes)
+{
+    // Curve files come from Windows tools as often as from others.
+    QString text;
+    if (QTextCodec *unicode = QTextCodec::codecForUtfText(bytes, nullptr)) {
+        text = unicode->toUnicode(bytes);
+    } else {
+        QTextCodec::ConverterState state;
+        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+        if (state.invalidChars > 0)
+            text = QString::fromLatin1(bytes);
+    }
+    // The UTF-16 decoders keep the byte-order mark.
+    if (text.startsWith(ByteOrderMark))
+        text.remove(0, 1);
+    return text;
 }
 
 void CurveTextConverter::setText(const QString &text)

@@ -5,6 +5,8 @@
 #include <QPolygonF>
 #include <QString>
 
+class QByteArray;
+
 // Turns the text of an external curve file into (master, slave) pairs. The
 // text is read line by line: a line that holds exactly one pair in the
 // chosen format gives that pair, a blank line is passed over, and every
@@ -21,6 +23,11 @@ public:
     static constexpr int ShownLineLength = 80;
 
     explicit CurveTextConverter(QObject *parent = nullptr);
+
+    // The text of a curve file's bytes as the import reads them: a byte-order
+    // mark decides the encoding, else UTF-8 if the bytes are valid UTF-8,
+    // else Latin-1. Line ends are left as they are; convert() knows them all.
+    static QString decodedText(const QByteArray &bytes);
 
     QString text() const { return m_text; }
     void setText(const QString &text);

@@ -15,29 +15,15 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QTextCodec>
 
 namespace {
 
 const char EmptyIcon[] = ":/Resources/General/Empty_16x16.png";
 
-// Curve files come from Windows tools as often as from others: a byte-order
-// mark decides, else UTF-8 if the bytes are valid UTF-8, else Latin-1.
+// The text edit would take a lone carriage return for a line of its own.
 QString decodedText(const QByteArray &bytes)
 {
-    QString text;
-    if (QTextCodec *unicode = QTextCodec::codecForUtfText(bytes, nullptr)) {
-        text = unicode->toUnicode(bytes);
-    } else {
-        QTextCodec::ConverterState state;
-        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-        if (state.invalidChars > 0)
-            text = QString::fromLatin1(bytes);
-    }
-    // The UTF-16 decoders keep the byte-order mark.
-    if (text.startsWith(QChar(QChar::ByteOrderMark)))
-        text.remove(0, 1);
-    // The text edit would take a lone carriage return for a line of its own.
+    QString text = CurveTextConverter::decodedText(bytes);
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return text;
