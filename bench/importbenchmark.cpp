@@ -97,6 +97,26 @@ void convertAfterSeparatorChange(benchmark::State &state)
 }
 BENCHMARK(convertAfterSeparatorChange)->Unit(benchmark::kMillisecond);
 
+// One line of nothing but digits, as a damaged or binary file may hold: the
+// conversion must stay linear in the text (a backtracking search took
+// 12 to 20 s for 256000 digits). The line is no pair and is skipped.
+void convertLongLine(benchmark::State &state)
+{
+    const int length = static_cast<int>(state.range(0));
+    CurveTextConverter converter;
+    converter.setText(QStringLiteral("0;0\n") + QString(length, QLatin1Char('7')) + QStringLiteral("\n1;1\n"));
+    for (auto _ : state) {
+        const QPolygonF points = converter.convert();
+        if (points.size() != 2 || converter.skippedLineCount() != 1) {
+            state.SkipWithError("the long line was not skipped");
+            break;
+        }
+        benchmark::DoNotOptimize(points.constData());
+    }
+    state.SetBytesProcessed(state.iterations() * length * int64_t(sizeof(QChar)));
+}
+BENCHMARK(convertLongLine)->Arg(256000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
 // The export writes a table of 16000 grid points and reads it back once to
 // make sure that the import will read the same pairs.
 void writeTable(benchmark::State &state)

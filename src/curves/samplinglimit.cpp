@@ -15,6 +15,19 @@ namespace {
 // close, and halving the step quarters the error, so a narrow bracket holds.
 constexpr double BracketGrowth = 1.25;
 
+// Steps and counts are searched as whole numbers. From 2^53 on a double no
+// longer holds every whole number, and a quotient like a master range of
+// 1e300 over the resolution does not fit a long long at all (converting it
+// would be undefined), so every count is taken through here.
+constexpr double LargestCount = 9007199254740992.0;
+
+long long toCount(double value)
+{
+    if (!(value > 0.0))
+        return 0;
+    return value < LargestCount ? static_cast<long long>(value) : static_cast<long long>(LargestCount);
+}
+
 std::unique_ptr<MotionPlan> copyOf(const MotionPlan &plan, int law)
 {
     // The plan's own points include a cyclic cam's closing point, so the copy
@@ -101,7 +114,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     limit.resolution = std::pow(10.0, -decimals);
     const int count = plan.motionPoints().size();
     const double range = plan.masterRange();
-    if (count < 2 || !(range > 0.0) || count >= MotionPlan::MaximumGridPoints)
+    if (count < 2 || !(range > 0.0) || !std::isfinite(range) || count >= MotionPlan::MaximumGridPoints)
         return limit;
 
     const CurveReport report(plan, QPolygonF());
@@ -117,13 +130,16 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
 
     // Static steps are multiples of the master resolution, from the finest
     // the grid point limit allows up to the whole range.
+    // A range of more whole resolution steps than a double counts has no
+    // static step to offer: it is reported as not reachable.
     const double finest = range / (MotionPlan::MaximumGridPoints - count);
-    const long long kMin = std::max(1LL, (long long)std::ceil(finest / quantum));
-    const long long kMax = std::max(kMin, (long long)std::floor(range / quantum));
+    const bool countable = range / quantum < LargestCount;
+    const long long kMin = std::max(1LL, toCount(std::ceil(finest / quantum)));
+    const long long kMax = std::max(kMin, toCount(std::floor(range / quantum)));
     const double amax = report.scale()[2];
     // Error ≈ amax·h²/8 for a step h.
-    const long long guess = amax > 0.0 ? (long long)(std::sqrt(8.0 * r / amax) / quantum) : kMax;
-    const long long k = lastTrue(guess, kMin, kMax, staticGood);
+    const long long guess = amax > 0.0 ? toCount(std::sqrt(8.0 * r / amax) / quantum) : kMax;
+    const long long k = countable ? lastTrue(guess, kMin, kMax, staticGood) : kMin - 1;
     if (k >= kMin) {
         limit.staticReachable = true;
         limit.staticStepSize = double(k) * quantum;
@@ -139,7 +155,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
     };
     const long long nMin = count + 1;
     const long long nMax = MotionPlan::MaximumGridPoints;
-    const long long nGuess = limit.staticReachable ? count + (long long)std::ceil(range / limit.staticStepSize) : nMax;
+    const long long nGuess = limit.staticReachable ? count + toCount(std::ceil(range / limit.staticStepSize)) : nMax;
     const long long n = lastTrue(nGuess, nMin, nMax, tooFew) + 1;
     if (n <= nMax) {
         limit.dynamicReachable = true;

@@ -13,29 +13,17 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
-#include <QTextCodec>
+#include <QKeyEvent>
+#include <QPushButton>
 
 namespace {
 
 const char EmptyIcon[] = ":/Resources/General/Empty_16x16.png";
 
-// Curve files come from Windows tools as often as from others: a byte-order
-// mark decides, else UTF-8 if the bytes are valid UTF-8, else Latin-1.
+// The text edit would take a lone carriage return for a line of its own.
 QString decodedText(const QByteArray &bytes)
 {
-    QString text;
-    if (QTextCodec *unicode = QTextCodec::codecForUtfText(bytes, nullptr)) {
-        text = unicode->toUnicode(bytes);
-    } else {
-        QTextCodec::ConverterState state;
-        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-        if (state.invalidChars > 0)
-            text = QString::fromLatin1(bytes);
-    }
-    // The UTF-16 decoders keep the byte-order mark.
-    if (text.startsWith(QChar(QChar::ByteOrderMark)))
-        text.remove(0, 1);
-    // The text edit would take a lone carriage return for a line of its own.
+    QString text = CurveTextConverter::decodedText(bytes);
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return text;
@@ -286,6 +274,12 @@ void ExternalCurveImportView::updateSummary()
     const QString error = m_converter.errorMessage();
     m_ui->conversionErrorLabel->setText(error);
     m_ui->conversionErrorLabel->setVisible(!error.isEmpty());
+    const QString skipped = m_converter.skippedLinesMessage();
+    m_ui->skippedLinesLabel->setText(skipped);
+    m_ui->skippedLinesLabel->setVisible(!skipped.isEmpty());
+    // Writing fewer pairs would replace the drive's table by nothing usable.
+    if (QPushButton *ok = m_ui->buttonBox->button(QDialogButtonBox::Ok))
+        ok->setEnabled(m_table.imported.size() >= MinimumPairs);
 }
 
 void ExternalCurveImportView::onParameterValuesChanged()
@@ -298,9 +292,24 @@ void ExternalCurveImportView::onParameterValuesChanged()
     m_ui->compareView->viewport()->update();
 }
 
+void ExternalCurveImportView::keyPressEvent(QKeyEvent *event)
+{
+    // Enter in the path field loads the file and nothing more: a dialog would
+    // take it for OK and write whatever was read so far into the drive. OK
+    // is clicked, or pressed while it has the focus (the button itself
+    // handles that key then).
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
 void ExternalCurveImportView::accept()
 {
     m_table.imported = m_converter.convert();
+    if (m_table.imported.size() < MinimumPairs)
+        return;
     QPointer<ExternalCurveImportView> self(this);
     // The write processes events while it runs: no second click meanwhile,
     // and no repaint of the rows for a table that is about to be left.

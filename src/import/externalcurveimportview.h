@@ -10,6 +10,7 @@
 #include <memory>
 
 class ParameterModel;
+class QKeyEvent;
 class QRadioButton;
 class QVariant;
 class QwtPlotCurve;
@@ -29,6 +30,8 @@ public:
     // The comparison shows at most this many rows; further points are
     // converted and imported, but not listed.
     static constexpr int CompareRows = 16000;
+    // Fewer pairs make no table: OK stays disabled.
+    static constexpr int MinimumPairs = 2;
 
     explicit ExternalCurveImportView(ParameterModel *parameterModel, QWidget *parent = nullptr);
     ~ExternalCurveImportView() override;
@@ -38,6 +41,9 @@ public:
 
 public slots:
     void accept() override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private slots:
     void chooseFile();

@@ -195,6 +195,14 @@ private slots:
                               "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})");
         QTest::newRow("show binary .dat")
             << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example;
+        // JSON would print them as null.
+        const double nan = std::nan(""), inf = HUGE_VAL;
+        QTest::newRow("show NaN and infinity from a binary .dat") << show << "odd.dat"
+            << binaryJsonOf(QJsonObject{ { "CircularLength", -inf },
+                                         { "MotionPoints", QJsonArray{ QJsonArray{ 0, nan, "rest" }, QJsonArray{ inf, 1, "speed" } } } })
+            << QByteArray(R"({"CircularLength": "-Infinity", "Cyclic": false, "MotionLaw": "Vdi2142",
+                              "MotionPoints": [[0, "NaN", "rest"], ["Infinity", 1, "speed"]],
+                              "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})");
 
         const struct {
             const char *name;
@@ -202,26 +210,36 @@ private slots:
             QStringList options;
             QByteArray points;
             const char *error;
+            int skipped;
+            int firstLine;
+            const char *first;
         } conversions[] = {
-            { "default is free format with point and semicolon", "Master;Slave\n0;0\n1.5;2e1\n1,5;3\n", {}, "[[0,0],[1.5,20],[5,3]]", "" },
-            { "SERVOsoft", "0;0\n10,5;;20,25\n", { "--format", "servosoft" }, "[[0,0],[10.5,20.25]]", "" },
-            { "TwinCat2 reads decimal commas as pairs", "1,5;2,5", { "--format", "TwinCat2" }, "[[1,5],[2,5]]", "" },
-            { "CodeSys", "1.0;  2.0e-3\n1.0;2.0\n", { "--format", "codesys" }, "[[1,0.002]]", "" },
-            { "free format with comma and blank", "1,5 2,5\n", { "--decimal", "comma", "--separator", "blank" }, "[[1.5,2.5]]", "" },
-            { "explicit free format with tab", "1\t2\n3\t\t4\n", { "--format", "free", "--separator", "tab" }, "[[1,2]]", "" },
+            { "default is free format with point and semicolon", "Master;Slave\n0;0\n1.5;2e1\n1,5;3\n", {}, "[[0,0],[1.5,20]]", "",
+              2, 1, "Master;Slave" },
+            { "SERVOsoft", "0;0\n10,5;;20,25\n", { "--format", "servosoft" }, "[[0,0],[10.5,20.25]]", "", 0, 0, "" },
+            { "TwinCat2 skips decimal commas", "1,5;2,5", { "--format", "TwinCat2" }, "[]", "", 1, 1, "1,5;2,5" },
+            { "CodeSys", "1.0;  2.0e-3\n1.0;2.0\n", { "--format", "codesys" }, "[[1,0.002]]", "", 1, 2, "1.0;2.0" },
+            { "free format with comma and blank", "1,5 2,5\n", { "--decimal", "comma", "--separator", "blank" }, "[[1.5,2.5]]", "",
+              0, 0, "" },
+            { "explicit free format with tab", "1\t2\n3\t\t4\n", { "--format", "free", "--separator", "tab" }, "[[1,2]]", "", 1, 2,
+              "3\t\t4" },
             { "UTF-8 byte order mark and Windows line ends", "\xEF\xBB\xBF" "0,5;1\r\n2;3,25\r\n",
-              { "--format", "free", "--decimal", "comma", "--separator", "semicolon" }, "[[0.5,1],[2,3.25]]", "" },
+              { "--format", "free", "--decimal", "comma", "--separator", "semicolon" }, "[[0.5,1],[2,3.25]]", "", 0, 0, "" },
+            { "carriage returns alone end lines", "0;0\r1;2\r", {}, "[[0,0],[1,2]]", "", 0, 0, "" },
             // Decoded by the stream, as the import dialog reads it; as plain
             // bytes the zero bytes between the digits would hide every pair.
             { "UTF-16 with byte order mark",
               QByteArray("\xFF\xFE", 2) + QByteArray(reinterpret_cast<const char *>(u"0;1\r\n2;3\r\n"), 20), {},
-              "[[0,1],[2,3]]", "" },
+              "[[0,1],[2,3]]", "", 0, 0, "" },
             { "failed value becomes 0 with a message", "1;1e999\n2;3\n", {}, "[[1,0],[2,3]]",
-              "Slave-Position 1e999 konnte nicht konvertiert werden." },
-            { "nothing matches", "Kein Inhalt\n", {}, "[]", "" },
+              "Slave-Position 1e999 konnte nicht konvertiert werden.", 0, 0, "" },
+            { "nothing matches", "Kein Inhalt\n", {}, "[]", "", 1, 1, "Kein Inhalt" },
         };
         for (const auto &c : conversions) {
-            const QJsonObject expected{ { "points", QJsonDocument::fromJson(c.points).array() }, { "error", c.error } };
+            QJsonObject expected{ { "points", QJsonDocument::fromJson(c.points).array() }, { "error", c.error },
+                                  { "skippedLines", c.skipped } };
+            if (c.skipped > 0)
+                expected.insert("firstSkippedLine", QJsonObject{ { "line", c.firstLine }, { "text", c.first } });
             QTest::addRow("convert %s", c.name) << QStringList{ "convert" } + c.options << "curve.txt" << c.bytes
                                                 << QJsonDocument(expected).toJson();
         }
@@ -241,6 +259,18 @@ private slots:
         const QJsonObject object = QJsonDocument::fromJson(expected).object();
         QVERIFY(!object.isEmpty());
         QCOMPARE(run.out, QJsonDocument(object).toJson(QJsonDocument::Indented));
+    }
+
+    // A master range of 1e300 holds more resolution steps than any whole
+    // number counts: no static step is offered (the search converted such a
+    // quotient to a long long, which is undefined).
+    void reportOfAHugeRange()
+    {
+        const CamToolResult run = camtool({ "report", cam(R"([[0, 0, "rest"], [1e300, 5, "rest"]])") });
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject step = run.json().value("smallestStep").toObject();
+        QCOMPARE(step.value("static").toObject(), QJsonObject({ { "reachable", false } }));
+        QVERIFY(step.value("dynamic").toObject().value("reachable").toBool());
     }
 
     void sample_data()

@@ -33,9 +33,10 @@ class TestCurveTextConverter : public QObject
 private slots:
     void convert_data();
     void convert();
+    void skippedLinesMessage();
     void formatPresetsSeparators_data();
     void formatPresetsSeparators();
-    void patternFollowsTheSettingsBetweenConversions();
+    void settingsReachTheNextConversion();
 };
 
 void TestCurveTextConverter::convert_data()
@@ -46,73 +47,118 @@ void TestCurveTextConverter::convert_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QPolygonF>("expected");
     QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("skipped");
+    QTest::addColumn<int>("firstSkippedNumber");
+    QTest::addColumn<QString>("firstSkipped");
     const auto row = [](const char *name, int format, const QString &text, const QPolygonF &expected,
-                        const QString &message = QString()) {
-        QTest::newRow(name) << format << -1 << -1 << text << expected << message;
+                        const QString &message = QString(), int skipped = 0, int firstNumber = 0,
+                        const QString &first = QString()) {
+        QTest::newRow(name) << format << -1 << -1 << text << expected << message << skipped << firstNumber << first;
+    };
+    // A row whose lines are skipped: how many, and the first one.
+    const auto skipRow = [](const char *name, int format, int decimalSeparator, int valueSeparator, const QString &text,
+                            const QPolygonF &expected, int skipped, int firstNumber, const QString &first) {
+        QTest::newRow(name) << format << decimalSeparator << valueSeparator << text << expected << QString() << skipped
+                            << firstNumber << first;
     };
     const auto freeRow = [](const char *name, int decimalSeparator, int valueSeparator, const char *text,
-                         const QPolygonF &expected) {
+                            const QPolygonF &expected) {
         QTest::newRow(name) << int(CurveTextConverter::FreeFormat) << decimalSeparator << valueSeparator
-                            << QString::fromUtf8(text) << expected << QString();
+                            << QString::fromUtf8(text) << expected << QString() << 0 << 0 << QString();
     };
+    const QPolygonF none;
 
     const int servoSoft = CurveTextConverter::ServoSoft;
     row("SERVOsoft: repeated semicolons are one separator", servoSoft, "0;0\n10,5;;20,25\n", pairs({ { 0, 0 }, { 10.5, 20.25 } }));
-    row("SERVOsoft: master exponent is not read", servoSoft, "1e3;5", pairs({ { 3, 5 } }));
     row("SERVOsoft: slave exponent", servoSoft, "1,5;2,5e2\n-1;2E-1", pairs({ { 1.5, 250 }, { -1, 0.2 } }));
     row("SERVOsoft: signs", servoSoft, "-1,5;+2\n+3;-4,125", pairs({ { -1.5, 2 }, { 3, -4.125 } }));
-    row("SERVOsoft: byte order mark, header, units and Windows line ends skipped", servoSoft,
-        QString::fromUtf8("\uFEFFMasterposition;Slaveposition\r\n[Grad];[mm]\r\n0;1\r\n360;2,5\r\n"),
-        pairs({ { 0, 1 }, { 360, 2.5 } }));
-    row("SERVOsoft: comment with a pair yields a pair", servoSoft, "# Beispiel 1;2\n3;4", pairs({ { 1, 2 }, { 3, 4 } }));
-    row("SERVOsoft: decimal point splits a number", servoSoft, "1.5;2.5", pairs({ { 5, 2 } }));
     row("SERVOsoft: decimal comma without digits", servoSoft, "7,;8,", pairs({ { 7, 8 } }));
-    row("SERVOsoft: blank after the separator", servoSoft, "1; 2", QPolygonF());
-    row("SERVOsoft: empty text", servoSoft, "", QPolygonF());
+    row("SERVOsoft: empty text", servoSoft, "", none);
+    row("SERVOsoft: byte order mark, header, units and Windows line ends", servoSoft,
+        QString::fromUtf8("\uFEFFMasterposition;Slaveposition\r\n[Grad];[mm]\r\n0;1\r\n360;2,5\r\n"),
+        pairs({ { 0, 1 }, { 360, 2.5 } }), QString(), 2, 1, "Masterposition;Slaveposition");
+    row("SERVOsoft: master exponent makes the line unreadable", servoSoft, "1e3;5\n2;6", pairs({ { 2, 6 } }), QString(), 1,
+        1, "1e3;5");
+    row("SERVOsoft: a pair in a comment is no pair", servoSoft, "# Beispiel 1;2\n3;4", pairs({ { 3, 4 } }), QString(), 1, 1,
+        "# Beispiel 1;2");
+    row("SERVOsoft: decimal point", servoSoft, "1.5;2.5", none, QString(), 1, 1, "1.5;2.5");
+    row("SERVOsoft: blank after the separator", servoSoft, "1; 2", none, QString(), 1, 1, "1; 2");
 
     const int twinCat2 = CurveTextConverter::TwinCat2;
     row("TwinCat2: point decimals, comma separator", twinCat2, "1.5,2.5", pairs({ { 1.5, 2.5 } }));
-    row("TwinCat2: decimal commas read as pairs", twinCat2, "1,5;2,5", pairs({ { 1, 5 }, { 2, 5 } }));
-    row("TwinCat2: no exponent on the slave", twinCat2, "1.0,2.0e3", pairs({ { 1, 2 } }));
-    row("TwinCat2: two commas are no separator", twinCat2, "1,,2", QPolygonF());
     row("TwinCat2: lines with signs", twinCat2, "0,0\r\n-1.5,+2.25\r\n", pairs({ { 0, 0 }, { -1.5, 2.25 } }));
+    row("TwinCat2: decimal commas", twinCat2, "1,5;2,5", none, QString(), 1, 1, "1,5;2,5");
+    row("TwinCat2: no exponent on the slave", twinCat2, "1.0,2.0e3", none, QString(), 1, 1, "1.0,2.0e3");
+    row("TwinCat2: two commas are no separator", twinCat2, "1,,2", none, QString(), 1, 1, "1,,2");
 
     const int codeSys = CurveTextConverter::CodeSys;
     row("CodeSys: semicolon and blanks, slave exponent", codeSys, "1.0;  2.0e-3", pairs({ { 1.0, 0.002 } }));
-    row("CodeSys: a blank must follow the semicolon", codeSys, "1.0;2.0", QPolygonF());
-    row("CodeSys: a tab is no blank", codeSys, "1.0;\t2.0", QPolygonF());
-    row("CodeSys: lines", codeSys, "Master; Slave\n0; 0\n90.5; 12.75\n", pairs({ { 0, 0 }, { 90.5, 12.75 } }));
-    row("CodeSys: decimal comma splits a number", codeSys, "1,5; 2", pairs({ { 5, 2 } }));
+    row("CodeSys: header and lines", codeSys, "Master; Slave\n0; 0\n90.5; 12.75\n", pairs({ { 0, 0 }, { 90.5, 12.75 } }),
+        QString(), 1, 1, "Master; Slave");
+    row("CodeSys: a blank must follow the semicolon", codeSys, "1.0;2.0", none, QString(), 1, 1, "1.0;2.0");
+    row("CodeSys: a tab is no blank", codeSys, "1.0;\t2.0", none, QString(), 1, 1, "1.0;\t2.0");
+    row("CodeSys: decimal comma", codeSys, "1,5; 2", none, QString(), 1, 1, "1,5; 2");
 
+    const int free = CurveTextConverter::FreeFormat;
     const int point = CurveTextConverter::DecimalPoint;
     const int comma = CurveTextConverter::DecimalComma;
     const int semicolon = CurveTextConverter::Semicolon;
     const int tab = CurveTextConverter::Tab;
     const int blank = CurveTextConverter::Blank;
-    freeRow("free: initial choice is point and semicolon", -1, -1, "1.5;2.5e1\n1,5;2", pairs({ { 1.5, 25 }, { 5, 2 } }));
-    freeRow("free: exactly one semicolon", point, semicolon, "1;;2", QPolygonF());
     freeRow("free: comma decimals, blank separator", comma, blank, "1,5 2,5", pairs({ { 1.5, 2.5 } }));
-    freeRow("free: two blanks do not separate", comma, blank, "1,5  2,5", QPolygonF());
     freeRow("free: tab separator", point, tab, "1.5\t2.5\n3\t4", pairs({ { 1.5, 2.5 }, { 3, 4 } }));
-    freeRow("free: two tabs do not separate", point, tab, "1.5\t\t2.5", QPolygonF());
     freeRow("free: comma decimals, tab separator", comma, tab, "1,5\t2,5e-1", pairs({ { 1.5, 0.25 } }));
     freeRow("free: point decimals, comma separator", point, CurveTextConverter::Comma, "1.5,2.5E2", pairs({ { 1.5, 250 } }));
-    freeRow("free: comma decimals with comma separator", comma, CurveTextConverter::Comma, "1,5,2", pairs({ { 1.5, 2 } }));
+    // With a comma for both, the longer master wins, as a search from the
+    // left reads it.
+    freeRow("free: comma for both", comma, CurveTextConverter::Comma, "1,5,2\n1,2\n1,2,25\n1,2,3,4\n7,,8",
+            pairs({ { 1.5, 2 }, { 1, 2 }, { 1.2, 25 }, { 1.2, 3.4 }, { 7, 8 } }));
+    freeRow("free: blanks and tabs around the pair, blank lines", point, semicolon, " 1;2 \t\n\n \t\n\t-3;4e1 ",
+            pairs({ { 1, 2 }, { -3, 40 } }));
+    freeRow("free: line ends of every kind", point, semicolon, "0;0\r1;1\r\n2;2\n\r3;3", 
+            pairs({ { 0, 0 }, { 1, 1 }, { 2, 2 }, { 3, 3 } }));
+    freeRow("free: large values", point, semicolon, "1;1e300\n-1.5;-1E+300", pairs({ { 1, 1e300 }, { -1.5, -1e300 } }));
+    skipRow("free: initial choice is point and semicolon", -1, -1, -1, "1.5;2.5e1\n1,5;2", pairs({ { 1.5, 25 } }), 1, 2,
+            "1,5;2");
+    skipRow("free: decimal comma under decimal point", free, point, semicolon, "0,5;1.5", none, 1, 1, "0,5;1.5");
+    skipRow("free: master exponent", free, point, semicolon, "1e300;1e300", none, 1, 1, "1e300;1e300");
+    skipRow("free: hexadecimal", free, point, semicolon, "0x10;0x20\n1;2", pairs({ { 1, 2 } }), 1, 1, "0x10;0x20");
+    skipRow("free: thousands blank", free, point, semicolon, "1 000;2", none, 1, 1, "1 000;2");
+    skipRow("free: exactly one semicolon", free, point, semicolon, "1;;2", none, 1, 1, "1;;2");
+    skipRow("free: two blanks do not separate", free, comma, blank, "1,5  2,5", none, 1, 1, "1,5  2,5");
+    skipRow("free: two tabs do not separate", free, point, tab, "1.5\t\t2.5", none, 1, 1, "1.5\t\t2.5");
+    skipRow("free: third column", free, point, semicolon, "0;1\n1;2;3\n2;3;", pairs({ { 0, 1 } }), 2, 2, "1;2;3");
+    // The setters take any index; one missing from its table reads no line.
+    skipRow("free: unknown decimal separator", free, 2, semicolon, "1;2\n3;4", none, 2, 1, "1;2");
+    skipRow("free: unknown value separator", free, point, 4, "\n1;2", none, 1, 2, "1;2");
 
-    // The patterns only let digits through, so what fails is the range of a double.
+    // A line far longer than any table line: the first skipped line is cut.
+    const QString longLine(1000000, QLatin1Char('7'));
+    const QString cut = QString(CurveTextConverter::ShownLineLength, QLatin1Char('7')) + QChar(0x2026);
+    skipRow("long line without separator", free, point, semicolon, "0;0\n" + longLine + "\n1;1",
+            pairs({ { 0, 0 }, { 1, 1 } }), 1, 2, cut);
+    skipRow("long line of separators", servoSoft, comma, semicolon, "1" + QString(1000000, QLatin1Char(';')) + "x", none, 1, 1,
+            "1" + QString(CurveTextConverter::ShownLineLength - 1, QLatin1Char(';')) + QChar(0x2026));
+
+    // The grammar only lets digits through, so what fails is the range of a
+    // double; the value is shown as read, with a point, and cut.
     const QString huge(400, QLatin1Char('9'));
+    const QString shownHuge = huge.left(CurveTextConverter::ShownLineLength) + QChar(0x2026);
     const QString tiny = QStringLiteral("0,") + QString(400, QLatin1Char('0')) + QLatin1Char('1');
     const QString failedMaster = QStringLiteral("Master-Position %1 konnte nicht konvertiert werden.");
     const QString failedSlave = QStringLiteral("Slave-Position %1 konnte nicht konvertiert werden.");
     row("failed: SERVOsoft slave overflow", servoSoft, "1;1e999", pairs({ { 1, 0 } }), failedSlave.arg("1e999"));
-    row("failed: SERVOsoft master underflow, shown with a point", servoSoft, tiny + ";2", pairs({ { 0, 2 } }),
-        failedMaster.arg(QString(tiny).replace(QLatin1Char(','), QLatin1Char('.'))));
-    row("failed: TwinCat2 master overflow", twinCat2, huge + ",1.5", pairs({ { 0, 1.5 } }), failedMaster.arg(huge));
+    row("failed: SERVOsoft master underflow", servoSoft, tiny + ";2", pairs({ { 0, 2 } }),
+        failedMaster.arg(QString(tiny).replace(QLatin1Char(','), QLatin1Char('.')).left(CurveTextConverter::ShownLineLength)
+                         + QChar(0x2026)));
+    row("failed: TwinCat2 master overflow", twinCat2, huge + ",1.5", pairs({ { 0, 1.5 } }), failedMaster.arg(shownHuge));
     row("failed: CodeSys slave underflow", codeSys, "1.0; 1e-999", pairs({ { 1, 0 } }), failedSlave.arg("1e-999"));
-    row("failed: free format, the last failure wins, good lines are kept", CurveTextConverter::FreeFormat,
-        "1;1e999\n2;3e999\n4;5", pairs({ { 1, 0 }, { 2, 0 }, { 4, 5 } }), failedSlave.arg("3e999"));
+    row("failed: the last failure wins, good lines are kept", free, "1;1e999\n2;3e999\n4;5",
+        pairs({ { 1, 0 }, { 2, 0 }, { 4, 5 } }), failedSlave.arg("3e999"));
     row("failed: slave failure follows master failure in one pair", twinCat2, huge + QLatin1Char(',') + huge,
-        pairs({ { 0, 0 } }), failedSlave.arg(huge));
+        pairs({ { 0, 0 } }), failedSlave.arg(shownHuge));
+    row("failed: a million digits", free, "1" + QString(1000000, QLatin1Char('0')) + ";2", pairs({ { 0, 2 } }),
+        failedMaster.arg("1" + QString(CurveTextConverter::ShownLineLength - 1, QLatin1Char('0')) + QChar(0x2026)));
 }
 
 void TestCurveTextConverter::convert()
@@ -123,9 +169,12 @@ void TestCurveTextConverter::convert()
     QFETCH(QString, text);
     QFETCH(QPolygonF, expected);
     QFETCH(QString, message);
+    QFETCH(int, skipped);
+    QFETCH(int, firstSkippedNumber);
+    QFETCH(QString, firstSkipped);
     CurveTextConverter converter;
     // The free format is the initial one.
-    if (format != CurveTextConverter::FreeFormat)
+    if (format >= 0 && format != CurveTextConverter::FreeFormat)
         converter.setFormat(format);
     if (decimalSeparator >= 0) {
         converter.setDecimalSeparator(decimalSeparator);
@@ -134,10 +183,25 @@ void TestCurveTextConverter::convert()
     converter.setText(text);
     compareExactly(converter.convert(), expected);
     QCOMPARE(converter.errorMessage(), message);
-    // The message tells about the last conversion only.
+    QCOMPARE(converter.skippedLineCount(), skipped);
+    QCOMPARE(converter.firstSkippedLineNumber(), firstSkippedNumber);
+    QCOMPARE(converter.firstSkippedLine(), firstSkipped);
+    QCOMPARE(converter.skippedLinesMessage().isEmpty(), skipped == 0);
+    // Everything tells about the last conversion only.
     converter.setText(QString());
     QVERIFY(converter.convert().isEmpty());
     QCOMPARE(converter.errorMessage(), QString());
+    QCOMPARE(converter.skippedLineCount(), 0);
+    QCOMPARE(converter.firstSkippedLine(), QString());
+}
+
+void TestCurveTextConverter::skippedLinesMessage()
+{
+    CurveTextConverter converter;
+    converter.setText(QStringLiteral("Master;Slave\n0;0\n1;1\n# Ende\n"));
+    QCOMPARE(converter.convert().size(), 2);
+    QCOMPARE(converter.skippedLinesMessage(),
+             QStringLiteral("Übersprungene Zeilen ohne Wertepaar: 2; die erste ist Zeile 1: „Master;Slave“"));
 }
 
 void TestCurveTextConverter::formatPresetsSeparators_data()
@@ -170,11 +234,10 @@ void TestCurveTextConverter::formatPresetsSeparators()
     QCOMPARE(converter.valueSeparator(), valueSeparator);
 }
 
-void TestCurveTextConverter::patternFollowsTheSettingsBetweenConversions()
+void TestCurveTextConverter::settingsReachTheNextConversion()
 {
-    // The compiled expression is kept between conversions; every change of a
-    // choice must still reach the next one, and the separator choices reach
-    // only the free format.
+    // Every change of a choice reaches the next conversion, and the separator
+    // choices reach only the free format.
     CurveTextConverter converter;
     converter.setText(QStringLiteral("1;2\n3,5\t4,5\n6 7\n8,9\n"));
     compareExactly(converter.convert(), pairs({ { 1, 2 } }));
@@ -186,7 +249,7 @@ void TestCurveTextConverter::patternFollowsTheSettingsBetweenConversions()
     converter.setFormat(CurveTextConverter::TwinCat2);
     converter.setDecimalSeparator(CurveTextConverter::DecimalComma);
     converter.setValueSeparator(CurveTextConverter::Blank);
-    compareExactly(converter.convert(), pairs({ { 3, 5 }, { 4, 5 }, { 8, 9 } }));
+    compareExactly(converter.convert(), pairs({ { 8, 9 } }));
 }
 
 QTEST_GUILESS_MAIN(TestCurveTextConverter)

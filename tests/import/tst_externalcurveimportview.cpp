@@ -120,6 +120,7 @@ private slots:
     void compareRows();
     void refreshDrawsMoreThanTwoPairs();
     void listsAtMost16000RowsAndHandsOverAll();
+    void enterNeverAcceptsAndOkNeedsTwoPairs();
     void fileErrors_data();
     void fileErrors();
     void encodings_data();
@@ -299,6 +300,50 @@ void tst_ExternalCurveImportView::listsAtMost16000RowsAndHandsOverAll()
     QCOMPARE(model.written.size(), 1);
     QCOMPARE(model.written.first().size(), 20000);
     QCOMPARE(model.written.first().last(), QPointF(19999, 9999.5));
+}
+
+// Enter in a field once accepted the dialog with what was read so far,
+// possibly nothing, and so emptied the drive's table.
+void tst_ExternalCurveImportView::enterNeverAcceptsAndOkNeedsTwoPairs()
+{
+    QTemporaryDir scratch;
+    const QString path = scratch.filePath(QStringLiteral("kurve.csv"));
+    QVERIFY(writeFile(path, "Master;Slave\n0;0\n"));
+    MxSimulation::SimulatedDrive drive { 2 };
+    RecordingModel model(nullptr, &drive, Table, LivingSpace);
+    ExternalCurveImportView dialog(&model);
+    dialog.show();
+    QPushButton *ok = widget<QDialogButtonBox>(&dialog, "buttonBox")->button(QDialogButtonBox::Ok);
+    auto *skipped = widget<QLabel>(&dialog, "skippedLinesLabel");
+    QVERIFY(!ok->isEnabled());
+    QVERIFY(skipped->isHidden());
+
+    auto *pathEdit = widget<QLineEdit>(&dialog, "sourceFileEdit");
+    QTest::keyClicks(pathEdit, path);
+    QTest::keyClick(pathEdit, Qt::Key_Return);
+    QCOMPARE(widget<QLabel>(&dialog, "pairCountLabel")->text(), QStringLiteral("Wertepaare: 1 gelesen, 1 aufgelistet."));
+    QCOMPARE(skipped->text(), QStringLiteral("Übersprungene Zeilen ohne Wertepaar: 1; die erste ist Zeile 1: „Master;Slave“"));
+    QVERIFY(skipped->isVisible());
+    QVERIFY(!ok->isEnabled());
+    for (QWidget *field : { static_cast<QWidget *>(pathEdit), static_cast<QWidget *>(widget<QComboBox>(&dialog, "formatCombo")),
+                            static_cast<QWidget *>(widget<QRadioButton>(&dialog, "semicolonSeparatorRadio")) }) {
+        QTest::keyClick(field, Qt::Key_Return);
+        QTest::keyClick(field, Qt::Key_Enter);
+    }
+    dialog.accept();
+    QVERIFY(dialog.isVisible());
+    QVERIFY(model.written.isEmpty());
+
+    // Two pairs make a table; Enter in the path field still only loads.
+    setText(&dialog, QStringLiteral("0;0\n1;1"));
+    QVERIFY(ok->isEnabled());
+    QVERIFY(skipped->isHidden());
+    QTest::keyClick(pathEdit, Qt::Key_Return);
+    QVERIFY(dialog.isVisible());
+    QVERIFY(model.written.isEmpty());
+    ok->click();
+    QVERIFY(dialog.isHidden());
+    QCOMPARE(model.written, QList<QVector<QPointF>>({ { { 0, 0 }, { 1, 1 } } }));
 }
 
 void tst_ExternalCurveImportView::fileErrors_data()

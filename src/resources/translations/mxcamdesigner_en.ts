@@ -746,6 +746,10 @@ difference</translation>
         <source>Slave-Position %1 konnte nicht konvertiert werden.</source>
         <translation>Slave position %1 could not be converted.</translation>
     </message>
+    <message>
+        <source>Übersprungene Zeilen ohne Wertepaar: %1; die erste ist Zeile %2: „%3“</source>
+        <translation>Skipped lines without a value pair: %1; the first is line %2: “%3”</translation>
+    </message>
 </context>
 <context>
     <name>CurveTextWriter</name>
