@@ -5,6 +5,7 @@
 #include "motionpointtextparser.h"
 
 #include <QBrush>
+#include <QColor>
 #include <QLocale>
 #include <QPalette>
 #include <QUndoStack>
@@ -98,6 +99,8 @@ QVariant MotionPointTableModel::sectionData(const QModelIndex &index, int role) 
                             : name;
         case Qt::EditRole:
             return point->sectionLaw();
+        case Qt::ForegroundRole:
+            return fallback ? QBrush(QColor(0xb0, 0x00, 0x00)) : QVariant();
         case Qt::ToolTipRole:
             return fallback ? tr("Das Gesetz verlangt Beschleunigung null an beiden Abschnittsgrenzen; der Abschnitt "
                                  "wird als Polynom 5. Grades berechnet.")
