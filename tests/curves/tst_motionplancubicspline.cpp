@@ -1,4 +1,6 @@
+#include "curves/curvereport.h"
 #include "curves/motionplancubicspline.h"
+#include "model/motionlaw.h"
 #include "model/fixedscaling.h"
 #include "planpoints.h"
 
@@ -193,6 +195,9 @@ private slots:
         // The seam: velocity and acceleration at the end are those at the start.
         QVERIFY(std::abs(plan.velocity(x.back()) - plan.velocity(x.front())) < scale);
         QVERIFY(std::abs(plan.acceleration(x.back()) - plan.acceleration(x.front())) < scale);
+        const CurveReport report(plan);
+        QCOMPARE(report.motionLaw(), int(MotionLaw::SplinePeriodic));
+        QVERIFY(report.joints().back().seam && report.joints().back().continuity >= 2);
     }
 
     // Periodic end conditions need a cyclic cam; an open one gets the natural spline.
