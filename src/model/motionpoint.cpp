@@ -244,6 +244,16 @@ void MotionPoint::clearVelocity()
     emit sectionChanged();
 }
 
+void MotionPoint::setSectionFrom(const MotionPoint &other)
+{
+    setSectionLaw(other.m_sectionLaw);
+    setInflection(other.m_inflection);
+    if (other.m_hasVelocity)
+        setVelocity(other.m_velocity);
+    else
+        clearVelocity();
+}
+
 QString MotionPoint::sectionLawDataName(int law)
 {
     return isKnownSectionLaw(law) ? QString::fromLatin1(SectionLawDataNames[law]) : QString();

@@ -80,6 +80,8 @@ public:
     void setInflection(double inflection);
     void setVelocity(double velocity);
     void clearVelocity();
+    // Law, inflection and set velocity of the other point, as its own.
+    void setSectionFrom(const MotionPoint &other);
 
     static QString sectionLawDataName(int law);
     static QString sectionLawDisplayName(int law);

@@ -94,7 +94,9 @@ bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master
 {
     if (!point || !m_editorModel || !m_undoStack)
         return false;
-    const MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
+    // A new position or type keeps the section that starts at the point.
+    MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
+    newValue.setSectionFrom(*point);
     if (!point->differs(&newValue))
         return false;
     CamDescriptionImplementation *description = m_editorModel->camDescription();

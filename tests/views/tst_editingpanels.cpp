@@ -192,6 +192,10 @@ void tst_EditingPanels::commands_data()
         p.tree->selectRow(1);
         type(p.point->masterEdit(), "100.0004");  // rounded to the drive's places
     }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [100.000;40.000;Konstante Geschwindigkeit]" << "[100,40,\"speed\"]";
+    QTest::newRow("point master keeps the section") << QByteArray(LawCam) << Action([](Panels &p) {
+        p.tree->selectRow(0);
+        type(p.point->masterEdit(), "5");
+    }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [5.000;0.000;Rast]" << "[5,0,\"rest\",{\"law\":\"Cycloid\"}]";
     QTest::newRow("point type") << cyclic << Action([](Panels &p) {
         p.tree->selectRow(1);
         choose(p.point->typeBox(), 3);
