@@ -1,4 +1,5 @@
-// Cost of sampling a cam curve into grid points, for both motion laws:
+// Cost of sampling a cam curve into grid points, for both motion laws and
+// for each section law:
 // full dynamic sampling at the grid point limit over growing numbers of
 // motion points, static sampling at the limit, and the coarse sampling that
 // runs on every mouse move while a point is dragged.
@@ -74,6 +75,38 @@ void staticSamplingAtLimit(benchmark::State &state, int law)
     });
 }
 
+// Every section of a 10-point rest cam on one section law (the argument,
+// MotionPoint::SectionLaw; 0 is the quintic), sampled at the grid point limit.
+// A straight curve costs most: its few grid points make the dynamic
+// sampling refine to a tiny step that walks over the straight stretches.
+// Argument -1 is a straight quintic (two "speed" points of an open cam), for
+// comparison with the law "Line".
+void sectionLawSampling(benchmark::State &state)
+{
+    std::vector<std::unique_ptr<MotionPoint>> owned;
+    QList<MotionPoint *> points;
+    const bool straightQuintic = state.range(0) < 0;
+    for (int i = 0; i < (straightQuintic ? 2 : 10); ++i) {
+        owned.push_back(straightQuintic
+                            ? std::make_unique<MotionPoint>(i * CircularLength, i * 100.0, MotionPoint::speed)
+                            : std::make_unique<MotionPoint>(i * 36.0, i % 2 ? 40.0 : -10.0 * i, MotionPoint::rest));
+        owned.back()->setSectionLaw(int(state.range(0)));
+        owned.back()->setInflection(0.4);
+        points.append(owned.back().get());
+    }
+    FixedScaling scaling(3);
+    qsizetype gridPoints = 0;
+    for (auto _ : state) {
+        const std::unique_ptr<MotionPlan> plan(
+            MotionPlanFactory::create(MotionLaw::Vdi, points, !straightQuintic, CircularLength, nullptr, &scaling));
+        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+        gridPoints = plan->positions().size();
+        benchmark::DoNotOptimize(gridPoints);
+    }
+    state.counters["gridPoints"] = double(gridPoints);
+    state.SetLabel(straightQuintic ? "straight Poly5" : MotionPoint::sectionLawDataName(int(state.range(0))).toStdString());
+}
+
 // A drag step: a new plan, sampled coarsely.
 void coarseSampling(benchmark::State &state, int law)
 {
@@ -88,5 +121,7 @@ BENCHMARK_CAPTURE(staticSamplingAtLimit, Vdi, int(MotionLaw::Vdi))->Arg(10)->Arg
 BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, int(MotionLaw::Spline))->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(coarseSampling, Vdi, int(MotionLaw::Vdi))->Arg(100)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(coarseSampling, Spline, int(MotionLaw::Spline))->Arg(100)->Unit(benchmark::kMicrosecond);
+
+BENCHMARK(sectionLawSampling)->DenseRange(-1, MotionPoint::SectionLawCount - 1)->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

@@ -51,6 +51,11 @@ QJsonValue segmentTypeToJson(int type)
     return type == CurveReport::NoSegmentType ? QJsonValue() : QJsonValue(MotionPoint::typeDataName(type));
 }
 
+QJsonValue sectionLawToJson(int law)
+{
+    return law == CurveReport::NoSegmentType ? QJsonValue() : QJsonValue(MotionPoint::sectionLawDataName(law));
+}
+
 QJsonObject reportToJson(const CurveReport &report)
 {
     QJsonArray sections;
@@ -61,6 +66,8 @@ QJsonObject reportToJson(const CurveReport &report)
             { QStringLiteral("stroke"), CamTool::jsonNumber(s.stroke) },
             { QStringLiteral("startType"), segmentTypeToJson(s.startType) },
             { QStringLiteral("endType"), segmentTypeToJson(s.endType) },
+            { QStringLiteral("law"), sectionLawToJson(s.law) },
+            { QStringLiteral("lawApplied"), sectionLawToJson(s.lawApplied) },
             { QStringLiteral("velocity"), extremeToJson(s.velocity) },
             { QStringLiteral("acceleration"), extremeToJson(s.acceleration) },
             { QStringLiteral("jerk"), extremeToJson(s.jerk) },

@@ -105,6 +105,7 @@ void CamDescriptionImplementation::fromJson(const QJsonObject &data)
             master = 0.0;
         auto *point = new MotionPoint(master, values.at(1).toDouble(0.0),
                                       values.at(2).toString(QStringLiteral("rest")));
+        point->setSectionFromData(values.at(3));
         connectPoint(point);
         // A later element at the same master position takes the entry; the
         // earlier point is of no further use.
@@ -125,8 +126,15 @@ void CamDescriptionImplementation::fromJson(const QJsonObject &data)
 QJsonObject CamDescriptionImplementation::toJson() const
 {
     QJsonArray points;
-    for (const MotionPoint *point : m_motionPoints)
-        points.append(QJsonArray { point->master(), point->slave(), point->typeDataName() });
+    for (const MotionPoint *point : m_motionPoints) {
+        QJsonArray values { point->master(), point->slave(), point->typeDataName() };
+        // Only a section that differs from the defaults gets the fourth
+        // element, so that data without section laws stays as it was.
+        const QJsonObject section = point->sectionData();
+        if (!section.isEmpty())
+            values.append(section);
+        points.append(values);
+    }
 
     QJsonObject object;
     object.insert(CircularLengthKey, m_circularLength);
@@ -408,6 +416,8 @@ void CamDescriptionImplementation::connectPoint(MotionPoint *point)
     connect(point, &MotionPoint::edited, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
     connect(point, &MotionPoint::slavePositionChanged, this, &CamDescription::changed, unique);
     connect(point, &MotionPoint::edited, this, &CamDescription::changed, unique);
+    connect(point, &MotionPoint::sectionChanged, this, &CamDescriptionImplementation::onMotionPointChanged, unique);
+    connect(point, &MotionPoint::sectionChanged, this, &CamDescription::changed, unique);
     point->setCamDescription(this);
 }
 

@@ -9,11 +9,27 @@ struct MotionPointValues {
         : master(point ? point->master() : 0.0)
         , slave(point ? point->slave() : 0.0)
         , type(point ? point->type() : MotionPoint::rest)
+        , sectionLaw(point ? point->sectionLaw() : MotionPoint::Poly5)
+        , inflection(point ? point->inflection() : MotionPoint::DefaultInflection)
+        , hasVelocity(point && point->hasVelocity())
+        , velocity(point ? point->velocity() : 0.0)
     {
     }
-    MotionPoint *create() const { return new MotionPoint(master, slave, MotionPoint::movementRules(type)); }
+    MotionPoint *create() const
+    {
+        auto *point = new MotionPoint(master, slave, MotionPoint::movementRules(type));
+        point->setSectionLaw(sectionLaw);
+        point->setInflection(inflection);
+        if (hasVelocity)
+            point->setVelocity(velocity);
+        return point;
+    }
 
     double master;
     double slave;
     int type;
+    int sectionLaw;
+    double inflection;
+    bool hasVelocity;
+    double velocity;
 };

@@ -8,6 +8,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/removemotionpointcommand.cpp
     ${CMAKE_CURRENT_LIST_DIR}/editmotionpointcommand.h
     ${CMAKE_CURRENT_LIST_DIR}/editmotionpointcommand.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/changesectioncommand.h
+    ${CMAKE_CURRENT_LIST_DIR}/changesectioncommand.cpp
     ${CMAKE_CURRENT_LIST_DIR}/changemotionlawcommand.h
     ${CMAKE_CURRENT_LIST_DIR}/changemotionlawcommand.cpp
     ${CMAKE_CURRENT_LIST_DIR}/changestepmodecommand.h

@@ -30,6 +30,12 @@ std::vector<double> solveTridiagonal(std::vector<double> lower, std::vector<doub
 
 } // namespace
 
+void CubicSpline::setPeriodicPoints(std::vector<double> knots, std::vector<double> values)
+{
+    m_periodic = true;
+    setPoints(std::move(knots), std::move(values));
+}
+
 void CubicSpline::setPoints(std::vector<double> knots, std::vector<double> values)
 {
     m_knots = std::move(knots);
@@ -47,9 +53,83 @@ void CubicSpline::setPoints(std::vector<double> knots, std::vector<double> value
     }
 }
 
+// The half second derivatives q of a periodic spline: with m intervals, the
+// rows of the natural spline for every knot, the indices taken modulo m, so
+// that the system is tridiagonal with two corner elements. Solved by the
+// bordering method: eliminate down the band while carrying the last column,
+// then the last row.
+std::vector<double> CubicSpline::periodicQuadratics() const
+{
+    const size_t m = m_knots.size() - 1;
+    std::vector<double> q(m + 1, 0.0);
+    if (m < 2)
+        return q; // one interval that closes on itself: a straight line
+    const auto h = [this, m](size_t i) { return m_knots[i % m + 1] - m_knots[i % m]; };
+    const auto slope = [this, m](size_t i) {
+        return (m_values[i % m + 1] - m_values[i % m]) / (m_knots[i % m + 1] - m_knots[i % m]);
+    };
+    std::vector<double> lower(m), diagonal(m), upper(m), rhs(m);
+    for (size_t i = 0; i < m; ++i) {
+        const double before = h(i + m - 1);
+        lower[i] = OneThird * before;
+        diagonal[i] = TwoThirds * (before + h(i));
+        upper[i] = OneThird * h(i);
+        rhs[i] = slope(i) - slope(i + m - 1);
+    }
+    if (m == 2) {
+        // Both neighbours of each knot are the other knot.
+        const double a = diagonal[0];
+        const double b = lower[0] + upper[0];
+        const double c = lower[1] + upper[1];
+        const double d = diagonal[1];
+        const double det = a * d - b * c;
+        q[0] = (rhs[0] * d - b * rhs[1]) / det;
+        q[1] = (a * rhs[1] - c * rhs[0]) / det;
+        q[2] = q[0];
+        return q;
+    }
+    // Rows 0..m-2 with the column of the last unknown carried along.
+    std::vector<double> last(m, 0.0);
+    last[0] = lower[0];
+    last[m - 2] = upper[m - 2];
+    std::vector<double> bottom(m, 0.0); // the last row, reduced as we go
+    bottom[0] = upper[m - 1];
+    bottom[m - 2] = lower[m - 1];
+    double bottomDiagonal = diagonal[m - 1];
+    double bottomRhs = rhs[m - 1];
+    for (size_t i = 0; i + 1 < m - 1; ++i) {
+        const double factor = lower[i + 1] / diagonal[i];
+        diagonal[i + 1] -= factor * upper[i];
+        rhs[i + 1] -= factor * rhs[i];
+        if (i + 1 == m - 2)
+            last[i + 1] = upper[m - 2] - factor * last[i];
+        else
+            last[i + 1] -= factor * last[i];
+        const double bottomFactor = bottom[i] / diagonal[i];
+        bottom[i + 1] -= bottomFactor * upper[i];
+        bottomDiagonal -= bottomFactor * last[i];
+        bottomRhs -= bottomFactor * rhs[i];
+    }
+    // The last row now holds bottom[m - 2] and its own diagonal.
+    const double factor = bottom[m - 2] / diagonal[m - 2];
+    bottomDiagonal -= factor * last[m - 2];
+    bottomRhs -= factor * rhs[m - 2];
+    q[m - 1] = bottomRhs / bottomDiagonal;
+    q[m - 2] = (rhs[m - 2] - last[m - 2] * q[m - 1]) / diagonal[m - 2];
+    for (size_t i = m - 2; i-- > 0;)
+        q[i] = (rhs[i] - upper[i] * q[i + 1] - last[i] * q[m - 1]) / diagonal[i];
+    q[m] = q[0];
+    return q;
+}
+
 void CubicSpline::computeCoefficients()
 {
     const size_t n = m_knots.size();
+    if (m_periodic) {
+        m_quadratic = periodicQuadratics();
+        finishCoefficients();
+        return;
+    }
     std::vector<double> lower(n, 0.0);
     std::vector<double> diagonal(n, 0.0);
     std::vector<double> upper(n, 0.0);
@@ -69,7 +149,12 @@ void CubicSpline::computeCoefficients()
         rhs[i] = (m_values[i + 1] - m_values[i]) / h - (m_values[i] - m_values[i - 1]) / hBefore;
     }
     m_quadratic = solveTridiagonal(std::move(lower), std::move(diagonal), upper, std::move(rhs));
+    finishCoefficients();
+}
 
+void CubicSpline::finishCoefficients()
+{
+    const size_t n = m_knots.size();
     m_cubic.assign(n, 0.0);
     m_linear.assign(n, 0.0);
     for (size_t i = 0; i + 1 < n; ++i) {

@@ -19,6 +19,11 @@ public:
     // Takes the knots and values; computes the coefficients when there are at
     // least two knots, otherwise the spline stays empty and evaluates to 0.0.
     void setPoints(std::vector<double> knots, std::vector<double> values);
+    // The same with periodic end conditions: velocity and acceleration at the
+    // last knot equal those at the first (a cyclic cam closes smoothly).
+    void setPeriodicPoints(std::vector<double> knots, std::vector<double> values);
+
+    bool isPeriodic() const { return m_periodic; }
 
     bool isEmpty() const { return m_cubic.empty(); }
 
@@ -43,6 +48,8 @@ public:
 
 private:
     void computeCoefficients();
+    std::vector<double> periodicQuadratics() const;
+    void finishCoefficients();
     std::size_t pieceIndex(double x) const;
     void findStraightStretches();
 
@@ -58,6 +65,7 @@ private:
     double m_leftQuadratic = 0.0;
     double m_leftLinear = 0.0;
     bool m_linearExtrapolation = false;
+    bool m_periodic = false;
     // Per piece: the straight stretch it belongs to, empty for a bending one.
     std::vector<MasterInterval> m_straightStretches;
     // While the knots ascend (equal ones allowed) the search remembers where

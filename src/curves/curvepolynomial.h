@@ -3,13 +3,13 @@
 #include <array>
 #include <vector>
 
-// A polynomial of degree at most five in t, with c[k] the coefficient of t^k:
-// the pieces of both motion laws in one form, so that their extremes and
+// A polynomial of degree at most seven in t, with c[k] the coefficient of t^k:
+// the polynomial pieces of all motion laws in one form, so that their extremes and
 // roots are found by one exact method instead of by sampling.
 class CurvePolynomial
 {
 public:
-    static constexpr int MaximumDegree = 5;
+    static constexpr int MaximumDegree = 7;
     using Coefficients = std::array<double, MaximumDegree + 1>;
 
     CurvePolynomial() { m_c.fill(0.0); }

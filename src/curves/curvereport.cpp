@@ -1,6 +1,7 @@
 #include "curvereport.h"
 
 #include "camsectionfifthpolynomial.h"
+#include "camsectionlaw.h"
 #include "cubicspline.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
@@ -18,6 +19,54 @@ void keepLarger(CurveExtreme *kept, const CurveExtreme &candidate)
     if (std::abs(candidate.value) > std::abs(kept->value))
         *kept = candidate;
 }
+
+// The largest magnitude of a smooth function on [from, to]: the best of an
+// even sampling, then a golden-section search between the samples beside it.
+template<typename Function>
+CurvePolynomial::Extreme searchLargestMagnitude(const Function &f, double from, double to, int samples)
+{
+    CurvePolynomial::Extreme best { f(from), from };
+    int bestIndex = 0;
+    for (int i = 1; i <= samples; ++i) {
+        const double t = i == samples ? to : from + (to - from) * i / samples;
+        const double value = f(t);
+        if (std::abs(value) > std::abs(best.value)) {
+            best = { value, t };
+            bestIndex = i;
+        }
+    }
+    double a = from + (to - from) * std::max(bestIndex - 1, 0) / samples;
+    double b = bestIndex + 1 >= samples ? to : from + (to - from) * (bestIndex + 1) / samples;
+    const double ratio = (std::sqrt(5.0) - 1.0) / 2.0;
+    double c = b - ratio * (b - a);
+    double d = a + ratio * (b - a);
+    double fc = std::abs(f(c));
+    double fd = std::abs(f(d));
+    for (int i = 0; i < 100 && b - a > 0.0; ++i) {
+        if (fc > fd) {
+            b = d;
+            d = c;
+            fd = fc;
+            c = b - ratio * (b - a);
+            fc = std::abs(f(c));
+        } else {
+            a = c;
+            c = d;
+            fc = fd;
+            d = a + ratio * (b - a);
+            fd = std::abs(f(d));
+        }
+    }
+    const double t = (a + b) / 2.0;
+    const double value = f(t);
+    if (std::abs(value) > std::abs(best.value))
+        best = { value, t };
+    return best;
+}
+
+constexpr int SearchSamples = 64;
+// Between two grid points the deviation from the chord has one bulge.
+constexpr int DeviationSamples = 4;
 
 } // namespace
 
@@ -54,13 +103,25 @@ std::vector<CurveReport::Piece> CurveReport::pieces(const MotionPlan &plan, int 
     std::vector<Piece> result;
     if (const auto *vdi = qobject_cast<const MotionPlanVdi *>(&plan)) {
         *law = MotionLaw::Vdi;
-        for (const CamSectionFifthPolynomial *section : vdi->sections()) {
-            result.push_back(piece(section->start(), section->end(),
-                                   CurvePolynomial({ section->a0(), section->a1(), section->a2(), section->a3(),
-                                                     section->a4(), section->a5() })));
+        const QList<CamSectionFifthPolynomial *> sections = vdi->sections();
+        for (int i = 0; i < sections.size(); ++i) {
+            const CamSectionFifthPolynomial *section = sections.at(i);
+            const auto *lawSection = qobject_cast<const CamSectionLaw *>(vdi->evaluatingSection(i));
+            std::array<double, 8> t {};
+            if (!lawSection) {
+                result.push_back(piece(section->start(), section->end(),
+                                       CurvePolynomial({ section->a0(), section->a1(), section->a2(), section->a3(),
+                                                         section->a4(), section->a5() })));
+            } else if (lawSection->polynomial(&t)) {
+                result.push_back(piece(section->start(), section->end(), CurvePolynomial(t)));
+            } else {
+                Piece searched { section->start(), section->end(), {}, {}, lawSection, 0.0 };
+                searched.kink = (section->end() - section->start()) * lawSection->inflection();
+                result.push_back(searched);
+            }
         }
     } else if (const auto *spline = qobject_cast<const MotionPlanCubicSpline *>(&plan)) {
-        *law = MotionLaw::Spline;
+        *law = spline->spline().isPeriodic() ? MotionLaw::SplinePeriodic : MotionLaw::Spline;
         const CubicSpline &s = spline->spline();
         for (std::size_t i = 0; i + 1 < s.knots().size() && !s.isEmpty(); ++i) {
             result.push_back(piece(s.knots()[i], s.knots()[i + 1],
@@ -71,15 +132,44 @@ std::vector<CurveReport::Piece> CurveReport::pieces(const MotionPlan &plan, int 
     return result;
 }
 
+double CurveReport::value(const Piece &piece, int derivative, double t)
+{
+    if (!piece.section)
+        return piece.derivatives[std::size_t(derivative)](t);
+    const double master = piece.start + t;
+    switch (derivative) {
+    case 0:
+        return piece.section->position(master);
+    case 1:
+        return piece.section->velocity(master);
+    case 2:
+        return piece.section->acceleration(master);
+    default:
+        return piece.section->jerk(master);
+    }
+}
+
+// On each side of the inflection separately, where a derivative may jump.
+CurvePolynomial::Extreme CurveReport::searchedExtreme(const Piece &piece, int derivative, double from, double to)
+{
+    const auto f = [&](double t) { return value(piece, derivative, t); };
+    if (!(piece.kink > from && piece.kink < to))
+        return searchLargestMagnitude(f, from, to, SearchSamples);
+    const CurvePolynomial::Extreme left = searchLargestMagnitude(f, from, piece.kink, SearchSamples);
+    const CurvePolynomial::Extreme right = searchLargestMagnitude(f, piece.kink, to, SearchSamples);
+    return std::abs(right.value) > std::abs(left.value) ? right : left;
+}
+
 CurveReport::Piece CurveReport::piece(double start, double end, const CurvePolynomial &position)
 {
-    Piece result { start, end, {}, {} };
+    Piece result { start, end, {}, {}, nullptr, 0.0 };
     result.derivatives[0] = position;
     for (int k = 1; k <= DerivativeCount; ++k)
         result.derivatives[std::size_t(k)] = result.derivatives[std::size_t(k - 1)].derivative();
-    // From the top: the fourth derivative is at most linear.
+    // From the top: the roots of the fifth derivative (none for a quintic)
+    // bound the monotone runs of the fourth.
     const double length = end - start;
-    std::vector<double> above;
+    std::vector<double> above = result.derivatives[DerivativeCount].derivative().roots(0.0, length);
     for (int k = DerivativeCount; k >= 1; --k) {
         above = result.derivatives[std::size_t(k)].roots(0.0, length, above);
         result.roots[std::size_t(k - 1)] = above;
@@ -97,16 +187,20 @@ void CurveReport::describeSections(const MotionPlan &plan)
         CurveSectionReport section;
         section.start = piece.start;
         section.end = piece.end;
-        section.stroke = piece.derivatives[0](length) - piece.derivatives[0](0.0);
+        section.stroke = value(piece, 0, length) - value(piece, 0, 0.0);
         const bool segments = m_motionLaw == MotionLaw::Vdi && int(i) + 1 < points.size();
         section.startType = segments ? points.at(int(i))->type() : NoSegmentType;
         section.endType = segments ? points.at(int(i) + 1)->type() : NoSegmentType;
+        const auto *vdi = qobject_cast<const MotionPlanVdi *>(&plan);
+        section.law = vdi ? vdi->askedLaw(int(i)) : NoSegmentType;
+        section.lawApplied = vdi ? vdi->appliedLaw(int(i)) : NoSegmentType;
 
         CurveExtreme *extremes[DerivativeCount] = { nullptr, &section.velocity, &section.acceleration,
                                                     &section.jerk };
         for (int k = 0; k < DerivativeCount; ++k) {
-            const CurvePolynomial::Extreme extreme
-                = piece.derivatives[std::size_t(k)].largestMagnitude(0.0, length, piece.roots[std::size_t(k)]);
+            const CurvePolynomial::Extreme extreme = piece.section
+                ? searchedExtreme(piece, k, 0.0, length)
+                : piece.derivatives[std::size_t(k)].largestMagnitude(0.0, length, piece.roots[std::size_t(k)]);
             if (extremes[k])
                 *extremes[k] = { extreme.value, piece.start + extreme.t };
             m_scale[std::size_t(k)] = std::max(m_scale[std::size_t(k)], std::abs(extreme.value));
@@ -132,7 +226,7 @@ void CurveReport::describeJoints()
         joint.seam = i + 1 == count;
         for (int k = 0; k < DerivativeCount; ++k) {
             const std::size_t d = std::size_t(k);
-            joint.jumps[d] = right.derivatives[d](0.0) - left.derivatives[d](left.end - left.start);
+            joint.jumps[d] = value(right, k, 0.0) - value(left, k, left.end - left.start);
         }
         for (int k = 0; k < DerivativeCount && std::abs(joint.jumps[std::size_t(k)]) <= tolerance(k); ++k)
             joint.continuity = k;
@@ -162,7 +256,16 @@ CurveExtreme CurveReport::deviation(const std::vector<Piece> &pieces, const QPol
             const Piece &piece = pieces[s];
             const double from = std::max(x0, piece.start) - piece.start;
             const double to = std::min(x1, piece.end) - piece.start;
-            if (to > from) {
+            if (to > from && piece.section) {
+                const auto deviationAt = [&](double t) {
+                    return value(piece, 0, t) - (y0 + slope * (piece.start + t - x0));
+                };
+                const CurvePolynomial::Extreme e = searchLargestMagnitude(deviationAt, from, to, DeviationSamples);
+                const CurveExtreme found { e.value, piece.start + e.t };
+                keepLarger(&overall, found);
+                if (perPiece)
+                    keepLarger(&(*perPiece)[s], found);
+            } else if (to > from) {
                 // deviation(t) = position(t) - chord(t); its slope is
                 // velocity(t) - slope, monotone between the acceleration's roots.
                 const double offset = y0 + slope * (piece.start - x0);

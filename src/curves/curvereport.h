@@ -7,6 +7,7 @@
 #include <array>
 #include <vector>
 
+class CamSection;
 class MotionPlan;
 
 // A value of largest magnitude (signed) and the master position where it occurs.
@@ -23,6 +24,10 @@ struct CurveSectionReport {
     // Segment types at both ends (VDI law); NoSegmentType for the spline.
     int startType = 0;
     int endType = 0;
+    // The section law its start point asks for and the one applied
+    // (MotionPoint::SectionLaw); NoSegmentType for the spline.
+    int law = 0;
+    int lawApplied = 0;
     CurveExtreme velocity;
     CurveExtreme acceleration;
     CurveExtreme jerk;
@@ -91,7 +96,14 @@ private:
         // Roots inside the piece (t from 0 to its length) of derivative k + 1,
         // the bounds of the monotone runs of derivative k.
         std::array<std::vector<double>, DerivativeCount> roots;
+        // A section that is no polynomial (a normalised law) evaluates itself;
+        // its extremes are searched, not solved. Null for polynomial pieces.
+        const CamSection *section = nullptr;
+        // Where a searched section's derivatives may jump (its inflection).
+        double kink = 0.0;
     };
+    static double value(const Piece &piece, int derivative, double t);
+    static CurvePolynomial::Extreme searchedExtreme(const Piece &piece, int derivative, double from, double to);
     static Piece piece(double start, double end, const CurvePolynomial &position);
     static std::vector<Piece> pieces(const MotionPlan &plan, int *law);
     static CurveExtreme deviation(const std::vector<Piece> &pieces, const QPolygonF &gridPoints,

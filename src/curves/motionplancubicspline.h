@@ -3,14 +3,15 @@
 #include "cubicspline.h"
 #include "motionplan.h"
 
-// The motion law "Spline": one natural cubic spline through all motion
-// points; the points' segment types have no effect.
+// The motion laws "Spline" and "SplinePeriodic": one cubic spline through
+// all motion points, natural, or periodic for a cyclic cam; the points'
+// segment types and section laws have no effect.
 class MotionPlanCubicSpline : public MotionPlan
 {
     Q_OBJECT
 public:
     MotionPlanCubicSpline(QList<MotionPoint *> motionPoints, bool cyclic, double circularLength,
-                          QObject *parent, Scaling *scaling);
+                          QObject *parent, Scaling *scaling, bool periodic = false);
     ~MotionPlanCubicSpline() override;
 
     double position(double master) const override;

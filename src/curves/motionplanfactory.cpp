@@ -12,8 +12,10 @@ MotionPlan *create(int motionLaw, const QList<MotionPoint *> &points, bool cycli
 {
     // Any other value (only possible through the programming interface) gets
     // the segment law, the default of the data.
-    if (motionLaw == MotionLaw::Spline)
-        return new MotionPlanCubicSpline(points, cyclic, circularLength, parent, scaling);
+    if (motionLaw == MotionLaw::Spline || motionLaw == MotionLaw::SplinePeriodic) {
+        return new MotionPlanCubicSpline(points, cyclic, circularLength, parent, scaling,
+                                         motionLaw == MotionLaw::SplinePeriodic);
+    }
     return new MotionPlanVdi(points, cyclic, circularLength, parent, scaling);
 }
 

@@ -16,7 +16,8 @@ namespace MotionPlanFactory {
 // master range, whatever the step settings say.
 constexpr double CoarseStepCount = 500.0;
 
-// A cubic spline plan for law 1 ("Spline"), a VDI plan for any other law;
+// A cubic spline plan for law 1 ("Spline") and 2 ("SplinePeriodic", periodic
+// only for a cyclic cam), a VDI plan for any other law;
 // not yet sampled.
 MotionPlan *create(int motionLaw, const QList<MotionPoint *> &points, bool cyclic, double circularLength,
                    QObject *parent, Scaling *scaling);

@@ -1,6 +1,7 @@
 #include "motionplanvdi.h"
 
 #include "camsectionfifthpolynomial.h"
+#include "camsectionlaw.h"
 #include "model/motionpoint.h"
 
 #include <algorithm>
@@ -28,6 +29,8 @@ MotionPlanVdi::MotionPlanVdi(QList<MotionPoint *> motionPoints, bool cyclic, dou
     }
     for (int i = 0; i < m_sections.size(); ++i)
         setEndCoefficients(i);
+    for (int i = 0; i < m_sections.size(); ++i)
+        applySectionLaw(i);
 
     m_boundaries.reserve(size_t(points.size()));
     for (const MotionPoint *point : points)
@@ -60,7 +63,9 @@ void MotionPlanVdi::setStartConditions(int i)
         break;
     case MotionPoint::speed:
         section->setA2(0.0);
-        if (previous && previous->type() == MotionPoint::speed)
+        if (point->hasVelocity())
+            section->setA1(point->velocity());
+        else if (previous && previous->type() == MotionPoint::speed)
             section->setA1((point->slave() - previous->slave()) / (point->master() - previous->master()));
         else if (next->type() == MotionPoint::speed)
             section->setA1((next->slave() - point->slave()) / (next->master() - point->master()));
@@ -98,7 +103,10 @@ void MotionPlanVdi::setEndCoefficients(int i)
     // Straight sections between constant-velocity points. The rule is
     // asymmetric on purpose (it looks at the point before, never after) and
     // is kept: stored tables were computed with it.
-    if (point->type() == MotionPoint::speed && next->type() == MotionPoint::speed) {
+    // A set velocity at either end is what the user wants there, so such a
+    // section is never taken as straight.
+    if (point->type() == MotionPoint::speed && next->type() == MotionPoint::speed && !point->hasVelocity()
+        && !next->hasVelocity()) {
         const bool straight = last ? !m_cyclic : (i == 0 || points.at(i - 1)->type() != MotionPoint::speed);
         if (straight)
             return;
@@ -110,16 +118,63 @@ void MotionPlanVdi::setEndCoefficients(int i)
     const double cs = section->a2();
     double ve = 0.0;
     double ce = 0.0;
-    if (!last) {
-        ve = m_sections.at(i + 1)->a1();
-        ce = m_sections.at(i + 1)->a2();
-    } else if (m_cyclic) {
-        ve = m_sections.constFirst()->a1();
-        ce = m_sections.constFirst()->a2();
-    }
+    endConditions(i, &ve, &ce);
     section->setA3(std::pow(T, -2) * (10.0 * s - 6.0 * vs - 4.0 * ve - 3.0 * T * cs + T * ce));
     section->setA4(std::pow(T, -3) * (8.0 * vs - 15.0 * s + 7.0 * ve + 3.0 * T * cs - 2.0 * T * ce));
     section->setA5(std::pow(T, -4) * (6.0 * s - 3.0 * vs - 3.0 * ve - T * cs + T * ce));
+}
+
+// End velocity and half acceleration of section i: the next section's start,
+// the first section's for the last one of a cyclic cam, rest for the last one
+// of an open cam unless its end point is a "speed" point with a set velocity.
+void MotionPlanVdi::endConditions(int i, double *velocity, double *halfAcceleration) const
+{
+    *velocity = 0.0;
+    *halfAcceleration = 0.0;
+    if (i + 1 < m_sections.size()) {
+        *velocity = m_sections.at(i + 1)->a1();
+        *halfAcceleration = m_sections.at(i + 1)->a2();
+    } else if (m_cyclic) {
+        *velocity = m_sections.constFirst()->a1();
+        *halfAcceleration = m_sections.constFirst()->a2();
+    } else {
+        const MotionPoint *next = motionPoints().at(i + 1);
+        if (next->type() == MotionPoint::speed && next->hasVelocity())
+            *velocity = next->velocity();
+    }
+}
+
+void MotionPlanVdi::applySectionLaw(int i)
+{
+    const MotionPoint *point = motionPoints().at(i);
+    const MotionPoint *next = motionPoints().at(i + 1);
+    CamSectionFifthPolynomial *section = m_sections.at(i);
+    const int asked = point->sectionLaw();
+    double ve = 0.0;
+    double ce = 0.0;
+    endConditions(i, &ve, &ce);
+    int applied = asked;
+    // The normalised laws join only where the boundary accelerations vanish.
+    if (MotionPoint::takesInflection(asked) && (section->a2() != 0.0 || ce != 0.0))
+        applied = MotionPoint::Poly5;
+    if (applied != MotionPoint::Poly5 && (applied < 0 || applied >= MotionPoint::SectionLawCount))
+        applied = MotionPoint::Poly5;
+    m_askedLaws.push_back(asked);
+    m_appliedLaws.push_back(applied);
+    if (applied == MotionPoint::Poly5) {
+        m_evaluators.append(section);
+        return;
+    }
+    CamSectionLaw::Boundary boundary;
+    boundary.start = point->master();
+    boundary.end = next->master();
+    boundary.startPosition = point->slave();
+    boundary.endPosition = next->slave();
+    boundary.startVelocity = section->a1();
+    boundary.endVelocity = ve;
+    boundary.startAcceleration = 2.0 * section->a2();
+    boundary.endAcceleration = 2.0 * ce;
+    m_evaluators.append(new CamSectionLaw(this, applied, boundary, point->inflection()));
 }
 
 // The sections first..last are those that contain the position, in list
@@ -147,7 +202,7 @@ double MotionPlanVdi::evaluate(double master, Evaluation evaluation, bool zeroWi
 {
     double result = 0.0;
     bool found = false;
-    const auto take = [&](const CamSectionFifthPolynomial *section) {
+    const auto take = [&](const CamSection *section) {
         if (found && !zeroWins)
             return false;
         const double value = (section->*evaluation)(master);
@@ -160,12 +215,12 @@ double MotionPlanVdi::evaluate(double master, Evaluation evaluation, bool zeroWi
         int first = 0;
         int last = -1;
         if (containingSections(master, &first, &last)) {
-            for (int i = first; i <= last && take(m_sections.at(i)); ++i) {
+            for (int i = first; i <= last && take(m_evaluators.at(i)); ++i) {
             }
         }
         return result;
     }
-    for (const CamSectionFifthPolynomial *section : m_sections) {
+    for (const CamSection *section : m_evaluators) {
         if (section->contains(master) && !take(section))
             break;
     }
@@ -174,22 +229,22 @@ double MotionPlanVdi::evaluate(double master, Evaluation evaluation, bool zeroWi
 
 double MotionPlanVdi::position(double master) const
 {
-    return evaluate(master, &CamSectionFifthPolynomial::position, false);
+    return evaluate(master, &CamSection::position, false);
 }
 
 double MotionPlanVdi::velocity(double master) const
 {
-    return evaluate(master, &CamSectionFifthPolynomial::velocity, true);
+    return evaluate(master, &CamSection::velocity, true);
 }
 
 double MotionPlanVdi::acceleration(double master) const
 {
-    return evaluate(master, &CamSectionFifthPolynomial::acceleration, true);
+    return evaluate(master, &CamSection::acceleration, true);
 }
 
 double MotionPlanVdi::jerk(double master) const
 {
-    return evaluate(master, &CamSectionFifthPolynomial::jerk, true);
+    return evaluate(master, &CamSection::jerk, true);
 }
 
 // A section is straight when its acceleration is exactly 0.0 everywhere in
@@ -204,6 +259,10 @@ void MotionPlanVdi::findStraightStretches()
     }
     m_straightStretches = StraightStretches::find(m_boundaries, StraightStretches::Bounds::Closed, [this](size_t i) {
         const CamSectionFifthPolynomial *section = m_sections.at(int(i));
+        if (m_appliedLaws[i] == MotionPoint::Line)
+            return std::isfinite(std::pow(section->end() - section->start(), 3));
+        if (m_appliedLaws[i] != MotionPoint::Poly5)
+            return false;
         return section->a2() == 0.0 && section->a3() == 0.0 && section->a4() == 0.0 && section->a5() == 0.0
             && std::isfinite(std::pow(section->end() - section->start(), 3));
     });

@@ -6,6 +6,10 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camsection.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camsectionfifthpolynomial.h
     ${CMAKE_CURRENT_LIST_DIR}/camsectionfifthpolynomial.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camsectionlaw.h
+    ${CMAKE_CURRENT_LIST_DIR}/camsectionlaw.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/normalisedlaw.h
+    ${CMAKE_CURRENT_LIST_DIR}/normalisedlaw.cpp
     ${CMAKE_CURRENT_LIST_DIR}/cubicspline.h
     ${CMAKE_CURRENT_LIST_DIR}/cubicspline.cpp
     ${CMAKE_CURRENT_LIST_DIR}/curvepolynomial.h

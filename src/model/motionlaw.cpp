@@ -6,16 +6,16 @@
 namespace {
 
 // "Vdi2142" is what stored cam definition data contain; it must stay as it is.
-const char *const DataNames[] = { "Vdi2142", "Spline" };
+const char *const DataNames[] = { "Vdi2142", "Spline", "SplinePeriodic" };
 const char *const DisplayNames[] = {
     QT_TRANSLATE_NOOP("MotionLaw", "Polynom fünften Grades"),
     QT_TRANSLATE_NOOP("MotionLaw", "Kubischer Spline"),
+    QT_TRANSLATE_NOOP("MotionLaw", "Kubischer Spline (periodisch)"),
 };
-const int LawCount = 2;
 
 bool isKnownLaw(int law)
 {
-    return law >= 0 && law < LawCount;
+    return law >= 0 && law < MotionLaw::LawCount;
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <QString>
 
 class CamDescriptionImplementation;
+class QJsonObject;
+class QJsonValue;
 
 // One user-defined support point of the cam: master position, slave position
 // and the segment type that the VDI law uses from this point on.
@@ -32,6 +34,21 @@ public:
         int value;
     };
 
+    // The law of the section that starts at this point, used by the VDI law.
+    // Poly5 is the design's quintic section and the default; the four
+    // normalised rest-in-rest laws take an inflection point.
+    enum SectionLaw : int {
+        Poly5 = 0,
+        Poly7 = 1,
+        Cycloid = 2,
+        ModifiedSine = 3,
+        ModifiedTrapezoid = 4,
+        Harmonic = 5,
+        Line = 6
+    };
+    static constexpr int SectionLawCount = 7;
+    static constexpr double DefaultInflection = 0.5;
+
     MotionPoint(const MotionPoint &other);
     MotionPoint(double master, double slave, const QString &typeDataName);
     MotionPoint(double master, double slave, ComboBoxIndex index);
@@ -52,6 +69,31 @@ public:
     static int typeForDataName(const QString &dataName);
     static int indexForType(int type);
     static int typeForIndex(int index);
+
+    int sectionLaw() const { return m_sectionLaw; }
+    double inflection() const { return m_inflection; }
+    // The set velocity of a "speed" point; without one the segment rules
+    // choose the point's boundary velocity.
+    bool hasVelocity() const { return m_hasVelocity; }
+    double velocity() const { return m_velocity; }
+    void setSectionLaw(int law);
+    void setInflection(double inflection);
+    void setVelocity(double velocity);
+    void clearVelocity();
+    // Law, inflection and set velocity of the other point, as its own.
+    void setSectionFrom(const MotionPoint &other);
+
+    static QString sectionLawDataName(int law);
+    static QString sectionLawDisplayName(int law);
+    static int sectionLawForDataName(const QString &dataName);
+    static bool takesInflection(int law);
+    // An inflection outside (0, 1), NaN included, reads as the default.
+    static double validInflection(double inflection);
+
+    // The optional fourth element of the point in the data: an object with
+    // only the keys that differ from the defaults, empty when none does.
+    QJsonObject sectionData() const;
+    void setSectionFromData(const QJsonValue &value);
 
     bool typeApplies() const { return m_typeApplies; }
     void setTypeApplies(bool applies);
@@ -76,11 +118,17 @@ signals:
     // Declared for listeners; no operation of the point emits these two.
     void masterPositionChanged();
     void slavePositionChanged();
+    // Section law, inflection or set velocity changed.
+    void sectionChanged();
 
 private:
     bool m_typeApplies = true;
     double m_master = 0.0;
     double m_slave = 0.0;
     int m_type = rest;
+    int m_sectionLaw = Poly5;
+    double m_inflection = DefaultInflection;
+    bool m_hasVelocity = false;
+    double m_velocity = 0.0;
     QPointer<CamDescriptionImplementation> m_camDescription;
 };

@@ -137,9 +137,12 @@ void MotionPointDragger::release()
         MessageBox::warning(m_plot, tr("Bewegungspunkt nicht verschoben"), message);
         return;
     }
-    if (target != m_start)
-        m_undoStack->push(new EditMotionPointCommand(point, MotionPoint(target.x(), target.y(), MotionPoint::movementRules(point->type())),
-                                                     m_editorModel->scaling()));
+    if (target != m_start) {
+        // The drag moves the point; its type and section stay.
+        MotionPoint moved(target.x(), target.y(), MotionPoint::movementRules(point->type()));
+        moved.setSectionFrom(*point);
+        m_undoStack->push(new EditMotionPointCommand(point, moved, m_editorModel->scaling()));
+    }
     finish();
 }
 

@@ -33,7 +33,6 @@ namespace {
 // drive's arrays hold is never reached.
 constexpr int MinimumResolution = 2;
 constexpr int MaximumResolution = 16000;
-constexpr int LawCount = 2;
 } // namespace
 
 CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *parent)
@@ -48,7 +47,7 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     , m_stepSize(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
     , m_warning(new QLabel)
 {
-    for (int index = 0; index < LawCount; ++index)
+    for (int index = 0; index < MotionLaw::LawCount; ++index)
         m_motionLaw->addItem(MotionLaw::displayName(MotionLaw::lawForIndex(index)));
     m_resolution->setRange(MinimumResolution, MaximumResolution);
     m_resolution->setSuffix(tr(" Punkte"));

@@ -8,6 +8,7 @@
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 
+#include <QColor>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
@@ -30,7 +31,7 @@ constexpr int CoefficientDecimals = 4;
 // (the widest texts) can stand at the end.
 enum SectionColumn {
     FromColumn, ToColumn, StrokeColumn, VelocityColumn, AccelerationColumn, JerkColumn, CvColumn, CaColumn,
-    CjColumn, ErrorColumn, LawColumn, SectionColumnCount
+    CjColumn, ErrorColumn, LawColumn, SectionLawColumn, SectionColumnCount
 };
 enum JointColumn { JointMasterColumn, VerdictColumn, PositionJumpColumn, VelocityJumpColumn,
                    AccelerationJumpColumn, JerkJumpColumn, JointColumnCount };
@@ -267,7 +268,7 @@ void CurveReportView::fillSections(const CurveReport &report)
     m_sections->setHorizontalHeaderLabels({
         tr("von") + masterSuffix, tr("bis") + masterSuffix, tr("Hub") + unit(0), tr("v max") + unit(1),
         tr("a max") + unit(2), tr("j max") + unit(3), tr("Cv"), tr("Ca"), tr("Cj"), tr("Abtastfehler") + unit(0),
-        tr("Segmenttypen") });
+        tr("Segmenttypen"), tr("Abschnittsgesetz") });
     const auto coefficient = [](double value) {
         return std::isnan(value) ? QStringLiteral("–") : QLocale().toString(value, 'f', CoefficientDecimals);
     };
@@ -276,7 +277,7 @@ void CurveReportView::fillSections(const CurveReport &report)
                                          : derivative(order, e.value);
         return tr("%1 bei %2").arg(value, master(e.master));
     };
-    const QString spline = MotionLaw::displayName(MotionLaw::Spline);
+    const QString spline = MotionLaw::displayName(report.motionLaw());
     m_sections->setRowCount(0);
     for (const CurveSectionReport &s : report.sections()) {
         const QString law = s.startType == CurveReport::NoSegmentType
@@ -287,7 +288,16 @@ void CurveReportView::fillSections(const CurveReport &report)
             cell(extreme(2, s.acceleration)), cell(extreme(3, s.jerk)), cell(coefficient(s.cv)),
             cell(coefficient(s.ca)), cell(coefficient(s.cj)), cell(extreme(0, s.samplingError)), cell(law),
         };
+        // The law asked for and, where it cannot join its neighbours, the one applied.
+        const bool fallback = s.law != s.lawApplied;
+        const QString asked = s.law == CurveReport::NoSegmentType ? spline : MotionPoint::sectionLawDisplayName(s.law);
+        row.append(cell(fallback ? tr("%1 → %2 (nicht anwendbar)")
+                                       .arg(asked, MotionPoint::sectionLawDisplayName(s.lawApplied))
+                                 : asked));
+        if (fallback)
+            row[SectionLawColumn]->setForeground(QColor(0xb0, 0x00, 0x00));
         row[LawColumn]->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        row[SectionLawColumn]->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         m_sections->appendRow(row);
     }
 }

@@ -29,8 +29,8 @@ namespace {
 
 constexpr int TypeCount = 4;
 
-// The segment type cell is edited with the point combo box; a choice
-// commits at once.
+// The segment type and section law cells are edited with a combo box; a
+// choice commits at once.
 class SegmentTypeDelegate : public QStyledItemDelegate
 {
 public:
@@ -38,11 +38,18 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        if (index.column() != MotionPointTableModel::TypeColumn)
+        const bool law = index.column() == MotionPointTableModel::LawColumn;
+        if (index.column() != MotionPointTableModel::TypeColumn && !law)
             return QStyledItemDelegate::createEditor(parent, option, index);
         auto *box = new QComboBox(parent);
-        for (int i = 0; i < TypeCount; ++i)
-            box->addItem(MotionPoint::typeDisplayName(MotionPoint::typeForIndex(i)));
+        box->setObjectName(law ? QStringLiteral("sectionLawBox") : QStringLiteral("segmentTypeBox"));
+        if (law) {
+            for (int i = 0; i < MotionPoint::SectionLawCount; ++i)
+                box->addItem(MotionPoint::sectionLawDisplayName(i));
+        } else {
+            for (int i = 0; i < TypeCount; ++i)
+                box->addItem(MotionPoint::typeDisplayName(MotionPoint::typeForIndex(i)));
+        }
         connect(box, QOverload<int>::of(&QComboBox::activated), this, [this, box] {
             emit const_cast<SegmentTypeDelegate *>(this)->commitData(box);
             emit const_cast<SegmentTypeDelegate *>(this)->closeEditor(box);

@@ -136,7 +136,9 @@ bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master
 {
     if (!point || !m_editorModel || !m_undoStack)
         return false;
-    const MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
+    // A new position or type keeps the section that starts at the point.
+    MotionPoint newValue(master, slave, MotionPoint::movementRules(type));
+    newValue.setSectionFrom(*point);
     if (!point->differs(&newValue))
         return false;
     // A point that a file brought in beyond the cycle may still get another

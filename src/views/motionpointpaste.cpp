@@ -56,8 +56,12 @@ int MotionPointPaste::paste(QWidget *parent, const MotionPointEditing &editing, 
         }
         masters.insert(master);
         const int type = row.type == MotionPointTextParser::NoType ? editing.typeBefore(master) : row.type;
-        new AddMotionPointCommand(description, new MotionPoint(master, slave, MotionPoint::movementRules(type)),
-                                  command.get());
+        auto *point = new MotionPoint(master, slave, MotionPoint::movementRules(type));
+        point->setSectionLaw(row.sectionLaw);
+        point->setInflection(row.inflection);
+        if (row.hasVelocity)
+            point->setVelocity(row.velocity);
+        new AddMotionPointCommand(description, point, command.get());
         ++added;
     }
     if (added > 0) {

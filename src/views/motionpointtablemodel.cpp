@@ -2,13 +2,24 @@
 
 #include "motionpointediting.h"
 
+#include "motionpointtextparser.h"
+
 #include <QApplication>
+#include <QBrush>
+#include <QColor>
+#include <QLocale>
+#include <QPalette>
 #include <QStyle>
+#include <QUndoStack>
 #include <QWidget>
 
 #include "camdesigner/camdescriptionimplementation.h"
+#include "camdesigner/messagebox.h"
 #include "camdesigner/tableclipboard.h"
+#include "commands/changesectioncommand.h"
+#include "curves/motionplanvdi.h"
 #include "model/cameditormodel.h"
+#include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "parameters/parametermodel.h"
@@ -36,6 +47,121 @@ MotionPointTableModel::MotionPointTableModel(const MotionPointEditing *editing, 
             [this](int f, int l) { emit dataChanged(index(f, 0), index(l, ColumnCount - 1)); });
     connect(d, &Description::pointsAboutToBeReset, this, [this] { beginResetModel(); });
     connect(d, &Description::pointsReset, this, [this] { endResetModel(); });
+    // Which law applies follows from the new plan; a law change greys or
+    // ungreys the section cells.
+    connect(m_editorModel, &CamEditorModel::changed, this, [this] {
+        if (rowCount() > 0)
+            emit dataChanged(index(0, LawColumn), index(rowCount() - 1, VelocityColumn));
+    });
+}
+
+bool MotionPointTableModel::sectionLawsApply() const
+{
+    return m_editorModel->motionLaw()->law() == MotionLaw::Vdi;
+}
+
+// Inflection only for the four normalised laws, velocity only at a "speed" point.
+bool MotionPointTableModel::cellApplies(const QModelIndex &index) const
+{
+    const MotionPoint *point = m_editorModel->motionPointAt(index.row());
+    switch (index.column()) {
+    case InflectionColumn:
+        return MotionPoint::takesInflection(point->sectionLaw());
+    case VelocityColumn:
+        return point->type() == MotionPoint::speed;
+    default:
+        return true;
+    }
+}
+
+QVariant MotionPointTableModel::sectionData(const QModelIndex &index, int role) const
+{
+    const MotionPoint *point = m_editorModel->motionPointAt(index.row());
+    const bool applies = cellApplies(index);
+    if (role == TableClipboard::CopyRole) {
+        if (index.column() == LawColumn)
+            return MotionPoint::sectionLawDataName(point->sectionLaw());
+        if (index.column() == InflectionColumn)
+            return applies ? QString::number(point->inflection()) : QString();
+        return applies && point->hasVelocity() ? QString::number(point->velocity()) : QString();
+    }
+    if (role == Qt::ForegroundRole && !sectionLawsApply())
+        return QBrush(QPalette().color(QPalette::Disabled, QPalette::Text));
+    if (index.column() == LawColumn) {
+        // The section of the last point of an open cam does not exist; a law
+        // that cannot join its neighbours is computed as the quintic.
+        const auto *plan = qobject_cast<const MotionPlanVdi *>(m_editorModel->motionPlan());
+        const bool fallback = sectionLawsApply() && plan && index.row() < plan->sections().size()
+            && plan->appliedLaw(index.row()) != point->sectionLaw();
+        const QString name = MotionPoint::sectionLawDisplayName(point->sectionLaw());
+        switch (role) {
+        case Qt::DisplayRole:
+            return fallback ? tr("%1 (nicht anwendbar: %2)")
+                                  .arg(name, MotionPoint::sectionLawDisplayName(plan->appliedLaw(index.row())))
+                            : name;
+        case Qt::EditRole:
+            return point->sectionLaw();
+        case Qt::ForegroundRole:
+            return fallback ? QBrush(QColor(0xb0, 0x00, 0x00)) : QVariant();
+        case Qt::ToolTipRole:
+            return fallback ? tr("Das Gesetz verlangt Beschleunigung null an beiden Abschnittsgrenzen; der Abschnitt "
+                                 "wird als Polynom 5. Grades berechnet.")
+                            : QVariant();
+        default:
+            return QVariant();
+        }
+    }
+    if (role == Qt::TextAlignmentRole)
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
+        return QVariant();
+    if (!applies)
+        return QString();
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    if (index.column() == InflectionColumn)
+        return locale.toString(point->inflection());
+    return point->hasVelocity() ? locale.toString(point->velocity()) : tr("automatisch");
+}
+
+bool MotionPointTableModel::setSectionData(const QModelIndex &index, const QVariant &value)
+{
+    MotionPoint *point = m_editorModel->motionPointAt(index.row());
+    QUndoStack *stack = m_editing->undoStack();
+    if (!stack || !cellApplies(index))
+        return false;
+    MotionPoint changed(*point);
+    const QString text = value.toString().trimmed();
+    double number = 0.0;
+    switch (index.column()) {
+    case LawColumn:
+        changed.setSectionLaw(value.toInt());
+        break;
+    case InflectionColumn:
+        if (!MotionPointTextParser::parseNumber(text, &number) || !(number > 0.0 && number < 1.0)) {
+            MessageBox::warning(m_messageParent, tr("Ungültiger Wendepunkt"),
+                                tr("Der Wendepunkt muss zwischen 0 und 1 liegen (ohne die Grenzen)."));
+            return false;
+        }
+        changed.setInflection(number);
+        break;
+    default:
+        // An empty cell hands the velocity back to the segment rules.
+        if (text.isEmpty() || text == tr("automatisch")) {
+            changed.clearVelocity();
+        } else if (MotionPointTextParser::parseNumber(text, &number)) {
+            changed.setVelocity(number);
+        } else {
+            MessageBox::warning(m_messageParent, tr("Ungültige Geschwindigkeit"),
+                                tr("Die Geschwindigkeit muss eine Zahl sein; leer lassen für die automatische Wahl."));
+            return false;
+        }
+        break;
+    }
+    if (point->isEqual(changed))
+        return false;
+    stack->push(new ChangeSectionCommand(point, changed, m_editorModel->scaling()));
+    return true;
 }
 
 int MotionPointTableModel::rowCount(const QModelIndex &parent) const
@@ -54,6 +180,8 @@ QVariant MotionPointTableModel::data(const QModelIndex &index, int role) const
         return QVariant();
     const MotionPoint *point = m_editorModel->motionPointAt(index.row());
     const Scaling *scaling = m_editorModel->scaling();
+    if (index.column() >= LawColumn)
+        return sectionData(index, role);
     if (role == TableClipboard::CopyRole) {
         // Copied with a decimal point and the data name, as a paste reads them.
         const ParameterModel *drive = m_editing->parameterModel();
@@ -99,6 +227,8 @@ bool MotionPointTableModel::setData(const QModelIndex &index, const QVariant &va
 {
     if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount())
         return false;
+    if (index.column() >= LawColumn)
+        return setSectionData(index, value);
     MotionPoint *point = m_editorModel->motionPointAt(index.row());
     double master = point->master();
     double slave = point->slave();
@@ -124,6 +254,8 @@ Qt::ItemFlags MotionPointTableModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
+    if (index.column() >= LawColumn && (!sectionLawsApply() || !cellApplies(index)))
+        return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable;
 }
 
@@ -140,8 +272,14 @@ QVariant MotionPointTableModel::headerData(int section, Qt::Orientation orientat
         return withUnit(tr("Master-Position"), parameters ? parameters->masterUnit() : QString());
     case SlaveColumn:
         return withUnit(tr("Slave-Position"), parameters ? parameters->slaveUnit() : QString());
-    default:
+    case TypeColumn:
         return tr("Segmenttyp");
+    case LawColumn:
+        return tr("Abschnittsgesetz");
+    case InflectionColumn:
+        return tr("Wendepunkt");
+    default:
+        return tr("Geschwindigkeit");
     }
 }
 

@@ -15,7 +15,8 @@ class MotionPointTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Column { MasterColumn, SlaveColumn, TypeColumn, ColumnCount };
+    // The last three describe the section that starts at the row.
+    enum Column { MasterColumn, SlaveColumn, TypeColumn, LawColumn, InflectionColumn, VelocityColumn, ColumnCount };
 
     // messageParent: the widget over which refusals are shown.
     MotionPointTableModel(const MotionPointEditing *editing, QWidget *messageParent, QObject *parent = nullptr);
@@ -31,6 +32,11 @@ public:
     void refresh();
 
 private:
+    bool sectionLawsApply() const;
+    bool cellApplies(const QModelIndex &index) const;
+    QVariant sectionData(const QModelIndex &index, int role) const;
+    bool setSectionData(const QModelIndex &index, const QVariant &value);
+
     const MotionPointEditing *m_editing;
     QPointer<CamEditorModel> m_editorModel;
     QPointer<QWidget> m_messageParent;

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "model/motionpoint.h"
+
 #include <QString>
 #include <QVector>
 
 // Reads motion points from pasted text: one point per line, master and
 // slave separated by a tab or a semicolon, each with a decimal point or a
 // decimal comma, optionally a third column with a segment type's data name
-// ("rest", "speed", "turningPoint", "acceleration"). A first line that is
+// ("rest", "speed", "turningPoint", "acceleration") and then, as the point
+// table copies them, a section law's data name, an inflection and a set
+// velocity, each of them may be empty. A first line that is
 // not a point is a header and skipped; blank lines are skipped; any other
 // line that is not a point is counted as invalid.
 class MotionPointTextParser
@@ -17,6 +21,10 @@ public:
         double slave = 0.0;
         // MotionPoint::movementRules, or NoType where the line names none.
         int type = NoType;
+        int sectionLaw = MotionPoint::Poly5;
+        double inflection = MotionPoint::DefaultInflection;
+        bool hasVelocity = false;
+        double velocity = 0.0;
     };
     static constexpr int NoType = -1;
 

@@ -3,6 +3,8 @@
 #include "binaryjson.h"
 #include "jsontext.h"
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
@@ -70,6 +72,8 @@ private slots:
     void differs();
     void summaryHtml();
     void settersCompareBeforeEmitting();
+    void examplesSaveUnchanged();
+    void sectionChangesNotify();
 };
 
 void tst_CamDescription::load_data()
@@ -97,6 +101,14 @@ void tst_CamDescription::load_data()
         "MotionPoints": [[-5.25, 1e-7, "speed"], [3.3333333333333335, -2, "rest"]],
         "Steps": {"dynamicSteps": 12, "isDynamicStepSize": false, "staticStepSize": 0.001}})";
     row("spline static round trip", spline, spline);
+    const char *sections = R"({"MotionLaw": "SplinePeriodic", "MotionPoints": [[0, 0, "rest", {"law": "ModifiedSine",
+        "inflection": 0.4}], [10, 5, "speed", {"velocity": -0.25}], [20, 5, "rest", {"law": "Line"}]]})";
+    row("section laws round trip", sections, sections);
+    row("section defaults are not written", R"({"MotionPoints": [[0, 0, "rest", {"law": "Poly5", "inflection": 0.5}],
+        [1, 1, "rest", {}], [2, 2, "rest", {"law": "modifiedSine", "inflection": 1}], [3, 3, "rest", {"inflection": "x"}],
+        [4, 4, "rest", {"velocity": "1"}], [5, 5, "rest", 7]]})",
+        R"({"MotionPoints": [[0, 0, "rest"], [1, 1, "rest"], [2, 2, "rest"], [3, 3, "rest"], [4, 4, "rest"],
+        [5, 5, "rest"]]})");
     // Only binary JSON can carry a NaN; it must not take another point's entry.
     QJsonObject nan;
     nan.insert(QStringLiteral("MotionPoints"),
@@ -289,6 +301,54 @@ void tst_CamDescription::settersCompareBeforeEmitting()
     description->setCircularLength(std::numeric_limits<double>::quiet_NaN());
     description->setCircularLength(std::numeric_limits<double>::quiet_NaN());
     QCOMPARE(changed.count(), 4);
+}
+
+
+// Data without section keys must come out exactly as it went in, so that
+// saving a file of an earlier version changes not a byte.
+void tst_CamDescription::examplesSaveUnchanged()
+{
+    const QStringList files = QDir(QStringLiteral(EXAMPLES_DIR)).entryList({ QStringLiteral("*.json") });
+    QVERIFY(!files.isEmpty());
+    for (const QString &name : files) {
+        QFile file(QStringLiteral(EXAMPLES_DIR "/") + name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+        auto description = create();
+        description->fromJson(object);
+        QCOMPARE(QJsonDocument(description->toJson()).toJson(), QJsonDocument(object).toJson());
+    }
+}
+
+void tst_CamDescription::sectionChangesNotify()
+{
+    auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "speed"], [10, 5, "rest"]]})"));
+    MotionPoint *point = description->motionPoints().constFirst();
+    SignalLog log(description.get());
+    QSignalSpy section(point, &MotionPoint::sectionChanged);
+    point->setSectionLaw(MotionPoint::Cycloid);
+    point->setSectionLaw(MotionPoint::Cycloid);
+    point->setInflection(0.3);
+    point->setInflection(2.0); // reads as the default
+    point->setInflection(0.5);
+    point->setVelocity(1.5);
+    point->setVelocity(1.5);
+    point->clearVelocity();
+    point->clearVelocity();
+    point->setSectionLaw(MotionPoint::Poly5);
+    QCOMPARE(section.count(), 6);
+    QCOMPARE(log.names.count(QStringLiteral("motionPointChanged")), 6);
+    QCOMPARE(log.names.count(QStringLiteral("changed")), 6);
+    QCOMPARE(description->toJson().value(QStringLiteral("MotionPoints")).toArray().at(0).toArray().size(), 3);
+
+    // A copy carries the section, and setFrom with it is an edit.
+    MotionPoint copy(*point);
+    copy.setInflection(0.25);
+    QVERIFY(point->differs(&copy));
+    QSignalSpy edited(point, &MotionPoint::edited);
+    point->setFrom(copy);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(point->inflection(), 0.25);
 }
 
 QTEST_GUILESS_MAIN(tst_CamDescription)

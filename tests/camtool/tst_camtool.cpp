@@ -52,6 +52,12 @@ MotionPlan *localPlan(const QString &path, CamDescriptionImplementation &descrip
 
 enum class Project { Missing, Written, Damaged };
 
+// A cam with a section law on every section, a set velocity and a law that
+// falls back to the quintic at a turning point.
+const char SectionLaws[] = R"([[0, 0, "rest", {"law": "ModifiedSine", "inflection": 0.4}],
+    [90, 50, "speed", {"law": "Poly7", "velocity": 0.7}], [180, 100, "turningPoint", {"law": "Cycloid"}],
+    [270, 40, "rest", {"law": "Line"}]])";
+
 } // namespace
 
 Q_DECLARE_METATYPE(Project)
@@ -117,6 +123,9 @@ private slots:
                                          << "two motion points";
         QTest::newRow("report both step options") << QStringList{ "report", Cyclic, "--static", "1", "--dynamic", "10" } << 2 << "exclude";
         QTest::newRow("report example") << QStringList{ "report", Cyclic } << 0 << "\"continuity\": 2";
+        const QString laws = cam(SectionLaws);
+        QTest::newRow("report asked law") << QStringList{ "report", laws } << 0 << "\"law\": \"Cycloid\"";
+        QTest::newRow("report applied law") << QStringList{ "report", laws } << 0 << "\"lawApplied\": \"ModifiedSine\"";
         QTest::newRow("plot without --output") << QStringList{ "plot", Cyclic } << 2 << "--output";
         QTest::newRow("plot to an unknown format") << QStringList{ "plot", Cyclic, "--output", tmp("a.bmp") } << 2 << ".png";
         QTest::newRow("plot of a bad size") << QStringList{ "plot", Cyclic, "--output", tmp("a.png"), "--size", "0x9" } << 2
@@ -193,6 +202,9 @@ private slots:
             << QByteArray(R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
                               "MotionPoints": [[10, 7, "acceleration"], [20, 1, "rest"]],
                               "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})");
+        const QByteArray laws = R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Vdi2142", "MotionPoints": )"
+            + QByteArray(SectionLaws) + R"(, "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})";
+        QTest::newRow("show section laws") << show << "laws.json" << laws << laws;
         QTest::newRow("show binary .dat")
             << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example;
         // JSON would print them as null.
@@ -289,6 +301,7 @@ private slots:
                                                       << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 2.5})") << 50;
         QTest::newRow("dynamic override")
             << Spline << QStringList{ "--dynamic", "2000" } << 3 << QByteArray(R"({"isDynamicStepSize": true, "dynamicSteps": 2000})") << 50;
+        QTest::newRow("section laws") << cam(SectionLaws) << QStringList() << 3 << dynamic500 << 50;
         QTest::newRow("one point gives empty lists") << cam(OnePoint) << QStringList() << 3 << dynamic500 << 0;
         // Bad step settings are held to the grid point limit.
         const char *threePoints = R"([[0, 0, "rest"], [100, 20, "turningPoint"], [360, 5, "rest"]])";

@@ -5,6 +5,7 @@
 #include "commands/addmotionpointcommand.h"
 #include "commands/changedynamicstepresolutioncommand.h"
 #include "commands/changemotionlawcommand.h"
+#include "commands/changesectioncommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
 #include "commands/loadnewmotionplancommand.h"
@@ -121,6 +122,19 @@ void tst_EditingCommands::undoTexts_data()
         return new EditMotionPointCommand(c.description.pointAt(10), MotionPoint(12.5, 7, MotionPoint::acceleration),
                                           c.model->scaling());
     }) << "Ändere Bewegungspunkt [10.000;5.000,Konstante Geschwindigkeit]) -> [12.500;7.000;Beschleunigung]";
+    const auto section = [](const std::function<void(MotionPoint &)> &change) {
+        return MakeCommand([change](CommandFixture &c) {
+            MotionPoint changed(*c.description.pointAt(10));
+            change(changed);
+            return new ChangeSectionCommand(c.description.pointAt(10), changed, c.model->scaling());
+        });
+    };
+    QTest::newRow("section law") << section([](MotionPoint &p) { p.setSectionLaw(MotionPoint::ModifiedTrapezoid); })
+                                 << "Ändere Abschnittsgesetz [10.000] von Polynom 5. Grades -> Modifiziertes Beschleunigungstrapez";
+    QTest::newRow("inflection") << section([](MotionPoint &p) { p.setInflection(0.35); })
+                                << "Ändere Wendepunkt [10.000] von 0.5 -> 0.35";
+    QTest::newRow("velocity") << section([](MotionPoint &p) { p.setVelocity(-0.25); })
+                              << "Ändere Geschwindigkeit [10.000] von automatisch -> -0.25";
     QTest::newRow("law") << MakeCommand([](CommandFixture &c) {
         return new ChangeMotionLawCommand(c.description.motionLaw(), MotionLaw::Spline);
     }) << "Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline";
@@ -418,7 +432,11 @@ void tst_EditingCommands::pointCommandsFollowALoad_data()
 {
     QTest::addColumn<MakeCommand>("make");
     QTest::newRow("add") << MakeCommand([](CommandFixture &c) {
-        return new AddMotionPointCommand(&c.description, new MotionPoint(15, 2, MotionPoint::acceleration));
+        auto *point = new MotionPoint(15, 2, MotionPoint::speed);
+        point->setSectionLaw(MotionPoint::Poly7);
+        point->setInflection(0.2);
+        point->setVelocity(-1);
+        return new AddMotionPointCommand(&c.description, point);
     });
     QTest::newRow("remove") << MakeCommand([](CommandFixture &c) {
         return new RemoveMotionPointCommand(c.description.pointAt(10), &c.description);
@@ -431,6 +449,11 @@ void tst_EditingCommands::pointCommandsFollowALoad_data()
         return new EditMotionPointCommand(&c.description, c.description.pointAt(10),
                                           MotionPoint(20, 5, MotionPoint::speed), c.model->scaling());
     });
+    QTest::newRow("section") << MakeCommand([](CommandFixture &c) {
+        MotionPoint changed(*c.description.pointAt(10));
+        changed.clearVelocity();
+        return new ChangeSectionCommand(c.description.pointAt(10), changed, c.model->scaling());
+    });
 }
 
 // A load deletes every point object and makes new ones without a Qt parent;
@@ -440,7 +463,9 @@ void tst_EditingCommands::pointCommandsFollowALoad()
     QFETCH(MakeCommand, make);
     Controller &stack = *m_cam->stack;
     CamDescriptionImplementation &description = m_cam->description;
-    description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "speed"], [30, 0, "rest"]]})"));
+    // The section of the point must come back with it as well.
+    description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"],
+        [10, 5, "speed", {"law": "Harmonic", "inflection": 0.3, "velocity": 2}], [30, 0, "rest"]]})"));
     QCOMPARE(description.pointAt(10)->parent(), nullptr);
     const QJsonObject start = description.toJson();
     stack.push(make(*m_cam));

@@ -1,9 +1,14 @@
+#include "curves/curvereport.h"
 #include "curves/motionplancubicspline.h"
+#include "model/motionlaw.h"
 #include "model/fixedscaling.h"
 #include "planpoints.h"
 
+Q_DECLARE_METATYPE(std::vector<double>)
+
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -109,6 +114,105 @@ private slots:
             QCOMPARE(plan.position(m) + 10.0, point->slave() + 10.0);
             QCOMPARE(plan.velocity(std::nextafter(m, -1e9)), plan.velocity(std::nextafter(m, 1e9)));
             QCOMPARE(plan.acceleration(std::nextafter(m, -1e9)) + 1.0, plan.acceleration(std::nextafter(m, 1e9)) + 1.0);
+        }
+    }
+
+    void periodic_data()
+    {
+        QTest::addColumn<std::vector<double>>("masters");
+        QTest::addColumn<std::vector<double>>("slaves");
+        QTest::addColumn<double>("circularLength");
+        QTest::newRow("two points") << std::vector<double> { 0, 200 } << std::vector<double> { 5, 30 } << 360.0;
+        QTest::newRow("three points") << std::vector<double> { 10, 40, 250 } << std::vector<double> { 0, 3, -7 } << 300.0;
+        QTest::newRow("uneven") << std::vector<double> { 0, 10, 90, 180, 270 } << std::vector<double> { 0, 4, 50, 100, 40 } << 360.0;
+        QTest::newRow("closed by the last point") << std::vector<double> { 0, 1, 2.5, 4 } << std::vector<double> { 2, -1, 0, 2 } << 4.0;
+    }
+
+    // Against the textbook periodic spline: second derivatives M from
+    // h[i-1]·M[i-1] + 2·(h[i-1] + h[i])·M[i] + h[i]·M[i+1] = 6·(d[i] - d[i-1]),
+    // indices modulo the number of intervals, solved as a dense system.
+    void periodic()
+    {
+        QFETCH(std::vector<double>, masters);
+        QFETCH(std::vector<double>, slaves);
+        QFETCH(double, circularLength);
+        PlanPoints points;
+        for (size_t i = 0; i < masters.size(); ++i)
+            points.add(masters[i], slaves[i]);
+        MotionPlanCubicSpline plan(points.list, true, circularLength, nullptr, &m_scaling, true);
+
+        std::vector<double> x = masters;
+        std::vector<double> y = slaves;
+        if (circularLength > x.back()) {
+            x.push_back(circularLength);
+            y.push_back(y.front());
+        }
+        const size_t m = x.size() - 1;
+        const auto h = [&](size_t i) { return x[i % m + 1] - x[i % m]; };
+        const auto d = [&](size_t i) { return (y[i % m + 1] - y[i % m]) / h(i); };
+        std::vector<std::vector<double>> a(m, std::vector<double>(m, 0.0));
+        std::vector<double> b(m);
+        for (size_t i = 0; i < m; ++i) {
+            a[i][(i + m - 1) % m] += h(i + m - 1);
+            a[i][i] += 2 * (h(i + m - 1) + h(i));
+            a[i][(i + 1) % m] += h(i);
+            b[i] = 6 * (d(i) - d(i + m - 1));
+        }
+        for (size_t c = 0; c < m; ++c) {
+            for (size_t r = c + 1; r < m; ++r) {
+                const double f = a[r][c] / a[c][c];
+                for (size_t k = c; k < m; ++k)
+                    a[r][k] -= f * a[c][k];
+                b[r] -= f * b[c];
+            }
+        }
+        std::vector<double> M(m + 1);
+        for (size_t r = m; r-- > 0;) {
+            double sum = b[r];
+            for (size_t k = r + 1; k < m; ++k)
+                sum -= a[r][k] * M[k];
+            M[r] = sum / a[r][r];
+        }
+        M[m] = M[0];
+        const double scale = 1e-10 * (1 + *std::max_element(y.begin(), y.end()) - *std::min_element(y.begin(), y.end()));
+        for (size_t i = 0; i < m; ++i) {
+            for (int k = 0; k <= 10; ++k) {
+                const double t = x[i] + h(i) * k / 10;
+                const double l = x[i + 1] - t;
+                const double r = t - x[i];
+                const double hi = h(i);
+                const double position = M[i] * l * l * l / (6 * hi) + M[i + 1] * r * r * r / (6 * hi)
+                    + (y[i] / hi - M[i] * hi / 6) * l + (y[i + 1] / hi - M[i + 1] * hi / 6) * r;
+                const double velocity = -M[i] * l * l / (2 * hi) + M[i + 1] * r * r / (2 * hi) + d(i) - (M[i + 1] - M[i]) * hi / 6;
+                const double acceleration = (M[i] * l + M[i + 1] * r) / hi;
+                QVERIFY(std::abs(plan.position(t) - position) < scale);
+                QVERIFY(std::abs(plan.velocity(t) - velocity) < scale);
+                QVERIFY(std::abs(plan.acceleration(t) - acceleration) < scale);
+                if (k > 0 && k < 10) // at a knot the piece before evaluates the jerk
+                    QVERIFY(std::abs(plan.jerk(t) - (M[i + 1] - M[i]) / hi) < scale);
+            }
+        }
+        // The seam: velocity and acceleration at the end are those at the start.
+        QVERIFY(std::abs(plan.velocity(x.back()) - plan.velocity(x.front())) < scale);
+        QVERIFY(std::abs(plan.acceleration(x.back()) - plan.acceleration(x.front())) < scale);
+        const CurveReport report(plan);
+        QCOMPARE(report.motionLaw(), int(MotionLaw::SplinePeriodic));
+        QVERIFY(report.joints().back().seam && report.joints().back().continuity >= 2);
+    }
+
+    // Periodic end conditions need a cyclic cam; an open one gets the natural spline.
+    void periodicOfAnOpenCamIsNatural()
+    {
+        PlanPoints points;
+        const double masters[] = { 0.0, 4.0, 9.0, 15.0 };
+        const double slaves[] = { 1.0, 3.0, -2.0, 0.5 };
+        for (int i = 0; i < 4; ++i)
+            points.add(masters[i], slaves[i]);
+        MotionPlanCubicSpline natural(points.list, false, 20.0, nullptr, &m_scaling);
+        MotionPlanCubicSpline periodic(points.list, false, 20.0, nullptr, &m_scaling, true);
+        for (double m = -1.0; m < 16.0; m += 0.75) {
+            QCOMPARE(periodic.position(m), natural.position(m));
+            QCOMPARE(periodic.acceleration(m), natural.acceleration(m));
         }
     }
 

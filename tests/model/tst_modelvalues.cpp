@@ -180,7 +180,8 @@ void tst_ModelValues::lawNames_data()
     QTest::addColumn<int>("index");
     QTest::newRow("vdi") << 0 << "Vdi2142" << QString::fromUtf8("Polynom fünften Grades") << 0;
     QTest::newRow("spline") << 1 << "Spline" << "Kubischer Spline" << 1;
-    QTest::newRow("unknown") << 2 << "" << "" << -1;
+    QTest::newRow("periodic spline") << 2 << "SplinePeriodic" << "Kubischer Spline (periodisch)" << 2;
+    QTest::newRow("unknown") << 3 << "" << "" << -1;
     QTest::newRow("negative") << -1 << "" << "" << -1;
 }
 

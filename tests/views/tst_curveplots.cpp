@@ -186,6 +186,9 @@ void tst_CurvePlots::dragPushesOneEdit()
                       int(std::lround(plot->transform(QwtPlot::yLeft, slave))));
     };
     const QPoint target = pixel(toMaster, toSlave);
+    // The section that starts at the point goes with it.
+    editor.camDescription()->pointAt(90)->setSectionLaw(MotionPoint::Cycloid);
+    editor.camDescription()->pointAt(90)->setVelocity(0.5);
 
     QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(90, 40));
     QVERIFY(window->plots()->dragger()->isDragging());
@@ -215,6 +218,8 @@ void tst_CurvePlots::dragPushesOneEdit()
     const double master = expectedMaster >= 0.0 ? expectedMaster : pointedMaster;
     QCOMPARE(moved->master(), master);
     QCOMPARE(moved->slave(), pointedSlave);
+    QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
+    QCOMPARE(moved->velocity(), 0.5);
     window->undoStack()->undo();
     QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
     window->undoStack()->redo();

@@ -40,6 +40,8 @@ namespace {
 // that every settings field applies in one mode or the other.
 const char CyclicCam[] = R"({"Cyclic": true, "CircularLength": 360,
     "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
+const char LawCam[] = R"({"Cyclic": true, "CircularLength": 360,
+    "MotionPoints": [[0, 0, "rest", {"law": "Cycloid"}], [90, 40, "speed"], [180, 0, "rest"]]})";
 const char StaticCam[] = R"({"Cyclic": true, "CircularLength": 360, "Steps": {"isDynamicStepSize": false},
     "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
 
@@ -169,10 +171,36 @@ void tst_EditingPanels::commands_data()
         QTest::keyClick(view, Qt::Key_F2);
         choose(view->viewport()->findChild<QComboBox *>(), 2);
     }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [90.000;40.000;Beschleunigung]" << "[90,40,\"acceleration\"]";
+    const auto editCell = [](int row, int column, const QString &text) {
+        return Action([row, column, text](Panels &p) {
+            QTreeView *view = p.tree->pointTree();
+            view->setFocus();
+            view->setCurrentIndex(view->model()->index(row, column));
+            QTest::keyClick(view, Qt::Key_F2);
+            if (text.isEmpty())
+                choose(view->viewport()->findChild<QComboBox *>(QStringLiteral("sectionLawBox")), 2);
+            else
+                type(view->viewport()->findChild<QLineEdit *>(), text);
+        });
+    };
+    QTest::newRow("tree section law cell") << cyclic << editCell(0, 3, QString())
+                                           << "Ändere Abschnittsgesetz [0.000] von Polynom 5. Grades -> Zykloide"
+                                           << "[0,0,\"rest\",{\"law\":\"Cycloid\"}]";
+    QTest::newRow("tree inflection cell") << QByteArray(LawCam) << editCell(0, 4, "0.3")
+                                          << "Ändere Wendepunkt [0.000] von 0.5 -> 0.3" << "\"inflection\":0.3";
+    QTest::newRow("tree velocity cell") << cyclic << editCell(1, 5, "0.75")
+                                        << "Ändere Geschwindigkeit [90.000] von automatisch -> 0.75" << "\"velocity\":0.75";
+    QTest::newRow("periodic spline") << cyclic << Action([](Panels &p) { choose(p.settings->motionLawBox(), 2); })
+                                     << "Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline (periodisch)"
+                                     << "\"MotionLaw\":\"SplinePeriodic\"";
     QTest::newRow("point master") << cyclic << Action([](Panels &p) {
         p.tree->selectRow(1);
         type(p.point->masterEdit(), "100.0004");  // rounded to the drive's places
     }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [100.000;40.000;Konstante Geschwindigkeit]" << "[100,40,\"speed\"]";
+    QTest::newRow("point master keeps the section") << QByteArray(LawCam) << Action([](Panels &p) {
+        p.tree->selectRow(0);
+        type(p.point->masterEdit(), "5");
+    }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [5.000;0.000;Rast]" << "[5,0,\"rest\",{\"law\":\"Cycloid\"}]";
     QTest::newRow("point type") << cyclic << Action([](Panels &p) {
         p.tree->selectRow(1);
         choose(p.point->typeBox(), 3);

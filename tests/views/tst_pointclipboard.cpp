@@ -87,7 +87,8 @@ void tst_PointClipboard::cleanup()
 }
 
 // Ctrl+C on the tree: the selected points, else all, with a decimal point
-// and the data names; pasted into an empty cam they are the same points.
+// and the data names, the section's too; pasted into an empty cam they are
+// the same points.
 void tst_PointClipboard::copyMotionPoints()
 {
     EditorFixture editor;
@@ -97,11 +98,16 @@ void tst_PointClipboard::copyMotionPoints()
     selectRows(tree, { 0, 2 });
     typeKey(tree, Qt::Key_C, Qt::ControlModifier);
     QVERIFY(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Master-Position")));
-    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest", "180.000\t0.000\trest" }));
+    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "180.000\t0.000\trest\tPoly5\t\t" }));
 
+    MotionPoint *speed = editor.camDescription()->motionPoints().at(1);
+    speed->setSectionLaw(MotionPoint::ModifiedSine);
+    speed->setInflection(0.25);
+    speed->setVelocity(-1.5);
     tree->selectionModel()->clear();
     window->motionPlanEditor()->copyAction()->trigger();
-    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest", "90.000\t40.000\tspeed", "180.000\t0.000\trest" }));
+    QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "90.000\t40.000\tspeed\tModifiedSine\t0.25\t-1.5",
+                                         "180.000\t0.000\trest\tPoly5\t\t" }));
     const QString copied = stateOf(editor);
 
     MessageCapture messages;

@@ -423,6 +423,25 @@
     </message>
 </context>
 <context>
+    <name>ChangeSectionCommand</name>
+    <message>
+        <source>automatisch</source>
+        <translation>automatic</translation>
+    </message>
+    <message>
+        <source>Ändere Abschnittsgesetz [%MasterPos%] von %Old% -&gt; %New%</source>
+        <translation>Change section law [%MasterPos%] from %Old% -&gt; %New%</translation>
+    </message>
+    <message>
+        <source>Ändere Wendepunkt [%MasterPos%] von %Old% -&gt; %New%</source>
+        <translation>Change inflection point [%MasterPos%] from %Old% -&gt; %New%</translation>
+    </message>
+    <message>
+        <source>Ändere Geschwindigkeit [%MasterPos%] von %Old% -&gt; %New%</source>
+        <translation>Change velocity [%MasterPos%] from %Old% -&gt; %New%</translation>
+    </message>
+</context>
+<context>
     <name>ChangeStepModeCommand</name>
     <message>
         <source>Aktiviere dynamische Schrittweite</source>
@@ -734,6 +753,14 @@ difference</translation>
     <message>
         <source>Größter Abtastfehler: %1 bei %2 (%3 Stützstellen)</source>
         <translation>Largest sampling error: %1 at %2 (%3 grid points)</translation>
+    </message>
+    <message>
+        <source>Abschnittsgesetz</source>
+        <translation>Section law</translation>
+    </message>
+    <message>
+        <source>%1 → %2 (nicht anwendbar)</source>
+        <translation>%1 → %2 (not applicable)</translation>
     </message>
 </context>
 <context>
@@ -1063,6 +1090,10 @@ difference</translation>
         <source>Kubischer Spline</source>
         <translation>Cubic spline</translation>
     </message>
+    <message>
+        <source>Kubischer Spline (periodisch)</source>
+        <translation>Cubic spline (periodic)</translation>
+    </message>
 </context>
 <context>
     <name>MotionPlanTreeEditor</name>
@@ -1108,6 +1139,34 @@ difference</translation>
     <message>
         <source>Beschleunigung</source>
         <translation>Acceleration</translation>
+    </message>
+    <message>
+        <source>Polynom 5. Grades</source>
+        <translation>Polynomial of degree 5</translation>
+    </message>
+    <message>
+        <source>Polynom 7. Grades</source>
+        <translation>Polynomial of degree 7</translation>
+    </message>
+    <message>
+        <source>Zykloide</source>
+        <translation>Cycloid</translation>
+    </message>
+    <message>
+        <source>Modifizierter Sinus</source>
+        <translation>Modified sine</translation>
+    </message>
+    <message>
+        <source>Modifiziertes Beschleunigungstrapez</source>
+        <translation>Modified trapezoid</translation>
+    </message>
+    <message>
+        <source>Harmonisch</source>
+        <translation>Harmonic</translation>
+    </message>
+    <message>
+        <source>Gerade</source>
+        <translation>Straight line</translation>
     </message>
 </context>
 <context>
@@ -1208,6 +1267,46 @@ difference</translation>
     <message>
         <source>Segmenttyp</source>
         <translation>Segment type</translation>
+    </message>
+    <message>
+        <source>%1 (nicht anwendbar: %2)</source>
+        <translation>%1 (not applicable: %2)</translation>
+    </message>
+    <message>
+        <source>Das Gesetz verlangt Beschleunigung null an beiden Abschnittsgrenzen; der Abschnitt wird als Polynom 5. Grades berechnet.</source>
+        <translation>The law needs zero acceleration at both ends of the section; the section is computed as a polynomial of degree 5.</translation>
+    </message>
+    <message>
+        <source>automatisch</source>
+        <translation>automatic</translation>
+    </message>
+    <message>
+        <source>Ungültiger Wendepunkt</source>
+        <translation>Invalid inflection point</translation>
+    </message>
+    <message>
+        <source>Der Wendepunkt muss zwischen 0 und 1 liegen (ohne die Grenzen).</source>
+        <translation>The inflection point must lie between 0 and 1 (exclusive).</translation>
+    </message>
+    <message>
+        <source>Ungültige Geschwindigkeit</source>
+        <translation>Invalid velocity</translation>
+    </message>
+    <message>
+        <source>Die Geschwindigkeit muss eine Zahl sein; leer lassen für die automatische Wahl.</source>
+        <translation>The velocity must be a number; leave it empty for the automatic choice.</translation>
+    </message>
+    <message>
+        <source>Abschnittsgesetz</source>
+        <translation>Section law</translation>
+    </message>
+    <message>
+        <source>Wendepunkt</source>
+        <translation>Inflection</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>Velocity</translation>
     </message>
 </context>
 <context>

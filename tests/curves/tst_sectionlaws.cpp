@@ -1,0 +1,413 @@
+#include "planpoints.h"
+
+#include "curves/curvereport.h"
+#include "curves/motionplan.h"
+#include "curves/motionplanfactory.h"
+#include "model/motionlaw.h"
+
+#include <QTest>
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <memory>
+
+// The laws are checked against models written out here from their textbook
+// closed forms, not against the code that computes them.
+namespace {
+
+const double Pi = std::acos(-1.0);
+using Derivatives = std::array<double, 4>; // value, first, second, third derivative
+
+// The normalised rest-in-rest law f(u) and its derivatives by u.
+Derivatives textbook(int law, double u)
+{
+    switch (law) {
+    case MotionPoint::Cycloid:
+        return { u - std::sin(2 * Pi * u) / (2 * Pi), 1 - std::cos(2 * Pi * u), 2 * Pi * std::sin(2 * Pi * u),
+                 4 * Pi * Pi * std::cos(2 * Pi * u) };
+    case MotionPoint::Harmonic:
+        return { (1 - std::cos(Pi * u)) / 2, Pi / 2 * std::sin(Pi * u), Pi * Pi / 2 * std::cos(Pi * u),
+                 -Pi * Pi * Pi / 2 * std::sin(Pi * u) };
+    case MotionPoint::ModifiedSine: {
+        const double n = 4 + Pi;
+        if (u < 1.0 / 8 || u > 7.0 / 8) {
+            const double c = u < 0.5 ? 0 : 4;
+            return { (c + Pi * u - std::sin(4 * Pi * u) / 4) / n, (Pi - Pi * std::cos(4 * Pi * u)) / n,
+                     4 * Pi * Pi * std::sin(4 * Pi * u) / n, 16 * Pi * Pi * Pi * std::cos(4 * Pi * u) / n };
+        }
+        const double a = 4 * Pi * u / 3 + Pi / 3;
+        return { (2 + Pi * u - 2.25 * std::sin(a)) / n, (Pi - 3 * Pi * std::cos(a)) / n,
+                 4 * Pi * Pi * std::sin(a) / n, 16 * Pi * Pi * Pi / 3 * std::cos(a) / n };
+    }
+    case MotionPoint::ModifiedTrapezoid: {
+        // The first half integrated piece by piece; the second by the law's
+        // point symmetry about (1/2, 1/2).
+        if (u > 0.5) {
+            const Derivatives d = textbook(law, 1 - u);
+            return { 1 - d[0], d[1], -d[2], d[3] };
+        }
+        const double am = 8 * Pi / (Pi + 2);
+        const double w = 4 * Pi;
+        if (u <= 1.0 / 8)
+            return { am * (u / w - std::sin(w * u) / (w * w)), am * (1 - std::cos(w * u)) / w, am * std::sin(w * u),
+                     am * w * std::cos(w * u) };
+        const double v1 = am / w;
+        const double p1 = am * (1.0 / 8 / w - 1 / (w * w));
+        if (u <= 3.0 / 8) {
+            const double t = u - 1.0 / 8;
+            return { p1 + v1 * t + am * t * t / 2, v1 + am * t, am, 0 };
+        }
+        const double v2 = v1 + am / 4;
+        const double p2 = p1 + v1 / 4 + am / 32;
+        const double t = u - 3.0 / 8;
+        return { p2 + v2 * t + am * (1 - std::cos(w * t)) / (w * w), v2 + am * std::sin(w * t) / w,
+                 am * std::cos(w * t), -am * w * std::sin(w * t) };
+    }
+    }
+    return {};
+}
+
+// g with the inflection λ, derivatives by u.
+Derivatives inflected(int law, double lambda, double u)
+{
+    if (u <= lambda) {
+        const Derivatives f = textbook(law, u / (2 * lambda));
+        return { 2 * lambda * f[0], f[1], f[2] / (2 * lambda), f[3] / (4 * lambda * lambda) };
+    }
+    const double m = 1 - lambda;
+    const Derivatives f = textbook(law, 0.5 + (u - lambda) / (2 * m));
+    return { lambda + 2 * m * (f[0] - 0.5), f[1], f[2] / (2 * m), f[3] / (4 * m * m) };
+}
+
+// ∫0^u g by Simpson's rule, split at the law's own break points.
+double integral(int law, double lambda, double u)
+{
+    std::vector<double> bounds { 0.0 };
+    for (double b : { 1.0 / 8, 3.0 / 8, 0.5, 5.0 / 8, 7.0 / 8 }) {
+        const double left = 2 * lambda * b;
+        const double right = lambda + 2 * (1 - lambda) * (b - 0.5);
+        for (double x : { left, right })
+            if (x > bounds.back() && x < u && (b <= 0.5 ? x == left : x == right))
+                bounds.push_back(x);
+    }
+    bounds.push_back(u);
+    double sum = 0;
+    for (std::size_t k = 0; k + 1 < bounds.size(); ++k) {
+        const int n = 2000;
+        const double h = (bounds[k + 1] - bounds[k]) / n;
+        for (int i = 0; i <= n; ++i) {
+            const double weight = i == 0 || i == n ? 1 : (i % 2 ? 4 : 2);
+            sum += weight * h / 3 * inflected(law, lambda, bounds[k] + i * h)[0];
+        }
+    }
+    return sum;
+}
+
+// A section from (x0, y0) to (x1, y1) with boundary velocities v0, v1 and
+// zero boundary accelerations, derivatives by master.
+Derivatives normalisedSection(int law, double lambda, double x0, double y0, double x1, double y1, double v0,
+                              double v1, double x)
+{
+    const double T = x1 - x0;
+    const double u = (x - x0) / T;
+    const Derivatives g = inflected(law, lambda, u);
+    const double rest = y1 - y0 - v0 * T - (v1 - v0) * T * integral(law, lambda, 1.0);
+    return { y0 + v0 * T * u + (v1 - v0) * T * integral(law, lambda, u) + rest * g[0],
+             v0 + (v1 - v0) * g[0] + rest * g[1] / T, (v1 - v0) * g[1] / T + rest * g[2] / (T * T),
+             (v1 - v0) * g[2] / (T * T) + rest * g[3] / (T * T * T) };
+}
+
+// Solves a small dense system by Gaussian elimination with pivoting.
+std::vector<double> solve(std::vector<std::vector<double>> a, std::vector<double> b)
+{
+    const std::size_t n = b.size();
+    for (std::size_t c = 0; c < n; ++c) {
+        std::size_t pivot = c;
+        for (std::size_t r = c + 1; r < n; ++r)
+            if (std::abs(a[r][c]) > std::abs(a[pivot][c]))
+                pivot = r;
+        std::swap(a[c], a[pivot]);
+        std::swap(b[c], b[pivot]);
+        for (std::size_t r = c + 1; r < n; ++r) {
+            const double f = a[r][c] / a[c][c];
+            for (std::size_t k = c; k < n; ++k)
+                a[r][k] -= f * a[c][k];
+            b[r] -= f * b[c];
+        }
+    }
+    std::vector<double> x(n);
+    for (std::size_t r = n; r-- > 0;) {
+        double s = b[r];
+        for (std::size_t k = r + 1; k < n; ++k)
+            s -= a[r][k] * x[k];
+        x[r] = s / a[r][r];
+    }
+    return x;
+}
+
+// The seventh-degree polynomial with position, velocity and acceleration
+// given at both ends and zero jerk there, from its eight conditions.
+Derivatives poly7Section(const std::array<double, 4> &start, const std::array<double, 4> &end, double x0, double x1,
+                         double x)
+{
+    std::vector<std::vector<double>> a;
+    std::vector<double> b;
+    const double T = x1 - x0;
+    for (int atEnd = 0; atEnd < 2; ++atEnd) {
+        for (int k = 0; k < 4; ++k) {
+            std::vector<double> row(8, 0.0);
+            for (int p = k; p < 8; ++p) {
+                double factor = 1;
+                for (int j = 0; j < k; ++j)
+                    factor *= p - j;
+                row[std::size_t(p)] = factor * std::pow(atEnd ? T : 0.0, p - k);
+            }
+            a.push_back(row);
+            b.push_back(atEnd ? end[std::size_t(k)] : start[std::size_t(k)]);
+        }
+    }
+    const std::vector<double> c = solve(a, b);
+    Derivatives d {};
+    const double t = x - x0;
+    for (int k = 0; k < 4; ++k)
+        for (int p = k; p < 8; ++p) {
+            double factor = 1;
+            for (int j = 0; j < k; ++j)
+                factor *= p - j;
+            d[std::size_t(k)] += factor * c[std::size_t(p)] * std::pow(t, p - k);
+        }
+    return d;
+}
+
+Derivatives planAt(const MotionPlan &plan, double x)
+{
+    return { plan.position(x), plan.velocity(x), plan.acceleration(x), plan.jerk(x) };
+}
+
+std::unique_ptr<MotionPlan> planOf(int law, const PlanPoints &points, bool cyclic = false, double circular = 0)
+{
+    return std::unique_ptr<MotionPlan>(MotionPlanFactory::create(law, points.list, cyclic, circular, nullptr, nullptr));
+}
+
+MotionPoint *withLaw(PlanPoints &points, double master, double slave, MotionPoint::movementRules type, int law,
+                     double lambda = 0.5)
+{
+    points.add(master, slave, type);
+    MotionPoint *point = points.list.constLast();
+    point->setSectionLaw(law);
+    point->setInflection(lambda);
+    return point;
+}
+
+// Compares a section of a plan with a model at many points inside it, each
+// derivative relative to its largest magnitude there.
+void compareSection(const MotionPlan &plan, double x0, double x1, const std::function<Derivatives(double)> &model)
+{
+    constexpr int Points = 97;
+    std::array<double, 4> scale {};
+    std::vector<Derivatives> expected;
+    for (int i = 0; i < Points; ++i) {
+        expected.push_back(model(x0 + (x1 - x0) * (i + 0.5) / Points));
+        for (std::size_t k = 0; k < 4; ++k)
+            scale[k] = std::max(scale[k], std::abs(expected.back()[k]));
+    }
+    for (int i = 0; i < Points; ++i) {
+        const double x = x0 + (x1 - x0) * (i + 0.5) / Points;
+        const Derivatives actual = planAt(plan, x);
+        for (std::size_t k = 0; k < 4; ++k) {
+            if (!(std::abs(actual[k] - expected[std::size_t(i)][k]) <= 1e-9 * std::max(scale[k], 1e-6)))
+                QFAIL(qPrintable(QStringLiteral("x %1 derivative %2: %3, expected %4")
+                                     .arg(x).arg(k).arg(actual[k], 0, 'g', 17).arg(expected[std::size_t(i)][k], 0, 'g', 17)));
+        }
+    }
+}
+
+} // namespace
+
+class tst_SectionLaws : public QObject
+{
+    Q_OBJECT
+private slots:
+    void normalisedLaws_data();
+    void normalisedLaws();
+    void poly7AndLine();
+    void cyclicCamMixingLaws();
+    void fallbackToPoly5();
+    void textbookCoefficients_data();
+    void textbookCoefficients();
+};
+
+void tst_SectionLaws::normalisedLaws_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<double>("lambda");
+    QTest::addColumn<double>("v0");
+    QTest::addColumn<double>("v1");
+    const std::array<std::pair<const char *, int>, 4> laws { { { "cycloid", MotionPoint::Cycloid },
+                                                              { "harmonic", MotionPoint::Harmonic },
+                                                              { "modified sine", MotionPoint::ModifiedSine },
+                                                              { "modified trapezoid", MotionPoint::ModifiedTrapezoid } } };
+    for (const auto &law : laws) {
+        QTest::addRow("%s rest in rest", law.first) << law.second << 0.5 << 0.0 << 0.0;
+        QTest::addRow("%s inflection 0.3", law.first) << law.second << 0.3 << 0.0 << 0.0;
+        QTest::addRow("%s inflection 0.8, velocities 0.2 and -0.1", law.first) << law.second << 0.8 << 0.2 << -0.1;
+        QTest::addRow("%s velocities 0.9 and 0.4", law.first) << law.second << 0.5 << 0.9 << 0.4;
+    }
+}
+
+// A first section whose ends are "speed" points with set velocities (or rest
+// points), followed by a rest section.
+void tst_SectionLaws::normalisedLaws()
+{
+    QFETCH(int, law);
+    QFETCH(double, lambda);
+    QFETCH(double, v0);
+    QFETCH(double, v1);
+    const bool moving = v0 != 0.0 || v1 != 0.0;
+    const auto type = moving ? MotionPoint::speed : MotionPoint::rest;
+    PlanPoints points;
+    MotionPoint *first = withLaw(points, 10, -5, type, law, lambda);
+    MotionPoint *second = withLaw(points, 110, 55, type, MotionPoint::Poly5);
+    points.add(160, 80, MotionPoint::rest);
+    if (moving) {
+        first->setVelocity(v0);
+        second->setVelocity(v1);
+    }
+    const auto plan = planOf(MotionLaw::Vdi, points);
+    compareSection(*plan, 10, 110,
+                   [&](double x) { return normalisedSection(law, lambda, 10, -5, 110, 55, v0, v1, x); });
+}
+
+void tst_SectionLaws::poly7AndLine()
+{
+    // Rest in rest the seventh-degree polynomial is 35u⁴ - 84u⁵ + 70u⁶ - 20u⁷.
+    PlanPoints rest;
+    withLaw(rest, 0, 0, MotionPoint::rest, MotionPoint::Poly7);
+    rest.add(50, 20);
+    const auto restPlan = planOf(MotionLaw::Vdi, rest);
+    compareSection(*restPlan, 0, 50, [](double x) {
+        const double u = x / 50;
+        const double T = 50;
+        return Derivatives { 20 * (35 * std::pow(u, 4) - 84 * std::pow(u, 5) + 70 * std::pow(u, 6) - 20 * std::pow(u, 7)),
+                             20 * (140 * std::pow(u, 3) - 420 * std::pow(u, 4) + 420 * std::pow(u, 5) - 140 * std::pow(u, 6)) / T,
+                             20 * (420 * u * u - 1680 * std::pow(u, 3) + 2100 * std::pow(u, 4) - 840 * std::pow(u, 5)) / (T * T),
+                             20 * (840 * u - 5040 * u * u + 8400 * std::pow(u, 3) - 4200 * std::pow(u, 4)) / (T * T * T) };
+    });
+
+    // Between an acceleration point and a turning point: the boundary values
+    // of the quintic plan, met by a polynomial of degree seven.
+    PlanPoints general;
+    general.add(0, 0, MotionPoint::rest);
+    withLaw(general, 40, 30, MotionPoint::acceleration, MotionPoint::Poly7);
+    withLaw(general, 100, 80, MotionPoint::turningPoint, MotionPoint::Line);
+    general.add(130, 10, MotionPoint::rest);
+    const auto plan = planOf(MotionLaw::Vdi, general);
+    const auto poly5 = planOf(MotionLaw::Vdi, [] {
+        PlanPoints p;
+        p.add(0, 0, MotionPoint::rest);
+        p.add(40, 30, MotionPoint::acceleration);
+        p.add(100, 80, MotionPoint::turningPoint);
+        p.add(130, 10, MotionPoint::rest);
+        return p;
+    }());
+    const std::array<double, 4> start { 30, poly5->velocity(40), poly5->acceleration(40), 0 };
+    const std::array<double, 4> end { 80, 0, poly5->acceleration(100), 0 };
+    QVERIFY(start[1] != 0 && start[2] != 0 && end[2] != 0);
+    compareSection(*plan, 40, 100, [&](double x) { return poly7Section(start, end, 40, 100, x); });
+    compareSection(*plan, 100, 130, [](double x) { return Derivatives { 80 - 70 * (x - 100) / 30, -70.0 / 30, 0, 0 }; });
+}
+
+// Every law in one cyclic cam, the closing section by the last point's law.
+void tst_SectionLaws::cyclicCamMixingLaws()
+{
+    PlanPoints points;
+    withLaw(points, 0, 0, MotionPoint::rest, MotionPoint::Cycloid, 0.3);
+    MotionPoint *speed = withLaw(points, 90, 50, MotionPoint::speed, MotionPoint::ModifiedSine, 0.6);
+    speed->setVelocity(0.8);
+    withLaw(points, 180, 100, MotionPoint::rest, MotionPoint::ModifiedTrapezoid);
+    withLaw(points, 270, 40, MotionPoint::rest, MotionPoint::Harmonic, 0.4);
+    const auto plan = planOf(MotionLaw::Vdi, points, true, 360);
+    compareSection(*plan, 0, 90, [](double x) { return normalisedSection(MotionPoint::Cycloid, 0.3, 0, 0, 90, 50, 0, 0.8, x); });
+    compareSection(*plan, 90, 180,
+                   [](double x) { return normalisedSection(MotionPoint::ModifiedSine, 0.6, 90, 50, 180, 100, 0.8, 0, x); });
+    compareSection(*plan, 180, 270, [](double x) {
+        return normalisedSection(MotionPoint::ModifiedTrapezoid, 0.5, 180, 100, 270, 40, 0, 0, x);
+    });
+    compareSection(*plan, 270, 360,
+                   [](double x) { return normalisedSection(MotionPoint::Harmonic, 0.4, 270, 40, 360, 0, 0, 0, x); });
+
+    // Position and velocity meet at every joint and at the seam; the harmonic
+    // law's acceleration does not.
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.joints().size()), 4);
+    QVERIFY(report.joints()[0].continuity >= 2);
+    QVERIFY(report.joints()[1].continuity >= 2);
+    QCOMPARE(report.joints()[2].continuity, 1);
+    QCOMPARE(report.joints()[3].continuity, 1);
+    QCOMPARE(report.joints()[3].seam, true);
+}
+
+// A normalised law does not apply where a boundary acceleration is not zero:
+// the section is the quintic, bit for bit, and the report says so.
+void tst_SectionLaws::fallbackToPoly5()
+{
+    const auto build = [](int law) {
+        auto p = std::make_unique<PlanPoints>();
+        withLaw(*p, 0, 0, MotionPoint::rest, MotionPoint::ModifiedSine);
+        withLaw(*p, 50, 40, MotionPoint::turningPoint, law);
+        withLaw(*p, 100, 10, MotionPoint::rest, MotionPoint::Cycloid);
+        p->add(150, 0, MotionPoint::rest);
+        return p;
+    };
+    const auto asked = build(MotionPoint::Cycloid);
+    const auto poly5 = build(MotionPoint::Poly5);
+    const auto plan = planOf(MotionLaw::Vdi, *asked);
+    const auto reference = planOf(MotionLaw::Vdi, *poly5);
+    for (double x = 50; x <= 100; x += 0.37)
+        QCOMPARE(planAt(*plan, x), planAt(*reference, x));
+    const CurveReport report(*plan);
+    const std::array<int, 3> applied { MotionPoint::Poly5, MotionPoint::Poly5, MotionPoint::Cycloid };
+    const std::array<int, 3> laws { MotionPoint::ModifiedSine, MotionPoint::Cycloid, MotionPoint::Cycloid };
+    for (std::size_t i = 0; i < 3; ++i) {
+        QCOMPARE(report.sections()[i].law, laws[i]);
+        QCOMPARE(report.sections()[i].lawApplied, applied[i]);
+    }
+}
+
+void tst_SectionLaws::textbookCoefficients_data()
+{
+    QTest::addColumn<int>("law");
+    QTest::addColumn<double>("cv");
+    QTest::addColumn<double>("ca");
+    QTest::addColumn<double>("cj");
+    QTest::newRow("cycloid") << int(MotionPoint::Cycloid) << 2.0 << 2 * Pi << 4 * Pi * Pi;
+    QTest::newRow("modified sine") << int(MotionPoint::ModifiedSine) << 4 * Pi / (4 + Pi) << 4 * Pi * Pi / (4 + Pi)
+                                   << 16 * Pi * Pi * Pi / (4 + Pi);
+    QTest::newRow("modified trapezoid") << int(MotionPoint::ModifiedTrapezoid) << 2.0 << 8 * Pi / (Pi + 2)
+                                        << 32 * Pi * Pi / (Pi + 2);
+    QTest::newRow("harmonic") << int(MotionPoint::Harmonic) << Pi / 2 << Pi * Pi / 2 << Pi * Pi * Pi / 2;
+    QTest::newRow("poly7") << int(MotionPoint::Poly7) << 35.0 / 16 << 84 * std::sqrt(5.0) / 25 << 52.5;
+}
+
+void tst_SectionLaws::textbookCoefficients()
+{
+    QFETCH(int, law);
+    QFETCH(double, cv);
+    QFETCH(double, ca);
+    QFETCH(double, cj);
+    PlanPoints points;
+    withLaw(points, 20, 3, MotionPoint::rest, law);
+    points.add(65, -9, MotionPoint::rest);
+    const auto plan = planOf(MotionLaw::Vdi, points);
+    const CurveReport report(*plan);
+    QCOMPARE(int(report.sections().size()), 1);
+    const CurveSectionReport &section = report.sections().front();
+    QCOMPARE(section.lawApplied, law);
+    QVERIFY2(std::abs(section.cv / cv - 1) < 1e-3, qPrintable(QString::number(section.cv)));
+    QVERIFY2(std::abs(section.ca / ca - 1) < 1e-3, qPrintable(QString::number(section.ca)));
+    QVERIFY2(std::abs(section.cj / cj - 1) < 1e-3, qPrintable(QString::number(section.cj)));
+}
+
+QTEST_GUILESS_MAIN(tst_SectionLaws)
+#include "tst_sectionlaws.moc"
