@@ -53,23 +53,24 @@ void ComparisonTableModel::refresh()
     m_stored = m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF();
     m_differing.clear();
     const int rows = rowCount();
+    // The drive's decimal places, asked once for all rows.
+    const double masterScale = m_parameterModel ? std::pow(10.0, m_parameterModel->masterDecimalPlaces()) : 1.0;
+    const double slaveScale = m_parameterModel ? std::pow(10.0, m_parameterModel->slaveDecimalPlaces()) : 1.0;
     for (int row = 0; row < rows; ++row) {
-        if (differs(row))
+        if (differs(row, masterScale, slaveScale))
             m_differing.append(row);
     }
     endResetModel();
 }
 
-bool ComparisonTableModel::differs(int row) const
+bool ComparisonTableModel::differs(int row, double masterScale, double slaveScale) const
 {
     if (row >= m_calculated.size() || row >= m_stored.size() || !m_parameterModel)
         return true;
-    const int masterDecimals = m_parameterModel->masterDecimalPlaces();
-    const int slaveDecimals = m_parameterModel->slaveDecimalPlaces();
     const QPointF calculated = m_calculated.at(row);
     const QPointF stored = m_stored.at(row);
-    return scaled(calculated.x(), masterDecimals) != scaled(stored.x(), masterDecimals)
-        || scaled(calculated.y(), slaveDecimals) != scaled(stored.y(), slaveDecimals);
+    return std::llround(calculated.x() * masterScale) != std::llround(stored.x() * masterScale)
+        || std::llround(calculated.y() * slaveScale) != std::llround(stored.y() * slaveScale);
 }
 
 bool ComparisonTableModel::rowDiffers(int row) const
