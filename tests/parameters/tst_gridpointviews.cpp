@@ -113,6 +113,11 @@ void tst_GridPointViews::calculatedTableChecksEveryCell()
     description.pointAt(beyond)->setPosition(QPointF(50, 1));
     QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
     QVERIFY(reset.count() >= 2);
+    // An edit reports its plan as rebuilt and as changed: one reset.
+    reset.clear();
+    description.pointAt(0)->setFrom(MotionPoint(0, 0.5, MotionPoint::rest));
+    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    QCOMPARE(reset.count(), 1);
 }
 
 QTEST_MAIN(tst_GridPointViews)
