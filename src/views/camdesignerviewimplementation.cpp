@@ -395,19 +395,6 @@ void CamDesignerViewImplementation::addGridPointExport()
 void CamDesignerViewImplementation::resetView()
 {
     m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
-    shareWidthWithPlots();
-}
-
-void CamDesignerViewImplementation::shareWidthWithPlots()
-{
-    // Splitter sizes take only once the window has its size: the panels and
-    // the curves share the width.
-    ads::CDockAreaWidget *plots = m_docks[PlotDock]->dockAreaWidget();
-    if (!plots)
-        return;
-    const int width = m_dockManager->width();
-    m_dockManager->setSplitterSizes(plots, { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
-                                             width * RightAreaShare / (LeftAreaShare + RightAreaShare) });
 }
 
 void CamDesignerViewImplementation::deleteGrid()
@@ -479,11 +466,20 @@ void CamDesignerViewImplementation::showEvent(QShowEvent *event)
     if (m_shown)
         return;
     m_shown = true;
-    // A restored layout keeps its own sizes; "Zurücksetzen" shares the width
-    // when it restores the default arrangement, so the default need not be
-    // built here (two rebuilds of every dock area at each opening).
-    if (!m_layoutRestored)
-        shareWidthWithPlots();
+    // Splitter sizes take only once the window has its size: the panels and
+    // the curves share the width, and that is what "Zurücksetzen" restores.
+    ads::CDockAreaWidget *plots = m_docks[PlotDock]->dockAreaWidget();
+    const int width = m_dockManager->width();
+    if (plots) {
+        const QList<int> sizes { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
+                                 width * RightAreaShare / (LeftAreaShare + RightAreaShare) };
+        const QByteArray current = m_dockManager->saveState(DockManagerStateVersion);
+        m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+        m_dockManager->setSplitterSizes(m_docks[PlotDock]->dockAreaWidget(), sizes);
+        m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
+        if (m_layoutRestored)
+            m_dockManager->restoreState(current, DockManagerStateVersion);
+    }
 }
 
 void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)
