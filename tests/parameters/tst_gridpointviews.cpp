@@ -49,6 +49,8 @@ void tst_GridPointViews::storedElementsFollowTheTable()
     QFETCH(bool, readOnlyAfter);
     BoundTable bound(table);
     GridPointParameterView view(&bound.model(), &bound.drive, BoundTable::LivingSpace);
+    // Shown: a hidden view lists its elements only when it is shown.
+    view.show();
     MxParameterControls::ParameterElementList *list = view.elementList();
     QCOMPARE(list->coordinates().size(), 2);
     QCOMPARE(list->coordinates().at(0).toText(), bound.master().toText());
