@@ -23,12 +23,13 @@ __attribute__((target("avx"))) void zeroUpperHalves()
 }
 #endif
 
-// Painting leaves the upper halves of the processor's vector registers in
-// use (some drawing code of the libraries below does not clear them), and
-// until they are cleared every instruction of the plain SSE code that the
-// curve calculation compiles to waits on them: a plan then takes six to
-// eight times as long to sample. Clearing them changes no result. Only
-// where the processor has AVX at all; elsewhere there is nothing to clear.
+// On processors with AVX-512 the C library's memory functions (filling an
+// image before it is painted, copying a table) may return with the upper
+// halves of the vector registers in use, and until they are cleared every
+// instruction of the plain SSE code that the curve calculation compiles to
+// waits on them: a plan then takes seven to ten times as long to sample.
+// Clearing them changes no result. Only where the processor has AVX at all;
+// elsewhere there is nothing to clear.
 void clearUpperVectorState()
 {
 #ifdef MX_CLEAR_UPPER_VECTOR_STATE
