@@ -10,6 +10,37 @@
 
 #include <algorithm>
 
+#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
+#define MX_CLEAR_UPPER_VECTOR_STATE 1
+#endif
+
+namespace {
+
+#ifdef MX_CLEAR_UPPER_VECTOR_STATE
+__attribute__((target("avx"))) void zeroUpperHalves()
+{
+    __builtin_ia32_vzeroupper();
+}
+#endif
+
+// On processors with AVX-512 the C library's memory functions (filling an
+// image before it is painted, copying a table) may return with the upper
+// halves of the vector registers in use, and until they are cleared every
+// instruction of the plain SSE code that the curve calculation compiles to
+// waits on them: a plan then takes seven to ten times as long to sample.
+// Clearing them changes no result. Only where the processor has AVX at all;
+// elsewhere there is nothing to clear.
+void clearUpperVectorState()
+{
+#ifdef MX_CLEAR_UPPER_VECTOR_STATE
+    static const bool hasAvx = __builtin_cpu_supports("avx");
+    if (hasAvx)
+        zeroUpperHalves();
+#endif
+}
+
+} // namespace
+
 CamEditorModel::CamEditorModel(QObject *parent, ParameterModel *parameterModel,
                                CamDescriptionImplementation *camDescription)
     : QObject(parent)
@@ -47,6 +78,10 @@ void CamEditorModel::update()
 void CamEditorModel::calculateNewMotionPlan()
 {
     if (waitsForBulkChange())
+        return;
+    // One edit reaches the model by more than one signal; the plan is built
+    // for the first and kept for the others.
+    if (m_motionPlan && m_planInputs == currentInputs(m_coarseSteps))
         return;
     createNewMotionPlan();
     sample(m_coarseSteps);
@@ -86,6 +121,9 @@ void CamEditorModel::createNewMotionPlan()
 {
     delete m_motionPlan;
     m_motionPlan = nullptr;
+    // Built from the data as it is now, not yet sampled.
+    m_planInputs = currentInputs(m_coarseSteps);
+    m_planInputs.sampled = false;
 
     const CamDescriptionImplementation *description = m_camDescription;
     const double circularLength =
@@ -97,7 +135,53 @@ void CamEditorModel::createNewMotionPlan()
 
 void CamEditorModel::sample(bool coarse)
 {
+    clearUpperVectorState();
     MotionPlanFactory::sample(m_motionPlan, steps(), coarse);
+    // The points are those the plan was built from; the sampling is this one.
+    const PlanInputs sampling = currentInputs(coarse);
+    m_planInputs.sampled = true;
+    m_planInputs.coarse = sampling.coarse;
+    m_planInputs.dynamic = sampling.dynamic;
+    m_planInputs.resolution = sampling.resolution;
+    m_planInputs.staticStep = sampling.staticStep;
+    m_planInputs.decimals = sampling.decimals;
+}
+
+CamEditorModel::PlanInputs CamEditorModel::currentInputs(bool coarse) const
+{
+    PlanInputs inputs;
+    const CamDescriptionImplementation *description = m_camDescription;
+    if (description) {
+        const QList<MotionPoint *> points = description->motionPoints();
+        inputs.points.reserve(points.size());
+        for (const MotionPoint *point : points)
+            inputs.points.append({ point, point->master(), point->slave(), point->type() });
+        inputs.law = description->motionLaw()->law();
+        inputs.cyclic = description->isCyclic();
+        inputs.circularLength = description->circularLength();
+        const Steps *settings = description->steps();
+        inputs.dynamic = settings->isDynamicStepSize();
+        inputs.resolution = settings->dynamicStepResolution();
+        inputs.staticStep = settings->staticStepSize();
+    }
+    inputs.sampled = true;
+    inputs.coarse = coarse;
+    inputs.decimals = m_scaling->decimalPlaces();
+    return inputs;
+}
+
+bool CamEditorModel::PlanInputs::Point::operator==(const Point &other) const
+{
+    return point == other.point && master == other.master && slave == other.slave && type == other.type;
+}
+
+bool CamEditorModel::PlanInputs::operator==(const PlanInputs &other) const
+{
+    // Exact comparisons: any change, however small, gives a new plan.
+    return points == other.points && law == other.law && cyclic == other.cyclic
+        && circularLength == other.circularLength && sampled == other.sampled && coarse == other.coarse
+        && dynamic == other.dynamic && resolution == other.resolution && staticStep == other.staticStep
+        && decimals == other.decimals;
 }
 
 void CamEditorModel::beginCoarseSteps()

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QVector>
 
 class CamDescriptionImplementation;
 class MotionLaw;
@@ -68,6 +69,31 @@ public slots:
     void createNewMotionPlan();
 
 private:
+    // What the current plan was built and sampled from. A change signal that
+    // brings nothing new (the description's changed() after a point edit
+    // that motionPointChanged() has already rebuilt for, or after the law's
+    // own signal) then costs no second plan.
+    struct PlanInputs {
+        struct Point {
+            const MotionPoint *point;
+            double master;
+            double slave;
+            int type;
+            bool operator==(const Point &other) const;
+        };
+        QVector<Point> points;
+        int law = -1;
+        bool cyclic = false;
+        double circularLength = 0.0;
+        bool sampled = false;
+        bool coarse = false;
+        bool dynamic = false;
+        int resolution = 0;
+        double staticStep = 0.0;
+        int decimals = 0;
+        bool operator==(const PlanInputs &other) const;
+    };
+    PlanInputs currentInputs(bool coarse) const;
     void sample(bool coarse);
     bool waitsForBulkChange();
     void onBulkChangeFinished();
@@ -78,4 +104,5 @@ private:
     bool m_coarseSteps = false;
     // A rebuild asked for during a bulk change, done once at its end.
     bool m_rebuildPending = false;
+    PlanInputs m_planInputs;
 };

@@ -23,7 +23,7 @@ CalculatedTableModel::CalculatedTableModel(CamEditorModel *editorModel, Paramete
         connect(editorModel, &CamEditorModel::changed, this, &CalculatedTableModel::onPlanChanged);
     }
     if (parameterModel)
-        connect(parameterModel, &ParameterModel::decimalPlacesChanged, this, &CalculatedTableModel::onPlanChanged);
+        connect(parameterModel, &ParameterModel::decimalPlacesChanged, this, &CalculatedTableModel::resetRows);
 }
 
 int CalculatedTableModel::rowCount(const QModelIndex &parent) const
@@ -74,7 +74,19 @@ QVariant CalculatedTableModel::headerData(int section, Qt::Orientation orientati
 
 void CalculatedTableModel::onPlanChanged()
 {
+    // An edit reports the same new plan twice (rebuilt, then changed): the
+    // rows are reset once.
+    const QPolygonF positions = m_editorModel && m_editorModel->motionPlan() ? m_editorModel->motionPlan()->positions()
+                                                                            : QPolygonF();
+    if (positions.constData() == m_shown.constData() && positions.size() == m_shown.size())
+        return;
+    resetRows();
+}
+
+void CalculatedTableModel::resetRows()
+{
     beginResetModel();
+    m_shown = m_editorModel && m_editorModel->motionPlan() ? m_editorModel->motionPlan()->positions() : QPolygonF();
     endResetModel();
 }
 

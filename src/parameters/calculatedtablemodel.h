@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QIcon>
 #include <QPointer>
+#include <QPolygonF>
 
 class CamEditorModel;
 class ParameterModel;
@@ -10,7 +11,8 @@ class ParameterModel;
 // The calculated grid points as a table: master and slave position in the
 // drive's text form, each cell checked against the drive's limits (an error
 // icon and the check message as tool tip). It reads the current plan on
-// demand and keeps no copy, so an edit costs a reset, not 32000 items.
+// demand and keeps no copy of its own, so an edit costs a reset, not 32000
+// items.
 class CalculatedTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -26,10 +28,13 @@ public:
 
 private:
     void onPlanChanged();
+    void resetRows();
     QString check(const QModelIndex &index, double value) const;
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;
+    // The rows last announced (shared with the plan, not a copy).
+    QPolygonF m_shown;
     QIcon m_errorIcon;
     QIcon m_emptyIcon;
 };

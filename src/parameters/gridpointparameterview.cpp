@@ -76,7 +76,14 @@ QByteArray GridPointParameterView::saveState() const
 
 bool GridPointParameterView::restoreState(const QByteArray &state)
 {
+    m_restoredState = state;
     return m_list->restoreState(state);
+}
+
+MxParameterControls::ParameterElementList *GridPointParameterView::elementList()
+{
+    listPendingIndexes();
+    return m_list;
 }
 
 void GridPointParameterView::logDifferences(const QJsonObject &before, const QJsonObject &after)
@@ -88,6 +95,34 @@ void GridPointParameterView::updateIndexes()
 {
     if (!m_model)
         return;
+    if (!isVisible()) {
+        m_indexesPending = true;
+        return;
+    }
+    listIndexes();
+}
+
+void GridPointParameterView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    listPendingIndexes();
+}
+
+void GridPointParameterView::listPendingIndexes()
+{
+    if (!m_indexesPending || !m_model)
+        return;
+    listIndexes();
+    // The first listing sizes the columns to their contents; the widths the
+    // user left are restored over it, as when the list was filled at once.
+    if (!m_listed && !m_restoredState.isEmpty())
+        m_list->restoreState(m_restoredState);
+    m_listed = true;
+}
+
+void GridPointParameterView::listIndexes()
+{
+    m_indexesPending = false;
     // With no stored point the range reads "0--1", which lists nothing.
     m_list->setIndexes(QStringLiteral("0-%1").arg(m_model->storedGridPointCount() - 1));
     for (int column : { IndexColumn, MasterColumn, SlaveColumn })

@@ -30,7 +30,8 @@ public:
                            MxParameterDefinition::eLivingSpace livingSpace, QWidget *parent = nullptr);
     ~GridPointParameterView() override;
 
-    MxParameterControls::ParameterElementList *elementList() const { return m_list; }
+    // The list, brought up to date first if the table changed while hidden.
+    MxParameterControls::ParameterElementList *elementList();
 
     // The list's own state (column widths), kept in the host's settings.
     QByteArray saveState() const;
@@ -43,15 +44,26 @@ public:
     QStringList differenceLog() const { return m_log; }
 
 public slots:
-    // The element range 0 .. stored count - 1.
+    // The element range 0 .. stored count - 1. While the view is hidden (a
+    // tab behind others) the 16000 elements are listed when it is shown.
     void updateIndexes();
     // Hidden while a write runs: the elements change one by one.
     void hideList();
     void showList();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    void listIndexes();
+    void listPendingIndexes();
+
     QPointer<ParameterModel> m_model;
     MxParameterControls::ParameterElementList *m_list;
     VxHelpSystem::HelpWidget *m_help;
     QStringList m_log;
+    bool m_indexesPending = false;
+    bool m_listed = false;
+    // Applied again after the first listing, which sizes the columns.
+    QByteArray m_restoredState;
 };

@@ -1,5 +1,7 @@
 #include "curveplot.h"
 
+#include "densecurve.h"
+
 #include <QPen>
 
 #include <qwt_picker_machine.h>
@@ -44,12 +46,13 @@ private:
     CurvePlot *m_plot;
 };
 
-QwtPlotCurve *makeCurve(const QString &title, const QColor &color, qreal width)
+DenseCurve *makeCurve(const QString &title, const QColor &color, qreal width)
 {
-    auto *curve = new QwtPlotCurve(title);
+    auto *curve = new DenseCurve(title);
     curve->setPen(QPen(color, width));
     curve->setRenderHint(QwtPlotItem::RenderAntialiased);
-    // Up to 16000 grid points on a few hundred pixels: draw what shows.
+    // Up to 16000 grid points on a few hundred pixels: draw what shows
+    // (DenseCurve keeps at most four points per pixel column).
     curve->setPaintAttribute(QwtPlotCurve::FilterPoints);
     curve->setPaintAttribute(QwtPlotCurve::ClipPolygons);
     return curve;
@@ -92,6 +95,9 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
     setCanvas(canvas);
     setCanvasBackground(Qt::white);
     setMinimumHeight(SmallestHeight);
+    // The stored table changes seldom; the calculated curve with every edit
+    // and every step of a drag.
+    static_cast<DenseCurve *>(m_stored)->setKeepsPicture(true);
 
     auto *grid = new QwtPlotGrid;
     grid->setMajorPen(QPen(QColor(0xdd, 0xdd, 0xdd), 0.0, Qt::DotLine));
@@ -110,10 +116,28 @@ QString CurvePlot::symbol() const
     return tr(symbolOf(m_quantity));
 }
 
-void CurvePlot::setCurves(const QVector<QPointF> &calculated, const QVector<QPointF> &stored)
+void CurvePlot::setCurves(const QPolygonF &calculated, const QPolygonF &stored, double factor)
 {
-    m_calculated->setSamples(calculated);
-    m_stored->setSamples(stored);
+    setSamples(m_calculated, m_shownCalculated, calculated, factor);
+    setSamples(m_stored, m_shownStored, stored, factor);
+}
+
+void CurvePlot::setSamples(QwtPlotCurve *curve, Shown &shown, const QPolygonF &source, double factor)
+{
+    // The same shared list: kept alive by shown.source, so its data cannot
+    // have been freed and reused by another list.
+    if (shown.given && shown.factor == factor && shown.source.constData() == source.constData()
+        && shown.source.size() == source.size())
+        return;
+    shown.source = source;
+    shown.factor = factor;
+    shown.given = true;
+    QVector<QPointF> samples(source);
+    if (factor != 1.0) {
+        for (QPointF &point : samples)
+            point.ry() *= factor;
+    }
+    curve->setSamples(samples);
 }
 
 void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool showMaster)

@@ -25,8 +25,11 @@ public:
     QwtPlotCurve *storedCurve() const { return m_stored; }
     QwtPlotPicker *tracker() const { return m_tracker; }
 
-    // The curves in the units they are shown in.
-    void setCurves(const QVector<QPointF> &calculated, const QVector<QPointF> &stored);
+    // The curves as the plan and the drive hold them, shown times the
+    // factor. A list that is still the one last given (shared, not a
+    // copy) with the same factor is not handed to Qwt again, so that the
+    // stored curve keeps its drawn picture while only the plan changes.
+    void setCurves(const QPolygonF &calculated, const QPolygonF &stored, double factor = 1.0);
     // The master title shows only where showMaster is set (the lowest plot).
     void setAxisTitles(const QString &master, const QString &value, bool showMaster);
     // The tracker's text at a master position: every visible curve's value.
@@ -37,7 +40,16 @@ public:
     static double valueAt(const QwtPlotCurve *curve, double master);
 
 private:
+    struct Shown {
+        QPolygonF source;
+        double factor = 1.0;
+        bool given = false;
+    };
+    static void setSamples(QwtPlotCurve *curve, Shown &shown, const QPolygonF &source, double factor);
+
     Quantity m_quantity;
+    Shown m_shownCalculated;
+    Shown m_shownStored;
     QwtPlotCurve *m_stored;
     QwtPlotCurve *m_calculated;
     QwtPlotPicker *m_tracker;

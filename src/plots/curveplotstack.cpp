@@ -60,17 +60,6 @@ QwtSymbol *symbolFor(int marker)
     }
 }
 
-// A derivative list as shown: each value times the scaling's factor.
-QVector<QPointF> scaled(const QPolygonF &points, double factor)
-{
-    QVector<QPointF> result(points);
-    if (factor != 1.0) {
-        for (QPointF &point : result)
-            point.ry() *= factor;
-    }
-    return result;
-}
-
 QString defaultUnit(int order, const QString &slave, const QString &master)
 {
     static const char *const Powers[] = { "", "", "²", "³" };
@@ -222,10 +211,9 @@ void CurvePlotStack::refresh()
             lowestVisible = quantity;
     }
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
-        const double factor = valueFactor(quantity);
-        m_plots[quantity]->setCurves(plan ? scaled((plan->*calculated[quantity])(), factor) : QVector<QPointF>(),
-                                     m_parameterModel ? scaled((m_parameterModel->*stored[quantity])(), factor)
-                                                      : QVector<QPointF>());
+        m_plots[quantity]->setCurves(plan ? (plan->*calculated[quantity])() : QPolygonF(),
+                                     m_parameterModel ? (m_parameterModel->*stored[quantity])() : QPolygonF(),
+                                     valueFactor(quantity));
         m_plots[quantity]->setAxisTitles(masterUnit, valueUnit(quantity), quantity == lowestVisible);
     }
     updateMarkers();
@@ -301,7 +289,7 @@ void CurvePlotStack::updateScales()
 
 void CurvePlotStack::scheduleReplot()
 {
-    // An edit rebuilds the plan more than once and a drag step arrives with
+    // An edit arrives by more than one signal and a drag step arrives with
     // every mouse move: the plots are drawn once, when the events of the
     // change have been handled.
     if (m_replotPending)

@@ -1,5 +1,7 @@
 #include "previewview.h"
 
+#include "densecurve.h"
+
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
@@ -23,9 +25,9 @@ constexpr int SmallestHeight = 60;
 // The share of the curve's height kept free above it for the label.
 constexpr double TopRoom = 0.35;
 
-QwtPlotCurve *makeCurve(const QColor &color, qreal width)
+DenseCurve *makeCurve(const QColor &color, qreal width)
 {
-    auto *curve = new QwtPlotCurve;
+    auto *curve = new DenseCurve;
     curve->setPen(QPen(color, width));
     curve->setRenderHint(QwtPlotItem::RenderAntialiased);
     // 16000 grid points on a few hundred pixels: draw only what shows.
@@ -59,6 +61,8 @@ PreviewView::PreviewView(CamEditorModel *editorModel, ParameterModel *parameterM
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
+    // The stored table changes seldom: its picture is kept (see DenseCurve).
+    static_cast<DenseCurve *>(m_stored)->setKeepsPicture(true);
     m_stored->attach(this);
     m_calculated->attach(this);
     m_label->attach(this);
@@ -108,10 +112,16 @@ void PreviewView::refresh()
 {
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
     m_calculated->setSamples(plan ? plan->positions() : QPolygonF());
-    m_stored->setSamples(m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF());
+    // Handed over again only when the drive's table is another one, so that
+    // its kept picture stays while the plan changes.
+    const QPolygonF stored = m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF();
+    if (stored.constData() != m_shownStored.constData() || stored.size() != m_shownStored.size()) {
+        m_shownStored = stored;
+        m_stored->setSamples(stored);
+    }
     updateScales();
     updateLabel();
-    // An edit rebuilds the plan more than once and a drag with every mouse
+    // An edit arrives by more than one signal and a drag with every mouse
     // move: the picture is drawn once, when the change has been handled.
     if (!m_replotPending) {
         m_replotPending = true;

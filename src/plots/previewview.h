@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QPolygonF>
 
 #include <qwt_plot.h>
 
@@ -50,6 +51,8 @@ private:
     bool m_editorOpen = false;
     bool m_replotPending = false;
     QwtPlotCurve *m_stored;
+    // The drive's table as last handed to the stored curve (shared).
+    QPolygonF m_shownStored;
     QwtPlotCurve *m_calculated;
     QwtPlotTextLabel *m_label;
 };

@@ -5,6 +5,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/curveplotstack.cpp
     ${CMAKE_CURRENT_LIST_DIR}/cursoroverlay.h
     ${CMAKE_CURRENT_LIST_DIR}/cursoroverlay.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/densecurve.h
+    ${CMAKE_CURRENT_LIST_DIR}/densecurve.cpp
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.h
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h

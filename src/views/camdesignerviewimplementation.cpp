@@ -410,6 +410,7 @@ void CamDesignerViewImplementation::addGridPointExport()
 void CamDesignerViewImplementation::resetView()
 {
     m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+    shareWidthWithPlots();
 }
 
 void CamDesignerViewImplementation::deleteGrid()
@@ -488,18 +489,26 @@ void CamDesignerViewImplementation::showEvent(QShowEvent *event)
     m_shown = true;
     // Splitter sizes take only once the window has its size: the panels and
     // the curves share the width, and that is what "Zurücksetzen" restores.
-    ads::CDockAreaWidget *plots = m_docks[PlotDock]->dockAreaWidget();
-    const int width = m_dockManager->width();
-    if (plots) {
-        const QList<int> sizes { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
-                                 width * RightAreaShare / (LeftAreaShare + RightAreaShare) };
-        const QByteArray current = m_dockManager->saveState(DockManagerStateVersion);
-        m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
-        m_dockManager->setSplitterSizes(m_docks[PlotDock]->dockAreaWidget(), sizes);
-        m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
-        if (m_layoutRestored)
-            m_dockManager->restoreState(current, DockManagerStateVersion);
+    // A restored layout is rebuilt once more now that it is shown (its tabs
+    // and tool bars take their look only then); the default arrangement is
+    // given its split when "Zurücksetzen" restores it, not built here too.
+    if (m_layoutRestored) {
+        m_dockManager->restoreState(m_dockManager->saveState(DockManagerStateVersion), DockManagerStateVersion);
+        return;
     }
+    m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+    shareWidthWithPlots();
+    m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
+}
+
+void CamDesignerViewImplementation::shareWidthWithPlots()
+{
+    ads::CDockAreaWidget *plots = m_docks[PlotDock]->dockAreaWidget();
+    if (!plots)
+        return;
+    const int width = m_dockManager->width();
+    m_dockManager->setSplitterSizes(plots, { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
+                                             width * RightAreaShare / (LeftAreaShare + RightAreaShare) });
 }
 
 void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)

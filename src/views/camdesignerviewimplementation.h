@@ -92,6 +92,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    // The panels and the curves share the window's width.
+    void shareWidthWithPlots();
     void createDocks();
     void arrangeDocks();
     void applyStyleSheet();

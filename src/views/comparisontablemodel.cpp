@@ -50,19 +50,20 @@ void ComparisonTableModel::refresh()
     m_stored = m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF();
     m_differing.clear();
     const int rows = rowCount();
+    // The drive's decimal places, asked once for all rows.
+    const int masterDecimals = m_parameterModel ? m_parameterModel->masterDecimalPlaces() : 0;
+    const int slaveDecimals = m_parameterModel ? m_parameterModel->slaveDecimalPlaces() : 0;
     for (int row = 0; row < rows; ++row) {
-        if (differs(row))
+        if (differs(row, masterDecimals, slaveDecimals))
             m_differing.append(row);
     }
     endResetModel();
 }
 
-bool ComparisonTableModel::differs(int row) const
+bool ComparisonTableModel::differs(int row, int masterDecimals, int slaveDecimals) const
 {
     if (row >= m_calculated.size() || row >= m_stored.size() || !m_parameterModel)
         return true;
-    const int masterDecimals = m_parameterModel->masterDecimalPlaces();
-    const int slaveDecimals = m_parameterModel->slaveDecimalPlaces();
     const QPointF calculated = m_calculated.at(row);
     const QPointF stored = m_stored.at(row);
     return !PositionRounding::sameUnit(calculated.x(), stored.x(), masterDecimals)

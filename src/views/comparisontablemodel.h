@@ -45,7 +45,8 @@ public slots:
     void refresh();
 
 private:
-    bool differs(int row) const;
+    // Scales: 10 to the power of the drive's decimal places.
+    bool differs(int row, int masterDecimals, int slaveDecimals) const;
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;

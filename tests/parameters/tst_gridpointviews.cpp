@@ -49,6 +49,8 @@ void tst_GridPointViews::storedElementsFollowTheTable()
     QFETCH(bool, readOnlyAfter);
     BoundTable bound(table);
     GridPointParameterView view(&bound.model(), &bound.drive, BoundTable::LivingSpace);
+    // Shown: a hidden view lists its elements only when it is shown.
+    view.show();
     MxParameterControls::ParameterElementList *list = view.elementList();
     QCOMPARE(list->coordinates().size(), 2);
     QCOMPARE(list->coordinates().at(0).toText(), bound.master().toText());
@@ -113,6 +115,11 @@ void tst_GridPointViews::calculatedTableChecksEveryCell()
     description.pointAt(beyond)->setPosition(QPointF(50, 1));
     QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
     QVERIFY(reset.count() >= 2);
+    // An edit reports its plan as rebuilt and as changed: one reset.
+    reset.clear();
+    description.pointAt(0)->setFrom(MotionPoint(0, 0.5, MotionPoint::rest));
+    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    QCOMPARE(reset.count(), 1);
 }
 
 QTEST_MAIN(tst_GridPointViews)

@@ -9,17 +9,22 @@
 #include "model/motionlaw.h"
 #include "model/scaling.h"
 #include "parameters/parametermodelimplementation.h"
+#include "commands/editmotionpointcommand.h"
 #include "plots/curveplotstack.h"
+#include "plots/densecurve.h"
 #include "plots/motionpointdragger.h"
 
 #include <QApplication>
+#include <QMap>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
+#include <qwt_scale_map.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -45,6 +50,9 @@ private slots:
     void dragPushesOneEdit();
     void exportWritesEachFormat_data();
     void exportWritesEachFormat();
+    void denseLineKeepsEachColumnsSpan_data();
+    void denseLineKeepsEachColumnsSpan();
+    void storedCurveKeepsItsPicture();
 };
 
 void tst_CurvePlots::cleanup()
@@ -258,3 +266,124 @@ void tst_CurvePlots::exportWritesEachFormat()
 
 QTEST_MAIN(tst_CurvePlots)
 #include "tst_curveplots.moc"
+
+void tst_CurvePlots::denseLineKeepsEachColumnsSpan_data()
+{
+    QTest::addColumn<int>("samples");
+    QTest::addColumn<double>("pixels");
+    // 16000 samples on 600 pixels; and 1 % of them zoomed to the same width.
+    QTest::newRow("whole table") << 16000 << 600.0;
+    QTest::newRow("zoomed to 1 %") << 160 << 600.0;
+}
+
+// Against the pixel points Qwt itself draws (rounded, repeats dropped): every
+// pixel column keeps its first and last point and its whole vertical span,
+// and where a column holds one point (a zoom) every point is kept.
+void tst_CurvePlots::denseLineKeepsEachColumnsSpan()
+{
+    QFETCH(int, samples);
+    QFETCH(double, pixels);
+    QVector<QPointF> points;
+    for (int i = 0; i < samples; ++i)
+        points.append(QPointF(i, 100.0 * std::sin(i * 0.37) + 30.0 * std::sin(i * 2.9)));
+    DenseCurve curve;
+    curve.setSamples(points);
+    QwtScaleMap x;
+    x.setScaleInterval(0.0, samples - 1);
+    x.setPaintInterval(0.0, pixels);
+    QwtScaleMap y;
+    y.setScaleInterval(-150.0, 150.0);
+    y.setPaintInterval(200.0, 0.0);
+    QPolygonF drawn;
+    for (const QPointF &point : points) {
+        const QPointF pixel(std::round(x.transform(point.x())), std::round(y.transform(point.y())));
+        if (drawn.isEmpty() || drawn.constLast() != pixel)
+            drawn.append(pixel);
+    }
+    const QPolygonF thinned = curve.pixelPolyline(x, y, 0, samples - 1);
+    if (drawn.size() <= pixels + 1) {
+        QCOMPARE(thinned, drawn);
+        return;
+    }
+    QVERIFY(thinned.size() <= 4 * (int(pixels) + 1));
+    QCOMPARE(thinned.constFirst(), drawn.constFirst());
+    QCOMPARE(thinned.constLast(), drawn.constLast());
+    const auto spans = [](const QPolygonF &line) {
+        QMap<double, QPair<double, double>> span;
+        for (const QPointF &point : line) {
+            auto found = span.find(point.x());
+            if (found == span.end())
+                span.insert(point.x(), { point.y(), point.y() });
+            else
+                *found = { std::min(found->first, point.y()), std::max(found->second, point.y()) };
+        }
+        return span;
+    };
+    QCOMPARE(spans(thinned), spans(drawn));
+}
+
+// The stored table is drawn once and then copied: an edit redraws only the
+// calculated curve; a zoom or a new table draws it anew. The copy shows
+// what Qwt's own curve shows, drawn directly.
+void tst_CurvePlots::storedCurveKeepsItsPicture()
+{
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    CamEditorModel *model = editor.implementation()->editorModel();
+    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    CurvePlot *position = window->plots()->plot(CurvePlot::Position);
+    auto *stored = static_cast<DenseCurve *>(position->storedCurve());
+    QVERIFY(stored->keepsPicture());
+    QTRY_VERIFY(!window->plots()->isReplotPending());
+    position->repaint();
+    const int drawn = stored->pictureDrawCount();
+    QVERIFY(drawn > 0);
+
+    // Lower than the stored curve: the scales stay as they are.
+    const QPolygonF before = samplesOf(position->calculatedCurve());
+    MotionPoint *point = editor.camDescription()->pointAt(90);
+    window->undoStack()->push(new EditMotionPointCommand(point, MotionPoint(90, 38, MotionPoint::speed), model->scaling()));
+    QTRY_VERIFY(!window->plots()->isReplotPending());
+    position->repaint();
+    QVERIFY(samplesOf(position->calculatedCurve()) != before);
+    QCOMPARE(stored->pictureDrawCount(), drawn);
+
+    position->setAxisScale(QwtPlot::xBottom, 80.0, 100.0);
+    position->replot();
+    position->repaint();
+    QCOMPARE(stored->pictureDrawCount(), drawn + 1);
+    window->undoStack()->undo();
+    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    QTRY_VERIFY(!window->plots()->isReplotPending());
+    position->repaint();
+    QCOMPARE(stored->pictureDrawCount(), drawn + 2);
+
+    const QImage kept = position->canvas()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QwtPlotCurve plain;
+    plain.setPen(stored->pen());
+    plain.setRenderHint(QwtPlotItem::RenderAntialiased);
+    plain.setPaintAttribute(QwtPlotCurve::FilterPoints);
+    plain.setPaintAttribute(QwtPlotCurve::ClipPolygons);
+    plain.setSamples(samplesOf(stored));
+    // Under the calculated curve, as the stored one is.
+    plain.setZ(stored->z() - 0.5);
+    plain.attach(position);
+    stored->setVisible(false);
+    position->replot();
+    const QImage direct = position->canvas()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    plain.detach();
+    stored->setVisible(true);
+    QCOMPARE(kept.size(), direct.size());
+    int largest = 0;
+    for (int row = 0; row < kept.height(); ++row) {
+        for (int column = 0; column < kept.width(); ++column) {
+            const QRgb a = kept.pixel(column, row);
+            const QRgb b = direct.pixel(column, row);
+            largest = std::max({ largest, std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                                 std::abs(qBlue(a) - qBlue(b)) });
+        }
+    }
+    // Blending the copy onto the canvas rounds once more than drawing directly.
+    QVERIFY2(largest <= 3, qPrintable(QString::number(largest)));
+    window->close();
+}
