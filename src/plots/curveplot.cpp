@@ -1,5 +1,8 @@
 #include "curveplot.h"
 
+#include "plainscaledraw.h"
+
+#include <QEvent>
 #include <QPen>
 
 #include <qwt_picker_machine.h>
@@ -92,6 +95,8 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
     setCanvas(canvas);
     setCanvasBackground(Qt::white);
     setMinimumHeight(SmallestHeight);
+    for (int axis : { QwtPlot::xBottom, QwtPlot::yLeft })
+        setAxisScaleDraw(axis, new PlainScaleDraw);
 
     auto *grid = new QwtPlotGrid;
     grid->setMajorPen(QPen(QColor(0xdd, 0xdd, 0xdd), 0.0, Qt::DotLine));
@@ -104,6 +109,15 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
 }
 
 CurvePlot::~CurvePlot() = default;
+
+void CurvePlot::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        m_stored->setTitle(tr("gespeichert"));
+        m_calculated->setTitle(tr("berechnet"));
+    }
+    QwtPlot::changeEvent(event);
+}
 
 QString CurvePlot::symbol() const
 {
