@@ -241,8 +241,9 @@ void CamSettingsView::onStepSizeEdited(const QString &text)
     double stepSize = 0.0;
     if (!PositionLineEdit::parse(text, m_editing->parameterModel() ? m_editing->parameterModel()->masterUnit() : QString(),
                                  &stepSize)) {
-        MessageBox::warning(this, tr("Ungültige Eingabe"), tr("\"%1\" ist keine gültige Schrittweite.").arg(text) + QLatin1Char(' ')
-                                                             + PositionLineEdit::numberHint());
+        MessageBox::warning(this, tr("Ungültige Eingabe"),
+                            tr("\"%1\" ist keine gültige Schrittweite.").arg(text) + QLatin1Char(' ')
+                                + PositionLineEdit::numberHint());
         m_stepSize->revert();
         return;
     }

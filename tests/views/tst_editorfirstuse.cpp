@@ -253,7 +253,9 @@ void tst_EditorFirstUse::openEditorFollowsALanguageChange()
     window->setWindowTitle(QStringLiteral("Host title"));
     MotionPlanTreeEditor *tree = window->motionPlanEditor();
     QTreeView *points = tree->pointTree();
-    const auto tab = [window](CamDesignerViewImplementation::Dock dock) { return window->dock(dock)->tabWidget()->findChild<QLabel *>()->text(); };
+    const auto tab = [window](CamDesignerViewImplementation::Dock dock) {
+        return window->dock(dock)->tabWidget()->findChild<QLabel *>()->text();
+    };
     QCOMPARE(window->dock(CamDesignerViewImplementation::ScalingDock)->windowTitle(), QStringLiteral("Skalierung"));
     {
         Language english(QLocale::English);
