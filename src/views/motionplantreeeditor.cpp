@@ -11,6 +11,7 @@
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
+#include "plots/pointselection.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -151,6 +152,15 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
             selectRow(current.row());
     });
     connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
+    // A point made current elsewhere (a marker pressed, dragged or inserted
+    // in a plot) selects its row.
+    if (PointSelection *selection = PointSelection::of(editorModel)) {
+        connect(selection, &PointSelection::currentChanged, this, [this, selection] {
+            const int row = selection->current() ? m_editing->editorModel()->rowOfMotionPoint(selection->current()) : -1;
+            if (row >= 0 && row != currentRow())
+                selectRow(row);
+        });
+    }
     refresh();
 }
 
@@ -226,7 +236,10 @@ void MotionPlanTreeEditor::refresh()
 
 void MotionPlanTreeEditor::onCurrentChanged(const QModelIndex &current)
 {
-    m_pointEdit->setPoint(current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr);
+    MotionPoint *point = current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr;
+    m_pointEdit->setPoint(point);
+    if (PointSelection *selection = PointSelection::of(m_editing->editorModel()))
+        selection->setCurrent(point);
     m_remove->setEnabled(current.isValid());
     m_removeAction->setEnabled(current.isValid());
 }
