@@ -156,6 +156,8 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     // in a plot) selects its row.
     if (PointSelection *selection = PointSelection::of(editorModel)) {
         connect(selection, &PointSelection::currentChanged, this, [this, selection] {
+            if (m_announcing)
+                return;
             const int row = selection->current() ? m_editing->editorModel()->rowOfMotionPoint(selection->current()) : -1;
             if (row >= 0 && row != currentRow())
                 selectRow(row);
@@ -238,8 +240,13 @@ void MotionPlanTreeEditor::onCurrentChanged(const QModelIndex &current)
 {
     MotionPoint *point = current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr;
     m_pointEdit->setPoint(point);
-    if (PointSelection *selection = PointSelection::of(m_editing->editorModel()))
+    // The table's own change comes back from the selection: not taken as a
+    // request to select again (the click is still placing its index).
+    if (PointSelection *selection = PointSelection::of(m_editing->editorModel())) {
+        m_announcing = true;
         selection->setCurrent(point);
+        m_announcing = false;
+    }
     m_remove->setEnabled(current.isValid());
     m_removeAction->setEnabled(current.isValid());
 }

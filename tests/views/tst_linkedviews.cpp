@@ -143,9 +143,12 @@ void tst_LinkedViews::selectionBothWays()
     Editor e;
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
         QCOMPARE(e.plots->highlight(CurvePlot::Quantity(quantity))->dataSize(), size_t(0));
-    const QModelIndex row2 = e.tree->model()->index(2, 0);
+    // A click into the slave cell: the row is selected and the cell stays
+    // the current one (the selection does not echo back to the table).
+    const QModelIndex row2 = e.tree->model()->index(2, 1);
     QTest::mouseClick(e.tree->viewport(), Qt::LeftButton, {}, e.tree->visualRect(row2).center());
     QCOMPARE(e.window->motionPlanEditor()->currentRow(), 2);
+    QCOMPARE(e.tree->currentIndex(), row2);
     const MotionPlan *plan = e.model->motionPlan();
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         const QwtPlotCurve *ring = e.plots->highlight(CurvePlot::Quantity(quantity));
