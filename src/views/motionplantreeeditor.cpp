@@ -154,16 +154,20 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
     // A point made current elsewhere (a marker pressed, dragged or inserted
     // in a plot) selects its row.
-    if (PointSelection *selection = PointSelection::of(editorModel)) {
-        connect(selection, &PointSelection::currentChanged, this, [this, selection] {
-            if (m_announcing)
-                return;
-            const int row = selection->current() ? m_editing->editorModel()->rowOfMotionPoint(selection->current()) : -1;
-            if (row >= 0 && row != currentRow())
-                selectRow(row);
-        });
-    }
+    PointSelection *selection = PointSelection::of(editorModel);
+    const auto follow = [this, selection] {
+        if (m_announcing)
+            return;
+        const int row = selection->current() ? m_editing->editorModel()->rowOfMotionPoint(selection->current()) : -1;
+        if (row >= 0 && row != currentRow())
+            selectRow(row);
+    };
+    if (selection)
+        connect(selection, &PointSelection::currentChanged, this, follow);
     refresh();
+    // A reopened editor shows the point the plots still ring.
+    if (selection)
+        follow();
 }
 
 MotionPlanTreeEditor::~MotionPlanTreeEditor() = default;
