@@ -13,6 +13,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/plotexport.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotexport.cpp
     ${CMAKE_CURRENT_LIST_DIR}/pointinsertion.h
     ${CMAKE_CURRENT_LIST_DIR}/pointinsertion.cpp
     ${CMAKE_CURRENT_LIST_DIR}/pointselection.h
