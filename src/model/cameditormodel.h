@@ -79,6 +79,11 @@ private:
             double master;
             double slave;
             int type;
+            // The section it starts shapes the curve as much.
+            int sectionLaw;
+            double inflection;
+            bool hasVelocity;
+            double velocity;
             bool operator==(const Point &other) const;
         };
         QVector<Point> points;

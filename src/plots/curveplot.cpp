@@ -1,6 +1,7 @@
 #include "curveplot.h"
 
 #include "densecurve.h"
+#include "timemasteraxis.h"
 
 #include "plainscaledraw.h"
 
@@ -154,7 +155,7 @@ void CurvePlot::setSamples(QwtPlotCurve *curve, Shown &shown, const QPolygonF &s
     curve->setSamples(samples);
 }
 
-void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool showMaster)
+void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool showMaster, bool time)
 {
     // Short symbols keep the titles on one line, so that the canvases of
     // the stacked plots can align.
@@ -163,7 +164,8 @@ void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool 
     QwtText valueTitle(value.isEmpty() ? symbol() : QStringLiteral("%1 [%2]").arg(symbol(), value));
     valueTitle.setFont(font);
     setAxisTitle(QwtPlot::yLeft, valueTitle);
-    QwtText masterTitle(showMaster ? (master.isEmpty() ? tr("Master") : tr("Master [%1]").arg(master)) : QString());
+    const QString name = time ? tr("Zeit") : tr("Master");
+    QwtText masterTitle(showMaster ? (master.isEmpty() ? name : QStringLiteral("%1 [%2]").arg(name, master)) : QString());
     masterTitle.setFont(font);
     setAxisTitle(QwtPlot::xBottom, masterTitle);
     canvas()->setToolTip(tr(titleOf(m_quantity)));
@@ -172,6 +174,8 @@ void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool 
 QString CurvePlot::trackerText(double master) const
 {
     QStringList lines { tr("Master: %1").arg(master, 0, 'f', 3) };
+    if (const double seconds = TimeMasterAxis::secondsPerMaster(this))
+        lines.append(tr("Zeit: %1 s").arg(master * seconds, 0, 'f', 4));
     for (const QwtPlotCurve *curve : { m_calculated, m_stored }) {
         const double value = curve->isVisible() ? valueAt(curve, master) : std::numeric_limits<double>::quiet_NaN();
         if (!std::isnan(value))

@@ -30,8 +30,9 @@ public:
     // copy) with the same factor is not handed to Qwt again, so that the
     // stored curve keeps its drawn picture while only the plan changes.
     void setCurves(const QPolygonF &calculated, const QPolygonF &stored, double factor = 1.0);
-    // The master title shows only where showMaster is set (the lowest plot).
-    void setAxisTitles(const QString &master, const QString &value, bool showMaster);
+    // The master title shows only where showMaster is set (the lowest plot);
+    // it names the time where the master axis reads in seconds.
+    void setAxisTitles(const QString &master, const QString &value, bool showMaster, bool time = false);
     // The tracker's text at a master position: every visible curve's value.
     QString trackerText(double master) const;
 

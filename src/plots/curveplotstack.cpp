@@ -1,31 +1,36 @@
 #include "curveplotstack.h"
 
-#include "atomicfilewriter.h"
+#include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/filedialog.h"
 #include "camdesigner/messagebox.h"
 #include "curves/motionplan.h"
 #include "defaultpathsetting.h"
+#include "exactcurve.h"
 #include "measuringtool.h"
+#include "plotexport.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "motionpointdragger.h"
 #include "parameters/parametermodel.h"
+#include "pointinsertion.h"
+#include "pointselection.h"
+#include "sectionwarnings.h"
+#include "timemasteraxis.h"
+#include "warningbands.h"
 #include "views/motionpointediting.h"
 
 #include <QAction>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
+#include <QMainWindow>
+#include <QStatusBar>
 #include <QContextMenuEvent>
-#include <QFileInfo>
-#include <QFontMetricsF>
 #include <QMenu>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSvgGenerator>
 #include <QVBoxLayout>
 
 #include <qwt_picker_machine.h>
@@ -33,12 +38,13 @@
 #include <qwt_plot_magnifier.h>
 #include <qwt_plot_panner.h>
 #include <qwt_plot_picker.h>
-#include <qwt_plot_renderer.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_widget.h>
 #include <qwt_symbol.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 
 namespace {
@@ -47,6 +53,14 @@ constexpr int PlainMarkers = 4;
 constexpr int MarkerSize = 9;
 constexpr double MasterMargin = 0.01;
 const char DefaultPathKind[] = "CamDesignerPlots";
+constexpr int HighlightSize = 19;
+const QColor HighlightColor(0xe0, 0x30, 0x30);
+// Pixel columns per evaluated point of the derivatives: every column, and
+// every fourth while a drag samples coarsely.
+constexpr int ColumnsPerPoint = 1;
+constexpr int DragColumnsPerPoint = 4;
+constexpr int FallbackColumns = 800;
+constexpr int StatusTimeout = 15000;
 
 QwtSymbol *symbolFor(int marker)
 {
@@ -80,6 +94,9 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     , m_insertPointAction(new QAction(this))
     , m_removePointAction(new QAction(this))
     , m_editing(std::make_unique<MotionPointEditing>(editorModel, parameterModel, undoStack))
+    , m_selection(PointSelection::of(editorModel))
+    , m_warnings(SectionWarnings::of(editorModel, parameterModel))
+    , m_lastInsertDeviation(std::numeric_limits<double>::quiet_NaN())
 {
     setObjectName(QStringLiteral("curvePlots"));
     auto *layout = new QVBoxLayout(this);
@@ -125,6 +142,17 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
         curve->attach(position);
         m_markers[marker] = curve;
     }
+    // The current point, ringed in every plot at its value there.
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        auto *ring = new QwtPlotCurve;
+        ring->setStyle(QwtPlotCurve::NoCurve);
+        ring->setSymbol(new QwtSymbol(QwtSymbol::Ellipse, Qt::NoBrush, QPen(HighlightColor, 2.5),
+                                      QSize(HighlightSize, HighlightSize)));
+        ring->setItemAttribute(QwtPlotItem::Legend, false);
+        ring->setZ(position->calculatedCurve()->z() + 2.0);
+        ring->attach(m_plots[quantity]);
+        m_highlights[quantity] = ring;
+    }
     for (bool calculated : { true, false }) {
         const QwtPlotCurve *curve = calculated ? position->calculatedCurve() : position->storedCurve();
         QPixmap swatch(16, 16);
@@ -160,6 +188,20 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     }
     if (parameterModel)
         connect(parameterModel, &ParameterModel::valueChanged, this, &CurvePlotStack::refresh);
+    m_warningBands = std::make_unique<WarningBands>(QList<QwtPlot *>(std::begin(m_plots), std::end(m_plots)));
+    if (m_warnings) {
+        connect(m_warnings, &SectionWarnings::changed, this, [this] {
+            m_warningBands->show(m_warnings->warnings());
+            scheduleReplot();
+        });
+        m_warningBands->show(m_warnings->warnings());
+    }
+    if (m_selection) {
+        connect(m_selection, &PointSelection::currentChanged, this, [this] {
+            updateHighlight();
+            scheduleReplot();
+        });
+    }
     retranslate();
 }
 
@@ -221,27 +263,51 @@ QwtPlotCurve *CurvePlotStack::markers(int type) const
 void CurvePlotStack::refresh()
 {
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    const QString masterUnit = m_parameterModel ? m_parameterModel->masterUnit() : QString();
-    using Lists = QPolygonF (MotionPlan::*)() const;
-    using Stored = QPolygonF (ParameterModel::*)() const;
-    const Lists calculated[] = { &MotionPlan::positions, &MotionPlan::velocities, &MotionPlan::accelerations,
-                                 &MotionPlan::jerks };
-    const Stored stored[] = { &ParameterModel::storedGridPoints, &ParameterModel::storedVelocities,
-                              &ParameterModel::storedAccelerations, &ParameterModel::storedJerks };
+    const double seconds = secondsPerMaster();
     int lowestVisible = CurvePlot::Position;
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         if (!m_plots[quantity]->isHidden())
             lowestVisible = quantity;
     }
+    // The position as sampled, the grid points the drive gets; the
+    // derivatives as the plan defines them (updateExactCurves).
+    m_plots[CurvePlot::Position]->setCurves(plan ? plan->positions() : QPolygonF(),
+                                            m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF());
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
-        m_plots[quantity]->setCurves(plan ? (plan->*calculated[quantity])() : QPolygonF(),
-                                     m_parameterModel ? (m_parameterModel->*stored[quantity])() : QPolygonF(),
-                                     valueFactor(quantity));
-        m_plots[quantity]->setAxisTitles(masterUnit, valueUnit(quantity), quantity == lowestVisible);
+        TimeMasterAxis::apply(m_plots[quantity], seconds);
+        m_plots[quantity]->setAxisTitles(masterAxisUnit(), valueUnit(quantity), quantity == lowestVisible,
+                                         seconds > 0.0);
     }
+    updateExactCurves();
     updateMarkers();
     updateScales();
     m_measuring->update();
+}
+
+void CurvePlotStack::updateExactCurves()
+{
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    using Stored = QPolygonF (ParameterModel::*)() const;
+    const Stored stored[] = { &ParameterModel::storedGridPoints, &ParameterModel::storedVelocities,
+                              &ParameterModel::storedAccelerations, &ParameterModel::storedJerks };
+    const CurvePlot *position = m_plots[CurvePlot::Position];
+    // Zoomed in, only the shown range; else the whole curve.
+    const QwtInterval shown = position->axisInterval(QwtPlot::xBottom);
+    const double infinity = std::numeric_limits<double>::infinity();
+    m_exactFrom = m_zoomed ? shown.minValue() : -infinity;
+    m_exactTo = m_zoomed ? shown.maxValue() : infinity;
+    int columns = position->canvas()->width() > 1 ? position->canvas()->width() : FallbackColumns;
+    columns /= m_editorModel && m_editorModel->isCoarseSteps() ? DragColumnsPerPoint : ColumnsPerPoint;
+    for (int quantity = CurvePlot::Velocity; quantity < CurvePlot::QuantityCount; ++quantity) {
+        CurvePlot *plot = m_plots[quantity];
+        // A hidden plot is evaluated when it is shown (setPlotVisible refreshes).
+        const QPolygonF calculated = plan && !plot->isHidden()
+            ? ExactCurve::evaluate(*plan, quantity, m_exactFrom, m_exactTo, std::max(columns, 1))
+            : QPolygonF();
+        plot->setCurves(calculated, m_parameterModel ? (m_parameterModel->*stored[quantity])() : QPolygonF(),
+                        valueFactor(quantity));
+    }
+    updateHighlight();
 }
 
 double CurvePlotStack::valueFactor(int quantity) const
@@ -251,6 +317,31 @@ double CurvePlotStack::valueFactor(int quantity) const
     if (quantity == CurvePlot::Position || !scaling)
         return 1.0;
     return scaling->derivativeFactor(quantity, plan ? plan->masterRange() : 0.0);
+}
+
+int CurvePlotStack::warningMarkCount() const
+{
+    return m_warningBands->itemCount();
+}
+
+double CurvePlotStack::secondsPerMaster() const
+{
+    const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    if (!scaling || scaling->masterAxisScaling() != Scaling::CycleTime)
+        return 0.0;
+    // The master range is run through once per cycle time, as the
+    // derivatives per second take it (Scaling::derivativeFactor).
+    const double range = plan ? plan->masterRange() : 0.0;
+    const double seconds = range > 0.0 ? scaling->cycleTime() / range : 0.0;
+    return std::isfinite(seconds) && seconds > 0.0 ? seconds : 0.0;
+}
+
+QString CurvePlotStack::masterAxisUnit() const
+{
+    if (secondsPerMaster() > 0.0)
+        return Scaling::timeUnitName(Scaling::Seconds);
+    return m_parameterModel ? m_parameterModel->masterUnit() : QString();
 }
 
 QString CurvePlotStack::valueUnit(int quantity) const
@@ -279,6 +370,27 @@ void CurvePlotStack::updateMarkers()
     }
     for (int marker = 0; marker <= PlainMarkers; ++marker)
         m_markers[marker]->setSamples(points[marker]);
+}
+
+void CurvePlotStack::updateHighlight()
+{
+    MotionPoint *current = m_selection ? m_selection->current() : nullptr;
+    // A removed point lives on in its command, outside the cam.
+    if (current && (!m_editorModel || m_editorModel->rowOfMotionPoint(current) < 0))
+        current = nullptr;
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    using Evaluation = double (MotionPlan::*)(double) const;
+    const Evaluation evaluations[] = { &MotionPlan::position, &MotionPlan::velocity, &MotionPlan::acceleration,
+                                       &MotionPlan::jerk };
+    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
+        QVector<QPointF> ring;
+        if (current && quantity == CurvePlot::Position)
+            ring.append(current->position());
+        else if (current && plan)
+            ring.append(QPointF(current->master(),
+                                (plan->*evaluations[quantity])(current->master()) * valueFactor(quantity)));
+        m_highlights[quantity]->setSamples(ring);
+    }
 }
 
 void CurvePlotStack::updateScales()
@@ -366,6 +478,11 @@ void CurvePlotStack::onMasterAxisChanged(CurvePlot *source)
             plot->replot();
         }
     }
+    // A new range shown: the derivatives at its resolution.
+    if (m_zoomed && (interval.minValue() != m_exactFrom || interval.maxValue() != m_exactTo)) {
+        updateExactCurves();
+        scheduleReplot();
+    }
     m_settingScales = false;
 }
 
@@ -387,69 +504,7 @@ bool CurvePlotStack::exportTo(const QString &path, const QSize &size, int quanti
     }
     if (plots.isEmpty() || size.isEmpty())
         return false;
-    const auto render = [&plots](QPainter &painter, const QRectF &area) {
-        // A line that names the curves, then the plots one below the other.
-        const QFontMetricsF metrics(painter.font());
-        const double legendHeight = metrics.height() * 1.6;
-        double x = area.left() + metrics.height();
-        for (const QwtPlotCurve *curve : { plots.first()->calculatedCurve(), plots.first()->storedCurve() }) {
-            if (!curve->isVisible())
-                continue;
-            const QRectF swatch(x, area.top() + legendHeight / 2 - 2, metrics.height() * 1.5, 4);
-            painter.fillRect(swatch, curve->pen().color());
-            x = swatch.right() + metrics.height() * 0.4;
-            const QString title = curve->title().text();
-            painter.setPen(Qt::black);
-            painter.drawText(QPointF(x, area.top() + (legendHeight + metrics.ascent() - metrics.descent()) / 2), title);
-            x += metrics.horizontalAdvance(title) + metrics.height() * 1.5;
-        }
-        QwtPlotRenderer renderer;
-        const double height = (area.height() - legendHeight) / plots.size();
-        for (int i = 0; i < plots.size(); ++i)
-            renderer.render(plots.at(i), &painter,
-                            QRectF(area.left(), area.top() + legendHeight + i * height, area.width(), height));
-    };
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    const QRectF area(QPointF(0.0, 0.0), QSizeF(size));
-    // Rendered into memory first, then written whole or not at all: an
-    // existing picture stays until the new one is complete, also on a full disk.
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (suffix == QLatin1String("svg")) {
-        QSvgGenerator generator;
-        generator.setOutputDevice(&buffer);
-        generator.setSize(size);
-        generator.setViewBox(area);
-        QPainter painter;
-        if (!painter.begin(&generator))
-            return false;
-        render(painter, area);
-        if (!painter.end())
-            return false;
-    } else if (suffix == QLatin1String("pdf")) {
-        QPdfWriter writer(&buffer);
-        // One point per pixel, the page the size of the picture.
-        writer.setResolution(72);
-        writer.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
-        writer.setPageMargins(QMarginsF());
-        QPainter painter;
-        if (!painter.begin(&writer))
-            return false;
-        render(painter, QRectF(painter.viewport()));
-        if (!painter.end())
-            return false;
-    } else {
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        render(painter, area);
-        painter.end();
-        if (!image.save(&buffer, "PNG"))
-            return false;
-    }
-    buffer.close();
-    return VxUtilities::AtomicFileWriter::write(path, bytes, errorString);
+    return PlotExport::write(plots, path, size, errorString);
 }
 
 void CurvePlotStack::exportPlots()
@@ -516,7 +571,21 @@ void CurvePlotStack::insertPoint()
         : position->invTransform(QwtPlot::yLeft, m_menuPosition.y());
     if (m_parameterModel)
         slave = m_parameterModel->roundSlave(slave);
-    m_editing->add(this, master, slave, m_editing->typeBefore(master));
+    PointInsertion::Choice choice = PointInsertion::choose(*m_editorModel, master, slave);
+    if (!m_editing->add(this, *choice.point))
+        return;
+    m_lastInsertDeviation = choice.deviation;
+    if (m_selection)
+        m_selection->setCurrent(m_editorModel->camDescription()->pointAt(master));
+    auto *mainWindow = qobject_cast<QMainWindow *>(window());
+    if (mainWindow && !std::isnan(choice.deviation)) {
+        const QString unit = m_parameterModel ? m_parameterModel->slaveUnit() : QString();
+        mainWindow->statusBar()->showMessage(
+            tr("Bewegungspunkt eingefügt (%1); größte Positionsänderung der Kurve: %2 %3")
+                .arg(choice.point->typeDisplayName(), QLocale().toString(choice.deviation, 'g', 3), unit)
+                .trimmed(),
+            StatusTimeout);
+    }
 }
 
 void CurvePlotStack::removePoint()

@@ -12,6 +12,9 @@ class MeasuringTool;
 class MotionPointDragger;
 class MotionPointEditing;
 class ParameterModel;
+class PointSelection;
+class SectionWarnings;
+class WarningBands;
 class QAction;
 class QUndoStack;
 class QwtPlotCurve;
@@ -47,6 +50,17 @@ public:
     // One legend for the stack: its entries show or hide the calculated and
     // the stored curve in every plot.
     QWidget *legend() const { return m_legend; }
+    // With "Zykluszeit" the master axis reads in seconds: the seconds one
+    // master unit stands for (cycle time / master range), else 0.
+    double secondsPerMaster() const;
+    QString masterAxisUnit() const;
+    // The ring around the current point's marker in a plot.
+    QwtPlotCurve *highlight(CurvePlot::Quantity quantity) const { return m_highlights[quantity]; }
+    // The largest slave position change of the last insert from the
+    // context menu; NaN before one.
+    double lastInsertDeviation() const { return m_lastInsertDeviation; }
+    // The warning bands and joint lines drawn, summed over the plots.
+    int warningMarkCount() const;
     void setCurvesVisible(bool calculated, bool visible);
 
     // Renders the visible plots stacked (or the one given) as shown, into a
@@ -74,6 +88,9 @@ private:
     // Every text set here, again after a change of language.
     void retranslate();
     void updateMarkers();
+    void updateHighlight();
+    // The calculated derivatives, from the plan at the shown resolution.
+    void updateExactCurves();
     void updateScales();
     void alignAxes();
     void onMasterAxisChanged(CurvePlot *source);
@@ -85,6 +102,10 @@ private:
     QPointer<ParameterModel> m_parameterModel;
     CurvePlot *m_plots[CurvePlot::QuantityCount];
     QwtPlotCurve *m_markers[5];
+    QwtPlotCurve *m_highlights[CurvePlot::QuantityCount];
+    // The master range the calculated derivatives were last evaluated over.
+    double m_exactFrom = 0.0;
+    double m_exactTo = 0.0;
     QWidget *m_legend;
     MotionPointDragger *m_dragger;
     QAction *m_wholeCurveAction;
@@ -92,6 +113,10 @@ private:
     QAction *m_insertPointAction;
     QAction *m_removePointAction;
     std::unique_ptr<MotionPointEditing> m_editing;
+    QPointer<PointSelection> m_selection;
+    QPointer<SectionWarnings> m_warnings;
+    std::unique_ptr<WarningBands> m_warningBands;
+    double m_lastInsertDeviation;
     MeasuringTool *m_measuring = nullptr;
     // Where the context menu was opened on the position plot's canvas.
     QPoint m_menuPosition;

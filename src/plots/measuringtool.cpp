@@ -23,6 +23,10 @@ namespace {
 const QColor CursorColors[MeasuringTool::CursorCount] = { QColor(0xd9, 0x5f, 0x02), QColor(0x75, 0x4f, 0xb0) };
 // Derivatives span many magnitudes: significant digits, not decimals.
 constexpr int DerivativeDigits = 6;
+// The row of the time the master positions stand for, and its decimals (as
+// the cycle time's own).
+constexpr int TimeRow = -2;
+constexpr int TimeDecimals = 4;
 
 } // namespace
 
@@ -184,8 +188,10 @@ QString MeasuringTool::format(int quantity, double value) const
 {
     if (std::isnan(value))
         return QStringLiteral("–");
-    if (!m_parameterModel)
+    if (!m_parameterModel && quantity != TimeRow)
         return QString::number(value, 'g', DerivativeDigits);
+    if (quantity == TimeRow)
+        return QString::number(value, 'f', TimeDecimals);
     if (quantity < 0)
         return QString::number(value, 'f', m_parameterModel->masterDecimalPlaces());
     if (quantity == CurvePlot::Position)
@@ -217,6 +223,9 @@ QString MeasuringTool::tableText() const
     const double first = m_masters[0];
     const double second = m_masters[1];
     html += row(withUnit(tr("Master"), m_parameterModel ? m_parameterModel->masterUnit() : QString()), -1, first, second);
+    // With a cycle time the master axis reads in seconds, and so does the box.
+    if (const double seconds = m_stack->secondsPerMaster())
+        html += row(withUnit(tr("Zeit"), m_stack->masterAxisUnit()), TimeRow, first * seconds, second * seconds);
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         const CurvePlot *plot = m_stack->plot(CurvePlot::Quantity(quantity));
         if (plot->isHidden())

@@ -8,11 +8,13 @@
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "parameters/parametermodel.h"
+#include "pointselection.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QUndoStack>
 
+#include <qwt_plot_picker.h>
 #include <qwt_scale_map.h>
 
 #include <algorithm>
@@ -99,6 +101,11 @@ bool MotionPointDragger::press(const QPoint &position)
     if (description->isCyclic())
         m_highest = std::min(m_highest, description->circularLength());
     m_plot->canvas()->setFocus(Qt::MouseFocusReason);
+    // The pressed point is the current one, and no hover label covers it
+    // while it moves.
+    if (PointSelection *selection = PointSelection::of(m_editorModel))
+        selection->setCurrent(m_point);
+    m_plot->tracker()->setTrackerMode(QwtPicker::AlwaysOff);
     m_editorModel->beginCoarseSteps();
     return true;
 }
@@ -155,6 +162,12 @@ void MotionPointDragger::cancel()
 
 void MotionPointDragger::finish()
 {
+    // The dragged point stays the current one (made so by the press).
+    if (m_point && m_editorModel) {
+        if (PointSelection *selection = PointSelection::of(m_editorModel))
+            selection->setCurrent(m_point);
+    }
+    m_plot->tracker()->setTrackerMode(QwtPicker::AlwaysOn);
     m_point = nullptr;
     if (m_editorModel)
         m_editorModel->endCoarseSteps();

@@ -7,11 +7,25 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/cursoroverlay.cpp
     ${CMAKE_CURRENT_LIST_DIR}/densecurve.h
     ${CMAKE_CURRENT_LIST_DIR}/densecurve.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/exactcurve.h
+    ${CMAKE_CURRENT_LIST_DIR}/exactcurve.cpp
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.h
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.cpp
     ${CMAKE_CURRENT_LIST_DIR}/plainscaledraw.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotexport.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotexport.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/pointinsertion.h
+    ${CMAKE_CURRENT_LIST_DIR}/pointinsertion.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/pointselection.h
+    ${CMAKE_CURRENT_LIST_DIR}/pointselection.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/sectionwarnings.h
+    ${CMAKE_CURRENT_LIST_DIR}/sectionwarnings.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/timemasteraxis.h
+    ${CMAKE_CURRENT_LIST_DIR}/warningbands.h
+    ${CMAKE_CURRENT_LIST_DIR}/warningbands.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/timemasteraxis.cpp
     ${CMAKE_CURRENT_LIST_DIR}/previewview.h
     ${CMAKE_CURRENT_LIST_DIR}/previewview.cpp
 )

@@ -25,6 +25,8 @@ namespace {
 // Significant digits of derivatives, coefficients and errors: enough to
 // compare sections, not so many that the columns grow wide.
 constexpr int SignificantDigits = 5;
+// Times as the cycle time itself shows them.
+constexpr int TimeDecimals = 4;
 constexpr int CoefficientDecimals = 4;
 // Milliseconds of quiet after an edit before the sampling limit is searched.
 
@@ -241,7 +243,15 @@ void CurveReportView::findSamplingLimit()
 QString CurveReportView::master(double value) const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
-    return scaling ? scaling->masterPositionToText(value) : DecimalText::toString(value);
+    const QString text = scaling ? scaling->masterPositionToText(value) : DecimalText::toString(value);
+    // With a cycle time the plots read in seconds: the time beside the
+    // position, which still names the motion point.
+    const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
+    if (!scaling || !plan || scaling->masterAxisScaling() != Scaling::CycleTime || !(plan->masterRange() > 0.0))
+        return text;
+    const double seconds = value * scaling->cycleTime() / plan->masterRange();
+    return QStringLiteral("%1 (%2 %3)")
+        .arg(text, DecimalText::toString(seconds, 'f', TimeDecimals), Scaling::timeUnitName(Scaling::Seconds));
 }
 
 QString CurveReportView::slave(double value) const

@@ -11,6 +11,7 @@
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
+#include "plots/pointselection.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -151,7 +152,22 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
             selectRow(current.row());
     });
     connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
+    // A point made current elsewhere (a marker pressed, dragged or inserted
+    // in a plot) selects its row.
+    PointSelection *selection = PointSelection::of(editorModel);
+    const auto follow = [this, selection] {
+        if (m_announcing)
+            return;
+        const int row = selection->current() ? m_editing->editorModel()->rowOfMotionPoint(selection->current()) : -1;
+        if (row >= 0 && row != currentRow())
+            selectRow(row);
+    };
+    if (selection)
+        connect(selection, &PointSelection::currentChanged, this, follow);
     retranslate();
+    // A reopened editor shows the point the plots still ring.
+    if (selection)
+        follow();
 }
 
 void MotionPlanTreeEditor::changeEvent(QEvent *event)
@@ -246,7 +262,15 @@ void MotionPlanTreeEditor::refresh()
 
 void MotionPlanTreeEditor::onCurrentChanged(const QModelIndex &current)
 {
-    m_pointEdit->setPoint(current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr);
+    MotionPoint *point = current.isValid() ? m_editing->editorModel()->motionPointAt(current.row()) : nullptr;
+    m_pointEdit->setPoint(point);
+    // The table's own change comes back from the selection: not taken as a
+    // request to select again (the click is still placing its index).
+    if (PointSelection *selection = PointSelection::of(m_editing->editorModel())) {
+        m_announcing = true;
+        selection->setCurrent(point);
+        m_announcing = false;
+    }
     m_remove->setEnabled(current.isValid());
     m_removeAction->setEnabled(current.isValid());
 }

@@ -79,4 +79,6 @@ private:
     // The selected point's master across a reset of all rows (a load).
     double m_selectedMaster = 0.0;
     bool m_hadSelection = false;
+    // Set while the table tells the shared selection its own change.
+    bool m_announcing = false;
 };

@@ -160,6 +160,13 @@ bool MotionPointEditing::edit(QWidget *parent, MotionPoint *point, double master
 
 bool MotionPointEditing::add(QWidget *parent, double master, double slave, int type) const
 {
+    return add(parent, MotionPoint(master, slave, MotionPoint::movementRules(type)));
+}
+
+bool MotionPointEditing::add(QWidget *parent, const MotionPoint &point) const
+{
+    const double master = point.master();
+    const double slave = point.slave();
     if (!m_editorModel || !m_undoStack || !checkMaster(parent, master) || !checkSlave(parent, slave)
         || !checkCycle(parent, master))
         return false;
@@ -170,8 +177,7 @@ bool MotionPointEditing::add(QWidget *parent, double master, double slave, int t
         AddMotionPointCommand::showMasterTaken(parent, master);
         return false;
     }
-    m_undoStack->push(new AddMotionPointCommand(
-        description, new MotionPoint(master, slave, MotionPoint::movementRules(type))));
+    m_undoStack->push(new AddMotionPointCommand(description, new MotionPoint(point)));
     return true;
 }
 

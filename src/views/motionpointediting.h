@@ -48,6 +48,8 @@ public:
     bool edit(QWidget *parent, MotionPoint *point, double master, double slave, int type) const;
     // One AddMotionPointCommand; the point's master when it was added.
     bool add(QWidget *parent, double master, double slave, int type) const;
+    // The same for a point with its section (law, set velocity) as given.
+    bool add(QWidget *parent, const MotionPoint &point) const;
     bool remove(MotionPoint *point) const;
 
     // Where "Hinzufügen" puts a point after the given row (-1: after the

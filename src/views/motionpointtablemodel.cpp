@@ -23,6 +23,12 @@
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "parameters/parametermodel.h"
+#include "plots/sectionwarnings.h"
+
+namespace {
+// The row of a point whose section or joint is wrong.
+const QColor WarningBackground(0xff, 0xe0, 0xe0);
+} // namespace
 
 MotionPointTableModel::MotionPointTableModel(const MotionPointEditing *editing, QWidget *messageParent,
                                              QObject *parent)
@@ -30,9 +36,14 @@ MotionPointTableModel::MotionPointTableModel(const MotionPointEditing *editing, 
     , m_editing(editing)
     , m_editorModel(editing->editorModel())
     , m_messageParent(messageParent)
+    , m_warnings(SectionWarnings::of(m_editorModel, editing->parameterModel()))
 {
     if (!m_editorModel)
         return;
+    connect(m_warnings, &SectionWarnings::changed, this, [this] {
+        if (rowCount() > 0)
+            emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+    });
     using Description = CamDescriptionImplementation;
     Description *d = m_editorModel->camDescription();
     connect(d, &Description::pointsAboutToBeInserted, this, [this](int f, int l) { beginInsertRows({}, f, l); });
@@ -180,6 +191,16 @@ QVariant MotionPointTableModel::data(const QModelIndex &index, int role) const
         return QVariant();
     const MotionPoint *point = m_editorModel->motionPointAt(index.row());
     const Scaling *scaling = m_editorModel->scaling();
+    // A section or joint that is wrong shows at its start point's row.
+    const QString warning = m_warnings && !m_editing->isBeyondCycle(point->master()) ? m_warnings->textForRow(index.row()) : QString();
+    if (!warning.isEmpty()) {
+        if (role == Qt::ToolTipRole)
+            return warning;
+        if (role == Qt::DecorationRole && index.column() == MasterColumn)
+            return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+        if (role == Qt::BackgroundRole)
+            return WarningBackground;
+    }
     if (index.column() >= LawColumn)
         return sectionData(index, role);
     if (role == TableClipboard::CopyRole) {

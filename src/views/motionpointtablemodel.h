@@ -5,6 +5,7 @@
 
 class CamEditorModel;
 class MotionPointEditing;
+class SectionWarnings;
 class QWidget;
 
 // The motion points as table rows in ascending master order, mapped one to
@@ -40,4 +41,5 @@ private:
     const MotionPointEditing *m_editing;
     QPointer<CamEditorModel> m_editorModel;
     QPointer<QWidget> m_messageParent;
+    QPointer<SectionWarnings> m_warnings;
 };

@@ -15,6 +15,7 @@
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
 #include "parameterelementlist.h"
+#include "plots/curveplotstack.h"
 #include "plots/previewview.h"
 #include "views/camsettingsview.h"
 #include "views/comparisontablemodel.h"
@@ -63,6 +64,10 @@ QString RandomUser::panelProblem() const
     if (row >= 0 && row < count) {
         const MotionPoint *point = model->motionPointAt(row);
         expect(fields->point() == point, QStringLiteral("the point fields show another point than row %1").arg(row));
+        // Table and plots show one selection: the row's marker is ringed.
+        const QwtPlotCurve *ring = m_plots->highlight(CurvePlot::Position);
+        expect(ring->dataSize() == 1 && ring->sample(0) == point->position(),
+               QStringLiteral("the plots do not ring the point of row %1").arg(row));
         expect(fields->masterEdit()->text() == masterText(point->master())
                    && fields->slaveEdit()->text() == slaveText(point->slave()),
                QStringLiteral("the point fields show %1 %2 for row %3")

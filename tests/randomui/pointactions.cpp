@@ -3,6 +3,7 @@
 #include "userinput.h"
 #include "userterms.h"
 
+#include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
@@ -14,6 +15,9 @@
 #include "views/positionlineedit.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTreeView>
@@ -255,5 +259,55 @@ bool RandomUser::dragPoint()
         m_outcome.text = editText(from, point->type(), master, slave, point->type());
     }
     QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
+    return true;
+}
+
+// "Bewegungspunkt hier einfügen" from the position plot's context menu, at
+// a pixel between the first and the last point: the point goes onto the
+// curve, and its row becomes the selected one.
+bool RandomUser::insertOnCurve()
+{
+    const CamEditorModel *model = m_editor.implementation()->editorModel();
+    const int count = model->motionPointCount();
+    CurvePlot *plot = m_plots->plot(CurvePlot::Position);
+    if (count < 2 || !plot->isVisible() || !model->motionPlan())
+        return false;
+    m_plots->replotNow();
+    QWidget *canvas = plot->canvas();
+    const QPoint at(2 + pick(canvas->width() - 4), 2 + pick(canvas->height() - 4));
+    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
+    const double master = rounded(plot->invTransform(QwtPlot::xBottom, at.x()), parameters->masterDecimalPlaces());
+    if (!(master > model->motionPointAt(0)->master() && master < model->motionPointAt(count - 1)->master())
+        || model->camDescription()->pointAt(master) || beyondCycle(master))
+        return false;
+    const double slave = rounded(model->motionPlan()->position(master), parameters->slaveDecimalPlaces());
+    if (slave < PositionMinimum || slave > PositionMaximum || master < PositionMinimum || master > PositionMaximum)
+        return false;
+    m_log << QStringLiteral("insert on the curve at pixel %1,%2").arg(at.x()).arg(at.y());
+    m_outcome.kind = Outcome::Pushed;
+    m_outcome.text = QStringLiteral("Füge Bewegungspunkt [%1,%2] hinzu")
+                         .arg(QString::number(master, 'g', 6), QString::number(slave, 'g', 6));
+    bool chosen = false;
+    QTimer::singleShot(0, canvas, [&chosen] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        for (QAction *action : menu->actions()) {
+            if (action->text() == QStringLiteral("Bewegungspunkt hier einfügen") && action->isEnabled()) {
+                menu->setActiveAction(action);
+                chosen = true;
+            }
+        }
+        QTest::keyClick(menu, chosen ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, canvas->mapToGlobal(at));
+    QApplication::sendEvent(canvas, &event);
+    if (!chosen) {
+        m_actionProblem = QStringLiteral("the context menu offered no insert");
+        return true;
+    }
+    const MotionPoint *inserted = model->camDescription()->pointAt(master);
+    if (!inserted || m_tree->currentRow() != model->rowOfMotionPoint(inserted))
+        m_actionProblem = QStringLiteral("the point inserted at %1 is not the selected row").arg(master);
     return true;
 }

@@ -151,6 +151,7 @@ void RandomUser::step()
         { &RandomUser::editResolution, 3 },   { &RandomUser::editStepSize, 3 },      { &RandomUser::chooseScaling, 4 },
         { &RandomUser::editCycleTime, 3 },    { &RandomUser::undoOrRedo, 16 },       { &RandomUser::writeToDrive, 3 },
         { &RandomUser::importCurveFile, 2 },  { &RandomUser::closeAndReopen, 1 },   { &RandomUser::changeLanguage, 1 },
+        { &RandomUser::insertOnCurve, 6 },
     };
     int total = 0;
     for (const auto &entry : actions)

@@ -69,6 +69,7 @@ private:
     bool editCell();
     bool editPointFields();
     bool dragPoint();
+    bool insertOnCurve();
     bool switchLaw();
     bool toggleCyclic();
     bool editCircularLength();

@@ -115,9 +115,9 @@ void tst_PlotEditing::insertFromContextMenu_data()
     QTest::addColumn<qint64>("masterLimit");
     QTest::addColumn<double>("circularLength");  // 0: not cyclic
     QTest::addColumn<QString>("refusal");
-    // The segment type continues the point before.
-    QTest::newRow("after a rest") << 45.0 << int(MotionPoint::rest) << qint64(0) << 0.0 << "";
-    QTest::newRow("after a speed") << 135.0 << int(MotionPoint::speed) << qint64(0) << 0.0 << "";
+    // The segment type is the one that keeps the curve best (tst_linkedviews).
+    QTest::newRow("after a rest") << 45.0 << int(MotionPoint::acceleration) << qint64(0) << 0.0 << "";
+    QTest::newRow("after a speed") << 135.0 << int(MotionPoint::acceleration) << qint64(0) << 0.0 << "";
     // The drive takes master positions up to 100.000: refused with the panels' box.
     QTest::newRow("beyond the master limit") << 135.0 << -1 << qint64(100000) << 0.0
                                              << "Master-Position außerhalb der Grenzen";

@@ -565,12 +565,16 @@ difference</translation>
         <translation>Master</translation>
     </message>
     <message>
-        <source>Master [%1]</source>
-        <translation>Master [%1]</translation>
-    </message>
-    <message>
         <source>Master: %1</source>
         <translation>Master: %1</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Zeit: %1 s</source>
+        <translation>Time: %1 s</translation>
     </message>
 </context>
 <context>
@@ -610,6 +614,10 @@ difference</translation>
     <message>
         <source>Bewegungspunkt entfernen</source>
         <translation>Remove motion point</translation>
+    </message>
+    <message>
+        <source>Bewegungspunkt eingefügt (%1); größte Positionsänderung der Kurve: %2 %3</source>
+        <translation>Motion point inserted (%1); largest position change of the curve: %2 %3</translation>
     </message>
 </context>
 <context>
@@ -1086,6 +1094,10 @@ at %2</translation>
     <message>
         <source>Ein weiterer Klick setzt Cursor 2.</source>
         <translation>Another click places cursor 2.</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
     </message>
 </context>
 <context>
@@ -1574,6 +1586,37 @@ Jerk: %3</translation>
     <message>
         <source>Die zyklische Kurvenscheibe ist an der Nahtstelle bei der Master-Position %1 nicht stetig: %2. Der Antrieb durchfährt diesen Sprung in jedem Zyklus. Trotzdem in die Parameter schreiben?</source>
         <translation>The cyclic cam is not continuous at the seam at master position %1: %2. The drive runs through this jump in every cycle. Write it into the parameters anyway?</translation>
+    </message>
+</context>
+<context>
+    <name>SectionWarnings</name>
+    <message>
+        <source>Position</source>
+        <translation>position</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>velocity</translation>
+    </message>
+    <message>
+        <source>Beschleunigung</source>
+        <translation>acceleration</translation>
+    </message>
+    <message>
+        <source>Die Nahtstelle bei %1 springt in der %2.</source>
+        <translation>The seam at %1 jumps in %2.</translation>
+    </message>
+    <message>
+        <source>Der Übergang bei %1 springt in der %2.</source>
+        <translation>The joint at %1 jumps in %2.</translation>
+    </message>
+    <message>
+        <source>Das Bewegungsgesetz „%1“ ist hier nicht anwendbar; berechnet mit „%2“.</source>
+        <translation>The motion law &quot;%1&quot; does not apply here; calculated with &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Die Kurve verlässt hier die Grenzen des Antriebs: %1</source>
+        <translation>The curve leaves the drive&apos;s limits here: %1</translation>
     </message>
 </context>
 <context>
