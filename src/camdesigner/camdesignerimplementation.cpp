@@ -65,6 +65,17 @@ bool CamDesigner::installTranslator(const QLocale &locale)
     }
 }
 
+quint32 CamDesigner::storedTableCrc(MxParameterInstance::ParameterContainer *container,
+                                    MxParameterDefinition::eLivingSpace livingSpace, unsigned short camTable)
+{
+    try {
+        return ParameterModelImplementation::storedTableCrc(container, livingSpace, camTable);
+    } catch (...) {
+        // No exception crosses into the host; a failed computation gives 0.
+        return 0;
+    }
+}
+
 CamDesignerImplementation::CamDesignerImplementation(QObject *parent, unsigned short camTable)
     : CamDesigner(parent)
     , m_camTable(camTable)
