@@ -2,8 +2,8 @@
 
 #include "driveproject.h"
 
-#include <camdesigner/filedialog.h>
-#include <camdesigner/messagebox.h>
+#include "filedialog.h"
+#include "messagebox.h"
 
 #include <QDialogButtonBox>
 #include <QFileInfo>

@@ -2,14 +2,17 @@
 
 #include "mxcamdesigner_export.h"
 
-#include <parameterdefinition.h>
-
 #include <QObject>
 
 class CamDescription;
 class QLocale;
 class QWidget;
 
+namespace MxParameterDefinition {
+// As the host suite's parameterdefinition.h declares it: the header needs
+// nothing else of the suite.
+using eLivingSpace = int;
+}
 namespace MxParameterInstance {
 class ParameterContainer;
 }
