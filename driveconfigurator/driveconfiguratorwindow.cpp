@@ -22,6 +22,7 @@
 #include <QLibraryInfo>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
 #include <QStatusBar>
@@ -51,7 +52,9 @@ DriveConfiguratorWindow::DriveConfiguratorWindow(QWidget *parent)
     setProject(std::make_unique<DriveProject>());
     setLanguage(storedLanguage());
     retranslate();
-    resize(1400, 900);
+    // The page's size where the screen has room, else the screen's.
+    const QSize wanted(1400, 900);
+    resize(screen() ? wanted.boundedTo(screen()->availableGeometry().size()) : wanted);
 }
 
 // The page goes first: its designers delete their editors while the drive lives.

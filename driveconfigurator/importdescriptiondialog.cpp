@@ -5,6 +5,8 @@
 #include "filedialog.h"
 #include "messagebox.h"
 
+#include <camdesigner/camdescription.h>
+
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -64,8 +66,9 @@ void ImportDescriptionDialog::showProject(const QVector<QJsonObject> &descriptio
         const int points = description.value(QStringLiteral("MotionPoints")).toArray().size();
         if (table == excludedTable || points == 0)
             continue;
-        // The law keeps its data name ("Vdi2142", "Spline"), as the editor shows it.
-        const QString law = description.value(QStringLiteral("MotionLaw")).toString(QStringLiteral("Vdi2142"));
+        // The law by the name the editor shows for it.
+        const QString law = CamDescription::motionLawDisplayName(
+            description.value(QStringLiteral("MotionLaw")).toString(QStringLiteral("Vdi2142")));
         const QString text = description.value(QStringLiteral("Cyclic")).toBool()
             ? tr("Kurvenscheibe %1: %2 Bewegungspunkte, %3, zyklisch").arg(table).arg(points).arg(law)
             : tr("Kurvenscheibe %1: %2 Bewegungspunkte, %3").arg(table).arg(points).arg(law);

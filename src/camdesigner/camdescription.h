@@ -20,6 +20,10 @@ public:
     // A new cam description filled from Qt 5 binary JSON bytes. Never fails:
     // empty or invalid bytes give the defaults.
     static CamDescription *createCamDescription(QObject *parent, const QByteArray &data);
+    // The name the editor shows for a motion law's data name ("Vdi2142",
+    // "Spline"), in the installed language; an unknown name is read as the
+    // editor reads it on loading.
+    static QString motionLawDisplayName(const QString &dataName);
 
     virtual bool differs(const CamDescription *other) const = 0;
     virtual void loadWithUndo(const QJsonObject &data, QString name) = 0;

@@ -3,9 +3,11 @@
 #include "camdatafile.h"
 #include "commands/loadnewmotionplancommand.h"
 #include "model/jsondifference.h"
+#include "model/motionlaw.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonValue>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -26,6 +28,13 @@ const char SummaryTemplate[] =
     "<p>\tBewegungspunkte: %SumMotionPoints%</p><p><br/></p></body></html>";
 
 } // namespace
+
+QString CamDescription::motionLawDisplayName(const QString &dataName)
+{
+    MotionLaw law;
+    law.setFromData(QJsonValue(dataName));
+    return MotionLaw::displayName(law.law());
+}
 
 CamDescription *CamDescription::createCamDescription(QObject *parent, const QByteArray &data)
 {

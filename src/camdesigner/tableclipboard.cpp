@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QClipboard>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QStringList>
@@ -73,9 +74,34 @@ void TableClipboard::copy(const QAbstractItemView *view)
     QGuiApplication::clipboard()->setText(rowsAsText(view));
 }
 
+namespace {
+
+// Gives the copy action its text again when the view's language changes.
+class CopyActionTranslator : public QObject
+{
+public:
+    explicit CopyActionTranslator(QAction *action)
+        : QObject(action)
+        , m_action(action)
+    {
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::LanguageChange)
+            m_action->setText(TableClipboard::tr("Kopieren"));
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QAction *m_action;
+};
+
+} // namespace
+
 QAction *TableClipboard::addCopyAction(QAbstractItemView *view)
 {
     auto *action = new QAction(tr("Kopieren"), view);
+    view->installEventFilter(new CopyActionTranslator(action));
     action->setObjectName(QStringLiteral("copyRowsAction"));
     action->setShortcut(QKeySequence::Copy);
     action->setShortcutContext(Qt::WidgetShortcut);

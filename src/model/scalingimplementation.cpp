@@ -1,9 +1,8 @@
 #include "scalingimplementation.h"
 
+#include "decimaltext.h"
 #include "parameters/parametermodel.h"
 #include "parameterinstance.h"
-
-#include <QLocale>
 
 #include <cmath>
 
@@ -69,12 +68,20 @@ QString ScalingImplementation::slavePositionToText(double position) const
 
 double ScalingImplementation::masterTextToPosition(const QString &text) const
 {
-    return m_parameterModel ? m_parameterModel->masterTextToValue(text) : text.toDouble();
+    if (m_parameterModel)
+        return m_parameterModel->masterTextToValue(text);
+    double value = 0.0;
+    DecimalText::parse(text, &value);
+    return value;
 }
 
 double ScalingImplementation::slaveTextToPosition(const QString &text) const
 {
-    return m_parameterModel ? m_parameterModel->slaveTextToValue(text) : text.toDouble();
+    if (m_parameterModel)
+        return m_parameterModel->slaveTextToValue(text);
+    double value = 0.0;
+    DecimalText::parse(text, &value);
+    return value;
 }
 
 QString ScalingImplementation::masterUnit() const
@@ -157,10 +164,8 @@ double ScalingImplementation::axisNumber(const char *coordinate) const
     if (!m_container)
         return invalid;
     QString text = m_container->readValue(m_livingSpace, MxParameterDefinition::ParameterCoordinate(QLatin1String(coordinate)), 0);
-    text.replace(QLocale::system().decimalPoint(), QLatin1Char('.'));
-    bool ok = false;
-    const double value = text.toDouble(&ok);
-    return ok && value > 0.0 ? value : invalid;
+    double value = 0.0;
+    return DecimalText::parse(text, &value) && value > 0.0 ? value : invalid;
 }
 
 double ScalingImplementation::slaveUnitsPerRevolution() const

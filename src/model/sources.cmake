@@ -1,6 +1,8 @@
 target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/cameditormodel.h
     ${CMAKE_CURRENT_LIST_DIR}/cameditormodel.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/decimaltext.h
+    ${CMAKE_CURRENT_LIST_DIR}/decimaltext.cpp
     ${CMAKE_CURRENT_LIST_DIR}/jsondifference.h
     ${CMAKE_CURRENT_LIST_DIR}/jsondifference.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionlaw.h

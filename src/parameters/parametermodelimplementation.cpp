@@ -3,6 +3,7 @@
 #include "saveparameterprogress.h"
 
 #include "curves/positionrounding.h"
+#include "model/decimaltext.h"
 
 #include "parameterinstance.h"
 
@@ -31,7 +32,10 @@ double textToValue(QString text, const QString &unit)
 {
     if (!unit.isEmpty())
         text.remove(unit, Qt::CaseSensitive);
-    return text.replace(QLocale::system().decimalPoint(), QLatin1Char('.')).toDouble();
+    // The drive's own texts and the user's are read alike; no number is 0.
+    double value = 0.0;
+    DecimalText::parse(text, &value);
+    return value;
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 
 #include "densecurve.h"
 
+#include "plainscaledraw.h"
+
+#include <QEvent>
 #include <QPen>
 
 #include <qwt_picker_machine.h>
@@ -98,6 +101,8 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
     // The stored table changes seldom; the calculated curve with every edit
     // and every step of a drag.
     static_cast<DenseCurve *>(m_stored)->setKeepsPicture(true);
+    for (int axis : { QwtPlot::xBottom, QwtPlot::yLeft })
+        setAxisScaleDraw(axis, new PlainScaleDraw);
 
     auto *grid = new QwtPlotGrid;
     grid->setMajorPen(QPen(QColor(0xdd, 0xdd, 0xdd), 0.0, Qt::DotLine));
@@ -110,6 +115,15 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
 }
 
 CurvePlot::~CurvePlot() = default;
+
+void CurvePlot::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        m_stored->setTitle(tr("gespeichert"));
+        m_calculated->setTitle(tr("berechnet"));
+    }
+    QwtPlot::changeEvent(event);
+}
 
 QString CurvePlot::symbol() const
 {

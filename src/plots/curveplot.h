@@ -39,6 +39,11 @@ public:
     // NaN outside them or for an empty curve.
     static double valueAt(const QwtPlotCurve *curve, double master);
 
+protected:
+    // The curves' titles follow a change of language; the axis titles are
+    // set anew by the stack's refresh.
+    void changeEvent(QEvent *event) override;
+
 private:
     struct Shown {
         QPolygonF source;

@@ -75,10 +75,10 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     : QWidget(parent)
     , m_editorModel(editorModel)
     , m_parameterModel(parameterModel)
-    , m_wholeCurveAction(new QAction(tr("Ganze Kurve anzeigen"), this))
-    , m_exportAction(new QAction(tr("Exportieren …"), this))
-    , m_insertPointAction(new QAction(tr("Bewegungspunkt hier einfügen"), this))
-    , m_removePointAction(new QAction(tr("Bewegungspunkt entfernen"), this))
+    , m_wholeCurveAction(new QAction(this))
+    , m_exportAction(new QAction(this))
+    , m_insertPointAction(new QAction(this))
+    , m_removePointAction(new QAction(this))
     , m_editing(std::make_unique<MotionPointEditing>(editorModel, parameterModel, undoStack))
 {
     setObjectName(QStringLiteral("curvePlots"));
@@ -132,7 +132,7 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
         QPainter painter(&swatch);
         painter.fillRect(QRect(1, 6, 14, 4), curve->pen().color());
         painter.end();
-        auto *toggle = new QCheckBox(curve->title().text());
+        auto *toggle = new QCheckBox;
         toggle->setObjectName(calculated ? QStringLiteral("calculatedCurveToggle") : QStringLiteral("storedCurveToggle"));
         toggle->setIcon(QIcon(swatch));
         toggle->setChecked(true);
@@ -160,10 +160,33 @@ CurvePlotStack::CurvePlotStack(CamEditorModel *editorModel, ParameterModel *para
     }
     if (parameterModel)
         connect(parameterModel, &ParameterModel::valueChanged, this, &CurvePlotStack::refresh);
-    refresh();
+    retranslate();
 }
 
 CurvePlotStack::~CurvePlotStack() = default;
+
+void CurvePlotStack::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void CurvePlotStack::retranslate()
+{
+    m_wholeCurveAction->setText(tr("Ganze Kurve anzeigen"));
+    m_exportAction->setText(tr("Exportieren …"));
+    m_insertPointAction->setText(tr("Bewegungspunkt hier einfügen"));
+    m_removePointAction->setText(tr("Bewegungspunkt entfernen"));
+    // The stack hears of the change before its plots: the curves' titles
+    // are read from the translation, not from the curves.
+    if (auto *toggle = m_legend->findChild<QCheckBox *>(QStringLiteral("calculatedCurveToggle")))
+        toggle->setText(CurvePlot::tr("berechnet"));
+    if (auto *toggle = m_legend->findChild<QCheckBox *>(QStringLiteral("storedCurveToggle")))
+        toggle->setText(CurvePlot::tr("gespeichert"));
+    m_measuring->retranslate();
+    refresh();
+}
 
 void CurvePlotStack::setPlotVisible(CurvePlot::Quantity quantity, bool visible)
 {

@@ -68,8 +68,11 @@ public slots:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    // Every text set here, again after a change of language.
+    void retranslate();
     void updateMarkers();
     void updateScales();
     void alignAxes();

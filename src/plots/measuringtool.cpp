@@ -31,12 +31,12 @@ MeasuringTool::MeasuringTool(CurvePlotStack *stack, CamEditorModel *editorModel,
     , m_stack(stack)
     , m_editorModel(editorModel)
     , m_parameterModel(parameterModel)
-    , m_action(new QAction(QIcon(QStringLiteral(":/Resources/measure.png")), tr("Messen"), this))
+    , m_action(new QAction(QIcon(QStringLiteral(":/Resources/measure.png")), QString(), this))
     , m_label(new QLabel)
 {
     m_action->setObjectName(QStringLiteral("measureAction"));
     m_action->setCheckable(true);
-    m_action->setToolTip(tr("Messen: zwei Cursor per Klick setzen, Esc beendet"));
+    retranslate();
     m_label->setObjectName(QStringLiteral("measurementLabel"));
     m_label->setTextFormat(Qt::RichText);
     m_label->setStyleSheet(QStringLiteral("QLabel { background: #fffbe6; border: 1px solid #d8cfa0; padding: 3px; }"));
@@ -59,6 +59,13 @@ MeasuringTool::MeasuringTool(CurvePlotStack *stack, CamEditorModel *editorModel,
 
 // The markers belong to their plots.
 MeasuringTool::~MeasuringTool() = default;
+
+void MeasuringTool::retranslate()
+{
+    m_action->setText(tr("Messen"));
+    m_action->setToolTip(tr("Messen: zwei Cursor per Klick setzen, Esc beendet"));
+    update();
+}
 
 bool MeasuringTool::isActive() const
 {

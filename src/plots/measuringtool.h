@@ -45,6 +45,8 @@ public slots:
     int placeAt(double master);
     // The curves, the scaling or the visible plots changed.
     void update();
+    // The action's texts and the box again, after a change of language.
+    void retranslate();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -7,6 +7,7 @@
 #include "model/cameditormodel.h"
 #include "parameters/parametermodel.h"
 
+#include <QEvent>
 #include <QPen>
 
 #include <qwt_plot_canvas.h>
@@ -151,6 +152,20 @@ void PreviewView::updateScales()
     const double width = bounds.width() > 0.0 ? bounds.width() : 1.0;
     setAxisScale(QwtPlot::xBottom, bounds.left() - 0.02 * width, bounds.right() + 0.02 * width);
     setAxisScale(QwtPlot::yLeft, bounds.top() - 0.08 * height, bounds.bottom() + TopRoom * height);
+}
+
+void PreviewView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        updateLabel();
+        replot();
+    }
+    QwtPlot::changeEvent(event);
+}
+
+QString PreviewView::labelText() const
+{
+    return m_label->text().text();
 }
 
 void PreviewView::updateLabel()

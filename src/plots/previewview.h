@@ -32,6 +32,8 @@ public:
     QSize minimumSizeHint() const override;
 
     const QwtPlotCurve *calculatedCurve() const { return m_calculated; }
+    // The text in the picture's corner: the table, and whether its editor is open.
+    QString labelText() const;
     const QwtPlotCurve *storedCurve() const { return m_stored; }
 
 public slots:
@@ -40,6 +42,9 @@ public slots:
 signals:
     // The curves and the tool-tip text were brought up to date.
     void refreshed();
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 private:
     void updateScales();

@@ -11,6 +11,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/measuringtool.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/plainscaledraw.h
     ${CMAKE_CURRENT_LIST_DIR}/previewview.h
     ${CMAKE_CURRENT_LIST_DIR}/previewview.cpp
 )

@@ -24,13 +24,19 @@
 #include "motionplantreeeditor.h"
 #include "scalingview.h"
 #include "seamquestion.h"
+#include "windowplacement.h"
 
+#include <qtadvanceddocking/DockAreaTabBar.h>
+#include <qtadvanceddocking/DockAreaTitleBar.h>
 #include <qtadvanceddocking/DockAreaWidget.h>
 #include <qtadvanceddocking/DockManager.h>
 #include <qtadvanceddocking/DockWidget.h>
+#include <qtadvanceddocking/DockWidgetTab.h>
 
 #include <QCloseEvent>
+#include <QEvent>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QSettings>
 #include <QToolBar>
@@ -53,6 +59,25 @@ constexpr int LeftAreaShare = 1;
 constexpr int RightAreaShare = 1;
 const char DefaultPathKind[] = "CamDesigner";
 const char InactiveTabRule[] = "ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}";
+
+// In the order of CamDesignerViewImplementation::Dock.
+const struct {
+    const char *title;
+    const char *icon;
+    const char *objectName;
+} DockDefinitions[] = {
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Kurvendefinitionsdaten"), ":/Resources/Movementplan.png",
+      "motionPlanDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Skalierung"), ":/Resources/Scaling.png", "scalingDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Stützstellen berechnet"), ":/Resources/CalculatedTable.png",
+      "calculatedDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Stützstellen Vergleich"), ":/Resources/DeltaTable.png",
+      "comparisonDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Stützstellen Parameter"), ":/Resources/AxisTable.png",
+      "parameterDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Kennwerte"), ":/Resources/CurveReport.png", "reportDock" },
+    { QT_TRANSLATE_NOOP("CamDesignerViewImplementation", "Kurvenscheibe"), ":/Resources/CamView.png", "plotDock" },
+};
 
 } // namespace
 
@@ -91,23 +116,14 @@ CamDesignerViewImplementation::~CamDesignerViewImplementation()
 
 void CamDesignerViewImplementation::createDocks()
 {
-    const struct {
-        const char *title;
-        const char *icon;
-        const char *objectName;
-    } docks[DockCount] = {
-        { QT_TR_NOOP("Kurvendefinitionsdaten"), ":/Resources/Movementplan.png", "motionPlanDock" },
-        { QT_TR_NOOP("Skalierung"), ":/Resources/Scaling.png", "scalingDock" },
-        { QT_TR_NOOP("Stützstellen berechnet"), ":/Resources/CalculatedTable.png", "calculatedDock" },
-        { QT_TR_NOOP("Stützstellen Vergleich"), ":/Resources/DeltaTable.png", "comparisonDock" },
-        { QT_TR_NOOP("Stützstellen Parameter"), ":/Resources/AxisTable.png", "parameterDock" },
-        { QT_TR_NOOP("Kennwerte"), ":/Resources/CurveReport.png", "reportDock" },
-        { QT_TR_NOOP("Kurvenscheibe"), ":/Resources/CamView.png", "plotDock" },
-    };
+    static_assert(sizeof(DockDefinitions) / sizeof(DockDefinitions[0]) == DockCount, "a definition per dock");
     for (int i = 0; i < DockCount; ++i) {
-        auto *dock = new ads::CDockWidget(tr(docks[i].title));
-        dock->setObjectName(QLatin1String(docks[i].objectName));
-        dock->setIcon(QIcon(QLatin1String(docks[i].icon)));
+        auto *dock = new ads::CDockWidget(tr(DockDefinitions[i].title));
+        dock->setObjectName(QLatin1String(DockDefinitions[i].objectName));
+        dock->setIcon(QIcon(QLatin1String(DockDefinitions[i].icon)));
+        // A title cut to "Sk…" names nothing: the tab bar scrolls instead,
+        // and the area's tab menu lists every tab.
+        dock->tabWidget()->setElideMode(Qt::ElideNone);
         m_docks[i] = dock;
     }
 }
@@ -137,7 +153,9 @@ void CamDesignerViewImplementation::arrangeDocks()
     m_writeButton->setObjectName(QStringLiteral("writeButton"));
     connect(m_writeButton, &QPushButton::clicked, this, &CamDesignerViewImplementation::saveParameterValues);
     motionPlanLayout->addWidget(m_writeButton, 0, Qt::AlignRight);
-    m_docks[MotionPlanDock]->setWidget(motionPlan, ads::CDockWidget::ForceNoScrollArea);
+    // In a scroll area: on a small screen the fields scroll instead of
+    // being pressed onto each other.
+    m_docks[MotionPlanDock]->setWidget(motionPlan, ads::CDockWidget::ForceScrollArea);
     if (m_editorModel) {
         m_scalingView = new ScalingView(m_editorModel, m_undoStack.get());
     }
@@ -248,6 +266,8 @@ void CamDesignerViewImplementation::restoreSettings()
         addMissingReportDock();
     restoreGeometry(settings.value(QLatin1String(GeometryKey)).toByteArray());
     restoreState(settings.value(QLatin1String(WindowStateKey)).toByteArray(), WindowStateVersion);
+    // The default size and a saved geometry alike: within the screen.
+    WindowPlacement::fitIntoScreen(this);
     m_gridPointView->restoreState(settings.value(QLatin1String(GridPointViewKey)).toByteArray());
     m_ui->actionShowPositionPlot->setChecked(settings.value(QLatin1String(PositionPlotKey), true).toBool());
     m_ui->actionShowVelocityPlot->setChecked(settings.value(QLatin1String(VelocityPlotKey), true).toBool());
@@ -388,10 +408,9 @@ void CamDesignerViewImplementation::openParameterImportExternDialog()
 void CamDesignerViewImplementation::addGridPointExport()
 {
     // Only reads: stays enabled while the drive is read-only.
-    auto *action = new QAction(QIcon(QStringLiteral(":/Resources/exportGridPointsText.png")),
-                               tr("Stützstellentabelle als Text exportieren"), this);
+    auto *action = new QAction(QIcon(QStringLiteral(":/Resources/exportGridPointsText.png")), QString(), this);
     action->setObjectName(QStringLiteral("actionExportGridPointsText"));
-    action->setStatusTip(tr("Berechnete oder gespeicherte Stützstellen als Textdatei für andere Programme speichern."));
+    retranslateGridPointExport(action);
     m_ui->menuKurve->insertAction(m_ui->actionSaveParameters, action);
     m_ui->toolBarKurve->insertAction(m_ui->actionSaveParameters, action);
     connect(action, &QAction::triggered, this, [this] {
@@ -405,6 +424,12 @@ void CamDesignerViewImplementation::addGridPointExport()
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->open();
     });
+}
+
+void CamDesignerViewImplementation::retranslateGridPointExport(QAction *action)
+{
+    action->setText(tr("Stützstellentabelle als Text exportieren"));
+    action->setStatusTip(tr("Berechnete oder gespeicherte Stützstellen als Textdatei für andere Programme speichern."));
 }
 
 void CamDesignerViewImplementation::resetView()
@@ -487,6 +512,8 @@ void CamDesignerViewImplementation::showEvent(QShowEvent *event)
     if (m_shown)
         return;
     m_shown = true;
+    // Shown, the window may have its frame: the frame fits too.
+    WindowPlacement::fitIntoScreen(this);
     // Splitter sizes take only once the window has its size: the panels and
     // the curves share the width, and that is what "Zurücksetzen" restores.
     // A restored layout is rebuilt once more now that it is shown (its tabs
@@ -494,11 +521,14 @@ void CamDesignerViewImplementation::showEvent(QShowEvent *event)
     // given its split when "Zurücksetzen" restores it, not built here too.
     if (m_layoutRestored) {
         m_dockManager->restoreState(m_dockManager->saveState(DockManagerStateVersion), DockManagerStateVersion);
-        return;
+    } else {
+        m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
+        shareWidthWithPlots();
+        m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
     }
-    m_dockManager->restoreState(m_defaultDockState, DockManagerStateVersion);
-    shareWidthWithPlots();
-    m_defaultDockState = m_dockManager->saveState(DockManagerStateVersion);
+    // Tab bars scroll rather than cut titles: once laid out, each shows its
+    // current tab whole.
+    QMetaObject::invokeMethod(this, &CamDesignerViewImplementation::showCurrentTabs, Qt::QueuedConnection);
 }
 
 void CamDesignerViewImplementation::shareWidthWithPlots()
@@ -509,6 +539,42 @@ void CamDesignerViewImplementation::shareWidthWithPlots()
     const int width = m_dockManager->width();
     m_dockManager->setSplitterSizes(plots, { width * LeftAreaShare / (LeftAreaShare + RightAreaShare),
                                              width * RightAreaShare / (LeftAreaShare + RightAreaShare) });
+}
+
+void CamDesignerViewImplementation::showCurrentTabs()
+{
+    for (ads::CDockWidget *dock : m_docks) {
+        ads::CDockAreaWidget *area = dock->dockAreaWidget();
+        if (area && area->currentDockWidget() == dock)
+            area->titleBar()->tabBar()->ensureWidgetVisible(dock->tabWidget(), 0, 0);
+    }
+}
+
+void CamDesignerViewImplementation::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QMainWindow::changeEvent(event);
+}
+
+void CamDesignerViewImplementation::retranslate()
+{
+    // The generated form would also set its own window title; the host's stays.
+    const QString title = windowTitle();
+    m_ui->retranslateUi(this);
+    setWindowTitle(title);
+    for (int i = 0; i < DockCount; ++i)
+        m_docks[i]->setWindowTitle(tr(DockDefinitions[i].title));
+    if (auto *exportAction = findChild<QAction *>(QStringLiteral("actionExportGridPointsText")))
+        retranslateGridPointExport(exportAction);
+    m_writeButton->setText(m_ui->actionSaveParameters->text());
+    // Headers are read from their models as they are painted; the cached
+    // sizes are measured again.
+    for (QHeaderView *header : findChildren<QHeaderView *>()) {
+        if (header->model())
+            header->headerDataChanged(header->orientation(), 0, header->count() - 1);
+    }
+    checkReadOnly();
 }
 
 void CamDesignerViewImplementation::closeEvent(QCloseEvent *event)

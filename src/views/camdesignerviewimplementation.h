@@ -90,6 +90,7 @@ private slots:
 protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     // The panels and the curves share the window's width.
@@ -107,6 +108,11 @@ private:
     void updateWriteControls();
     // "Stützstellentabelle als Text exportieren", beside the import.
     void addGridPointExport();
+    void retranslateGridPointExport(QAction *action);
+    // Every text set in code, again after a change of language (undo texts
+    // already on the stack keep the language they were made in).
+    void retranslate();
+    void showCurrentTabs();
 
     std::unique_ptr<Ui::CamDesignerView> m_ui;
     std::unique_ptr<Controller> m_undoStack;

@@ -21,6 +21,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -39,18 +40,21 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     : QWidget(parent)
     , m_editing(editing)
     , m_motionLaw(new QComboBox)
-    , m_cyclic(new QCheckBox(tr("Zyklische Kurvenscheibe")))
+    , m_cyclic(new QCheckBox)
     , m_circularLength(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
-    , m_dynamic(new QRadioButton(tr("Dynamisch")))
-    , m_static(new QRadioButton(tr("Statisch")))
+    , m_dynamic(new QRadioButton)
+    , m_static(new QRadioButton)
     , m_resolution(new CountSpinBox)
     , m_stepSize(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
+    , m_gridPointCount(new QLabel)
     , m_warning(new QLabel)
+    , m_lawLabel(new QLabel)
+    , m_stepModeLabel(new QLabel)
+    , m_resolutionLabel(new QLabel)
 {
     for (int index = 0; index < MotionLaw::LawCount; ++index)
-        m_motionLaw->addItem(MotionLaw::displayName(MotionLaw::lawForIndex(index)));
+        m_motionLaw->addItem(QString());
     m_resolution->setRange(MinimumResolution, MaximumResolution);
-    m_resolution->setSuffix(tr(" Punkte"));
     m_resolution->setKeyboardTracking(false);
     m_warning->setWordWrap(true);
     m_warning->setStyleSheet(QStringLiteral("color: #b00000;"));
@@ -58,15 +62,21 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
 
     auto *form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(tr("Bewegungsgesetz:"), m_motionLaw);
+    form->addRow(m_lawLabel, m_motionLaw);
     form->addRow(QString(), m_cyclic);
     form->addRow(new QLabel, m_circularLength);
     auto *mode = new QHBoxLayout;
     mode->addWidget(m_dynamic);
     mode->addWidget(m_static);
     mode->addStretch();
-    form->addRow(tr("Schrittweite:"), mode);
-    form->addRow(tr("Anzahl Stützstellen:"), m_resolution);
+    form->addRow(m_stepModeLabel, mode);
+    // What the settings give, beside what they ask for: the sampling rule
+    // seldom gives exactly the count that is set.
+    m_gridPointCount->setObjectName(QStringLiteral("gridPointCountLabel"));
+    auto *resolution = new QHBoxLayout;
+    resolution->addWidget(m_resolution, 1);
+    resolution->addWidget(m_gridPointCount);
+    form->addRow(m_resolutionLabel, resolution);
     form->addRow(new QLabel, m_stepSize);
     form->addRow(m_warning);
 
@@ -81,6 +91,27 @@ CamSettingsView::CamSettingsView(const MotionPointEditing *editing, QWidget *par
     connect(m_resolution, &CountSpinBox::refused, this, &CamSettingsView::onResolutionRefused);
     connect(m_stepSize, &PositionLineEdit::edited, this, &CamSettingsView::onStepSizeEdited);
     connect(editing->editorModel(), &CamEditorModel::changed, this, &CamSettingsView::refresh);
+    retranslate();
+}
+
+void CamSettingsView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void CamSettingsView::retranslate()
+{
+    for (int index = 0; index < MotionLaw::LawCount; ++index)
+        m_motionLaw->setItemText(index, MotionLaw::displayName(MotionLaw::lawForIndex(index)));
+    m_cyclic->setText(tr("Zyklische Kurvenscheibe"));
+    m_dynamic->setText(tr("Dynamisch"));
+    m_static->setText(tr("Statisch"));
+    m_resolution->setSuffix(tr(" Punkte"));
+    m_lawLabel->setText(tr("Bewegungsgesetz:"));
+    m_stepModeLabel->setText(tr("Schrittweite:"));
+    m_resolutionLabel->setText(tr("Anzahl Stützstellen:"));
     refresh();
 }
 
@@ -110,6 +141,10 @@ void CamSettingsView::refresh()
     m_resolution->setEnabled(steps->isDynamicStepSize());
     m_stepSize->setValue(steps->staticStepSize());
     m_stepSize->setEnabled(!steps->isDynamicStepSize());
+    // A drag samples coarsely for a moment; the count shown is the full one.
+    if (!model->isCoarseSteps())
+        m_gridPointCount->setText(
+            model->motionPlan() ? tr("ergibt %1 Stützstellen").arg(model->motionPlan()->positions().size()) : QString());
     const bool tooMany = model->tooManyGridPoints();
     const double minimum = model->motionPlan() ? model->motionPlan()->minimumStepSize() : 0.0;
     m_warning->setText(tooMany ? tr("Die Schrittweite ergibt mehr als %1 Stützstellen. Sie wird beim Berechnen auf "
@@ -205,7 +240,9 @@ void CamSettingsView::onStepSizeEdited(const QString &text)
     double stepSize = 0.0;
     if (!PositionLineEdit::parse(text, m_editing->parameterModel() ? m_editing->parameterModel()->masterUnit() : QString(),
                                  &stepSize)) {
-        MessageBox::warning(this, tr("Ungültige Eingabe"), tr("\"%1\" ist keine gültige Schrittweite.").arg(text));
+        MessageBox::warning(this, tr("Ungültige Eingabe"),
+                            tr("\"%1\" ist keine gültige Schrittweite.").arg(text) + QLatin1Char(' ')
+                                + PositionLineEdit::numberHint());
         m_stepSize->revert();
         return;
     }

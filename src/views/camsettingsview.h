@@ -28,11 +28,17 @@ public:
     QSpinBox *resolutionBox() const;
     PositionLineEdit *stepSizeEdit() const { return m_stepSize; }
     QLabel *warningLabel() const { return m_warning; }
+    QLabel *gridPointCountLabel() const { return m_gridPointCount; }
 
 public slots:
     void refresh();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    // Every text set here, again after a change of language.
+    void retranslate();
     // A field's form label: the title, then the unit in brackets.
     void setLabel(QWidget *field, const QString &title, const QString &unit);
     void onMotionLawChosen(int index);
@@ -51,7 +57,11 @@ private:
     QRadioButton *m_static;
     CountSpinBox *m_resolution;
     PositionLineEdit *m_stepSize;
+    QLabel *m_gridPointCount;
     QLabel *m_warning;
+    QLabel *m_lawLabel;
+    QLabel *m_stepModeLabel;
+    QLabel *m_resolutionLabel;
     // Set while the fields show the model, so that nothing pushes meanwhile.
     bool m_refreshing = false;
 };

@@ -5,6 +5,7 @@
 #include "camdesigner/tableclipboard.h"
 #include "parameters/parametermodel.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -47,6 +48,13 @@ ComparisonView::ComparisonView(CamEditorModel *editorModel, ParameterModel *para
     layout->addLayout(body, 1);
     connect(m_model, &QAbstractItemModel::modelReset, this, &ComparisonView::updateHeader);
     updateHeader();
+}
+
+void ComparisonView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        updateHeader();
+    QWidget::changeEvent(event);
 }
 
 void ComparisonView::updateHeader()

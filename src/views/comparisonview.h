@@ -23,6 +23,9 @@ public:
     QLabel *statusLabel() const { return m_status; }
     QLabel *summaryLabel() const { return m_summary; }
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void updateHeader();
 

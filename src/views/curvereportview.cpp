@@ -4,14 +4,15 @@
 #include "curves/motionplan.h"
 #include "curves/samplinglimit.h"
 #include "model/cameditormodel.h"
+#include "model/decimaltext.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
 
 #include <QColor>
+#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -28,10 +29,11 @@ constexpr int CoefficientDecimals = 4;
 // Milliseconds of quiet after an edit before the sampling limit is searched.
 
 // The verdict and the figures first: the dock is narrow, the segment types
-// (the widest texts) can stand at the end.
+// (the widest texts) can stand at the end. The coefficients are narrow and
+// read first: they stand before the extremes.
 enum SectionColumn {
-    FromColumn, ToColumn, StrokeColumn, VelocityColumn, AccelerationColumn, JerkColumn, CvColumn, CaColumn,
-    CjColumn, ErrorColumn, LawColumn, SectionLawColumn, SectionColumnCount
+    FromColumn, ToColumn, StrokeColumn, CvColumn, CaColumn, CjColumn, VelocityColumn, AccelerationColumn,
+    JerkColumn, ErrorColumn, LawColumn, SectionLawColumn, SectionColumnCount
 };
 enum JointColumn { JointMasterColumn, VerdictColumn, PositionJumpColumn, VelocityJumpColumn,
                    AccelerationJumpColumn, JerkJumpColumn, JointColumnCount };
@@ -60,17 +62,18 @@ QTableView *tableOf(QStandardItemModel *model, const QString &objectName)
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setAlternatingRowColors(true);
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+    // Values and units on lines of their own keep the columns narrow.
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     return table;
 }
 
-QWidget *titled(const QString &title, QWidget *content)
+QWidget *titled(QLabel *label, QWidget *content)
 {
     auto *box = new QWidget;
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *label = new QLabel(QStringLiteral("<b>%1</b>").arg(title.toHtmlEscaped()));
+    label->setTextFormat(Qt::RichText);
     layout->addWidget(label);
     layout->addWidget(content, 1);
     return box;
@@ -93,12 +96,15 @@ CurveReportView::CurveReportView(CamEditorModel *editorModel, QWidget *parent)
 
     auto *splitter = new QSplitter(Qt::Vertical);
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(titled(tr("Abschnitte"), m_sectionTable));
-    splitter->addWidget(titled(tr("Übergänge"), m_jointTable));
+    for (QLabel *&title : m_titles)
+        title = new QLabel;
+    splitter->addWidget(titled(m_titles[SectionsTitle], m_sectionTable));
+    splitter->addWidget(titled(m_titles[JointsTitle], m_jointTable));
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(titled(tr("Abtastung"), m_sampling));
+    layout->addWidget(titled(m_titles[SamplingTitle], m_sampling));
+    retranslateTitles();
     layout->addWidget(splitter, 1);
 
     if (m_editorModel) {
@@ -117,6 +123,24 @@ CurveReportView::CurveReportView(CamEditorModel *editorModel, QWidget *parent)
 }
 
 CurveReportView::~CurveReportView() = default;
+
+void CurveReportView::retranslateTitles()
+{
+    const QString titles[TitleCount] = { tr("Abtastung"), tr("Abschnitte"), tr("Übergänge") };
+    for (int i = 0; i < TitleCount; ++i)
+        m_titles[i]->setText(QStringLiteral("<b>%1</b>").arg(titles[i].toHtmlEscaped()));
+}
+
+void CurveReportView::changeEvent(QEvent *event)
+{
+    // The tables and the sampling lines are written anew in the new language.
+    if (event->type() == QEvent::LanguageChange) {
+        retranslateTitles();
+        m_refreshPending = false;
+        scheduleRefresh();
+    }
+    QWidget::changeEvent(event);
+}
 
 void CurveReportView::scheduleRefresh()
 {
@@ -197,7 +221,7 @@ void CurveReportView::findSamplingLimit()
     if (!plan || plan->motionPoints().size() < 2)
         return;
     const SamplingLimit limit = SamplingLimit::find(*plan);
-    const QString resolution = withUnit(QLocale().toString(limit.resolution, 'g', SignificantDigits), slaveUnit());
+    const QString resolution = withUnit(DecimalText::toString(limit.resolution, 'g', SignificantDigits), slaveUnit());
     QStringList lines { m_errorLine };
     lines << (limit.staticReachable
                   ? tr("Größte statische Schrittweite unter der Auflösung %1: %2")
@@ -217,13 +241,13 @@ void CurveReportView::findSamplingLimit()
 QString CurveReportView::master(double value) const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
-    return scaling ? scaling->masterPositionToText(value) : QLocale().toString(value);
+    return scaling ? scaling->masterPositionToText(value) : DecimalText::toString(value);
 }
 
 QString CurveReportView::slave(double value) const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
-    return scaling ? scaling->slavePositionToText(value) : QLocale().toString(value);
+    return scaling ? scaling->slavePositionToText(value) : DecimalText::toString(value);
 }
 
 QString CurveReportView::derivative(int order, double value) const
@@ -233,7 +257,7 @@ QString CurveReportView::derivative(int order, double value) const
     const double factor = scaling && plan ? scaling->derivativeFactor(order, plan->masterRange()) : 1.0;
     if (std::isnan(factor))
         return QStringLiteral("–");
-    return QLocale().toString(value * factor, 'g', SignificantDigits);
+    return DecimalText::toString(value * factor, 'g', SignificantDigits);
 }
 
 QString CurveReportView::masterUnit() const
@@ -257,37 +281,38 @@ QString CurveReportView::unit(int order) const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
     const QString text = scaling ? (order == 0 ? scaling->slaveUnit() : scaling->derivativeUnit(order)) : QString();
-    return text.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(text);
+    return text.isEmpty() ? QString() : QStringLiteral("\n[%1]").arg(text);
 }
 
 void CurveReportView::fillSections(const CurveReport &report)
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
     const QString masterUnit = scaling ? scaling->masterUnit() : QString();
-    const QString masterSuffix = masterUnit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(masterUnit);
+    const QString masterSuffix = masterUnit.isEmpty() ? QString() : QStringLiteral("\n[%1]").arg(masterUnit);
     m_sections->setHorizontalHeaderLabels({
         tr("von", "column of the sections table: master position where the section starts") + masterSuffix,
-        tr("bis", "column of the sections table: master position where the section ends") + masterSuffix, tr("Hub") + unit(0), tr("v max") + unit(1),
-        tr("a max") + unit(2), tr("j max") + unit(3), tr("Cv"), tr("Ca"), tr("Cj"), tr("Abtastfehler") + unit(0),
+        tr("bis", "column of the sections table: master position where the section ends") + masterSuffix,
+        tr("Hub") + unit(0), tr("Cv"), tr("Ca"), tr("Cj"),
+        tr("v max") + unit(1), tr("a max") + unit(2), tr("j max") + unit(3), tr("Abtastfehler") + unit(0),
         tr("Segmenttypen"), tr("Abschnittsgesetz") });
     const auto coefficient = [](double value) {
-        return std::isnan(value) ? QStringLiteral("–") : QLocale().toString(value, 'f', CoefficientDecimals);
+        return std::isnan(value) ? QStringLiteral("–") : DecimalText::toString(value, 'f', CoefficientDecimals);
     };
     const auto extreme = [this](int order, const CurveExtreme &e) {
-        const QString value = order == 0 ? QLocale().toString(std::abs(e.value), 'g', SignificantDigits)
+        const QString value = order == 0 ? DecimalText::toString(std::abs(e.value), 'g', SignificantDigits)
                                          : derivative(order, e.value);
-        return tr("%1 bei %2").arg(value, master(e.master));
+        return tr("%1\nbei %2").arg(value, master(e.master));
     };
     const QString spline = MotionLaw::displayName(report.motionLaw());
     m_sections->setRowCount(0);
     for (const CurveSectionReport &s : report.sections()) {
         const QString law = s.startType == CurveReport::NoSegmentType
             ? spline
-            : tr("%1 – %2").arg(MotionPoint::typeDisplayName(s.startType), MotionPoint::typeDisplayName(s.endType));
+            : tr("%1 –\n%2").arg(MotionPoint::typeDisplayName(s.startType), MotionPoint::typeDisplayName(s.endType));
         QList<QStandardItem *> row {
-            cell(master(s.start)), cell(master(s.end)), cell(slave(s.stroke)), cell(extreme(1, s.velocity)),
-            cell(extreme(2, s.acceleration)), cell(extreme(3, s.jerk)), cell(coefficient(s.cv)),
-            cell(coefficient(s.ca)), cell(coefficient(s.cj)), cell(extreme(0, s.samplingError)), cell(law),
+            cell(master(s.start)), cell(master(s.end)), cell(slave(s.stroke)), cell(coefficient(s.cv)),
+            cell(coefficient(s.ca)), cell(coefficient(s.cj)), cell(extreme(1, s.velocity)),
+            cell(extreme(2, s.acceleration)), cell(extreme(3, s.jerk)), cell(extreme(0, s.samplingError)), cell(law),
         };
         // The law asked for and, where it cannot join its neighbours, the one applied.
         const bool fallback = s.law != s.lawApplied;
@@ -323,7 +348,7 @@ void CurveReportView::fillJoints(const CurveReport &report)
             // Within the tolerance a jump is rounding and shown as none.
             const bool none = std::abs(jump) <= report.tolerance(k);
             row.append(cell(none ? QStringLiteral("0")
-                                 : k == 0 ? QLocale().toString(jump, 'g', SignificantDigits) : derivative(k, jump)));
+                                 : k == 0 ? DecimalText::toString(jump, 'g', SignificantDigits) : derivative(k, jump)));
         }
         m_joints->appendRow(row);
     }
@@ -333,7 +358,7 @@ void CurveReportView::fillSampling(const CurveReport &report)
 {
     const CurveExtreme error = report.samplingError();
     m_errorLine = tr("Größter Abtastfehler: %1 bei %2 (%3 Stützstellen)")
-                      .arg(withUnit(QLocale().toString(std::abs(error.value), 'g', SignificantDigits), slaveUnit()),
+                      .arg(withUnit(DecimalText::toString(std::abs(error.value), 'g', SignificantDigits), slaveUnit()),
                            withUnit(master(error.master), masterUnit()))
                       .arg(report.gridPointCount());
 }

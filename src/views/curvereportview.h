@@ -31,8 +31,12 @@ public:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    enum Title { SamplingTitle, SectionsTitle, JointsTitle, TitleCount };
+
+    void retranslateTitles();
     void scheduleRefresh();
     void refreshIfPending();
     void refresh();
@@ -45,7 +49,7 @@ private:
     QString master(double value) const;
     QString slave(double value) const;
     QString derivative(int order, double value) const;
-    // " [unit]" for a column header, empty without a unit.
+    // "[unit]" on a line of its own below a column header, empty without a unit.
     QString unit(int order) const;
     QString masterUnit() const;
     QString slaveUnit() const;
@@ -57,6 +61,7 @@ private:
     QTableView *m_sectionTable;
     QTableView *m_jointTable;
     QLabel *m_sampling;
+    QLabel *m_titles[TitleCount] = {};
     QString m_errorLine;
     bool m_refreshPending = false;
     // The report stands, its sampling limit is still to be searched.

@@ -82,11 +82,14 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     , m_settings(new CamSettingsView(m_editing.get()))
     , m_tree(new QTreeView)
     , m_pointEdit(new PointEditView(m_editing.get()))
-    , m_add(new QPushButton(tr("Hinzufügen")))
-    , m_remove(new QPushButton(tr("&Punkt entfernen")))
-    , m_removeAction(new QAction(tr("&Punkt entfernen"), this))
+    , m_add(new QPushButton)
+    , m_remove(new QPushButton)
+    , m_removeAction(new QAction(this))
     , m_copyAction(nullptr)
-    , m_pasteAction(new QAction(tr("Einfügen"), this))
+    , m_pasteAction(new QAction(this))
+    , m_camBox(new QGroupBox)
+    , m_pointsBox(new QGroupBox)
+    , m_pointBox(new QGroupBox)
 {
     m_tree->setModel(m_model);
     m_tree->setRootIsDecorated(false);
@@ -114,24 +117,21 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     // the user has just copied rows, it pastes them instead.
     m_tree->installEventFilter(this);
 
-    auto *cam = new QGroupBox(tr("Kurve"));
-    (new QVBoxLayout(cam))->addWidget(m_settings);
-    auto *points = new QGroupBox(tr("Bewegungspunkte"));
-    auto *pointsLayout = new QVBoxLayout(points);
+    (new QVBoxLayout(m_camBox))->addWidget(m_settings);
+    auto *pointsLayout = new QVBoxLayout(m_pointsBox);
     pointsLayout->addWidget(m_tree, 1);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(m_add);
     buttons->addWidget(m_remove);
     buttons->addStretch();
     pointsLayout->addLayout(buttons);
-    auto *point = new QGroupBox(tr("Ausgewählter Bewegungspunkt"));
-    (new QVBoxLayout(point))->addWidget(m_pointEdit);
+    (new QVBoxLayout(m_pointBox))->addWidget(m_pointEdit);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(cam);
-    layout->addWidget(points, 1);
-    layout->addWidget(point);
+    layout->addWidget(m_camBox);
+    layout->addWidget(m_pointsBox, 1);
+    layout->addWidget(m_pointBox);
 
     connect(m_add, &QPushButton::clicked, this, &MotionPlanTreeEditor::addPoint);
     connect(m_remove, &QPushButton::clicked, this, &MotionPlanTreeEditor::removePoint);
@@ -151,6 +151,26 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
             selectRow(current.row());
     });
     connect(editorModel, &CamEditorModel::changed, this, &MotionPlanTreeEditor::refresh);
+    retranslate();
+}
+
+void MotionPlanTreeEditor::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void MotionPlanTreeEditor::retranslate()
+{
+    m_add->setText(tr("Hinzufügen"));
+    m_remove->setText(tr("&Punkt entfernen"));
+    m_removeAction->setText(tr("&Punkt entfernen"));
+    m_pasteAction->setText(tr("Einfügen"));
+    m_camBox->setTitle(tr("Kurve"));
+    m_pointsBox->setTitle(tr("Bewegungspunkte"));
+    m_pointBox->setTitle(tr("Ausgewählter Bewegungspunkt"));
+    // The header and the segment type cells are translated as they are read.
     refresh();
 }
 

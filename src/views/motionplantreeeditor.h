@@ -12,6 +12,7 @@ class MotionPointTableModel;
 class ParameterModel;
 class PointEditView;
 class QAction;
+class QGroupBox;
 class QModelIndex;
 class QPushButton;
 class QTreeView;
@@ -53,8 +54,11 @@ public slots:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    // Every text set here, again after a change of language.
+    void retranslate();
     void onCurrentChanged(const QModelIndex &current);
     void rememberSelection();
     void restoreSelection();
@@ -69,6 +73,9 @@ private:
     QAction *m_removeAction;
     QAction *m_copyAction;
     QAction *m_pasteAction;
+    QGroupBox *m_camBox;
+    QGroupBox *m_pointsBox;
+    QGroupBox *m_pointBox;
     // The selected point's master across a reset of all rows (a load).
     double m_selectedMaster = 0.0;
     bool m_hadSelection = false;

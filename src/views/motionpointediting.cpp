@@ -56,7 +56,8 @@ bool MotionPointEditing::readMaster(QWidget *parent, const QString &text, double
     double value = 0.0;
     if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->masterUnit() : QString(), &value)) {
         MessageBox::warning(parent, tr("Ungültige Eingabe"),
-                            tr("\"%1\" ist keine gültige Master-Position.").arg(text));
+                            tr("\"%1\" ist keine gültige Master-Position.").arg(text) + QLatin1Char(' ')
+                                + PositionLineEdit::numberHint());
         return false;
     }
     *master = round(value, true);
@@ -68,7 +69,8 @@ bool MotionPointEditing::readSlave(QWidget *parent, const QString &text, double 
     double value = 0.0;
     if (!PositionLineEdit::parse(text, m_parameterModel ? m_parameterModel->slaveUnit() : QString(), &value)) {
         MessageBox::warning(parent, tr("Ungültige Eingabe"),
-                            tr("\"%1\" ist keine gültige Slave-Position.").arg(text));
+                            tr("\"%1\" ist keine gültige Slave-Position.").arg(text) + QLatin1Char(' ')
+                                + PositionLineEdit::numberHint());
         return false;
     }
     *slave = round(value, false);

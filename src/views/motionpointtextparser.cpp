@@ -1,12 +1,10 @@
 #include "motionpointtextparser.h"
 
+#include "model/decimaltext.h"
 #include "model/motionpoint.h"
 
-#include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
-
-#include <cmath>
 
 MotionPointTextParser::MotionPointTextParser(const QString &text)
 {
@@ -28,18 +26,7 @@ MotionPointTextParser::MotionPointTextParser(const QString &text)
 
 bool MotionPointTextParser::parseNumber(const QString &cell, double *value)
 {
-    QString text = cell.trimmed();
-    // One decimal separator of either kind; a comma that groups thousands
-    // would read as a decimal comma, so both together are refused.
-    if (text.contains(QLatin1Char(',')) && text.contains(QLatin1Char('.')))
-        return false;
-    text.replace(QLatin1Char(','), QLatin1Char('.'));
-    bool ok = false;
-    const double number = QLocale::c().toDouble(text, &ok);
-    if (!ok || !std::isfinite(number))
-        return false;
-    *value = number;
-    return true;
+    return DecimalText::parse(cell, value);
 }
 
 bool MotionPointTextParser::parseLine(const QString &line, Row *row) const

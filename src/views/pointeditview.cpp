@@ -10,6 +10,7 @@
 #include "parameters/parametermodel.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,15 +26,16 @@ PointEditView::PointEditView(const MotionPointEditing *editing, QWidget *parent)
     , m_master(new PositionLineEdit(PositionLineEdit::Master, editing->editorModel()->scaling()))
     , m_slave(new PositionLineEdit(PositionLineEdit::Slave, editing->editorModel()->scaling()))
     , m_type(new QComboBox)
-    , m_remove(new QPushButton(tr("Entfernen")))
+    , m_remove(new QPushButton)
+    , m_typeLabel(new QLabel)
 {
     for (int index = 0; index < TypeCount; ++index)
-        m_type->addItem(MotionPoint::typeDisplayName(MotionPoint::typeForIndex(index)));
+        m_type->addItem(QString());
     auto *form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
     form->addRow(new QLabel, m_master);
     form->addRow(new QLabel, m_slave);
-    form->addRow(tr("Segmenttyp:"), m_type);
+    form->addRow(m_typeLabel, m_type);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(m_remove);
     buttons->addStretch();
@@ -44,6 +46,22 @@ PointEditView::PointEditView(const MotionPointEditing *editing, QWidget *parent)
     connect(m_type, QOverload<int>::of(&QComboBox::activated), this, &PointEditView::onTypeChosen);
     connect(m_remove, &QPushButton::clicked, this, &PointEditView::onRemoveClicked);
     connect(editing->editorModel(), &CamEditorModel::changed, this, &PointEditView::refresh);
+    retranslate();
+}
+
+void PointEditView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void PointEditView::retranslate()
+{
+    for (int index = 0; index < TypeCount; ++index)
+        m_type->setItemText(index, MotionPoint::typeDisplayName(MotionPoint::typeForIndex(index)));
+    m_remove->setText(tr("Entfernen"));
+    m_typeLabel->setText(tr("Segmenttyp:"));
     refresh();
 }
 

@@ -7,6 +7,7 @@ class MotionPoint;
 class MotionPointEditing;
 class PositionLineEdit;
 class QComboBox;
+class QLabel;
 class QPushButton;
 
 // The selected motion point in fields of its own: master and slave (an edit
@@ -31,7 +32,12 @@ public:
 public slots:
     void refresh();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    // Every text set here, again after a change of language.
+    void retranslate();
     void onMasterEdited(const QString &text);
     void onSlaveEdited(const QString &text);
     void onTypeChosen(int index);
@@ -43,5 +49,6 @@ private:
     PositionLineEdit *m_slave;
     QComboBox *m_type;
     QPushButton *m_remove;
+    QLabel *m_typeLabel;
     bool m_refreshing = false;
 };

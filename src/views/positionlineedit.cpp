@@ -1,11 +1,9 @@
 #include "positionlineedit.h"
 
+#include "model/decimaltext.h"
 #include "model/scaling.h"
 
 #include <QKeyEvent>
-#include <QLocale>
-
-#include <cmath>
 
 PositionLineEdit::PositionLineEdit(Axis axis, Scaling *scaling, QWidget *parent)
     : QLineEdit(parent)
@@ -32,15 +30,18 @@ bool PositionLineEdit::parse(QString text, const QString &unit, double *value)
 {
     if (!unit.isEmpty())
         text.remove(unit);
-    text = text.trimmed();
-    text.replace(QLocale::system().decimalPoint(), QLatin1Char('.'));
-    bool ok = false;
-    const double parsed = text.toDouble(&ok);
-    // toDouble() takes "nan", which passes every limit check, and "inf".
-    ok = ok && std::isfinite(parsed);
-    if (ok && value)
+    double parsed = 0.0;
+    if (!DecimalText::parse(text, &parsed))
+        return false;
+    if (value)
         *value = parsed;
-    return ok;
+    return true;
+}
+
+QString PositionLineEdit::numberHint()
+{
+    return tr("Zahlen bitte mit Dezimalkomma oder Dezimalpunkt und ohne Tausendertrennzeichen eingeben, "
+              "zum Beispiel 1234,5 oder 1234.5.");
 }
 
 void PositionLineEdit::keyPressEvent(QKeyEvent *event)

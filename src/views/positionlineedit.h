@@ -6,8 +6,8 @@
 class Scaling;
 
 // A line edit for a master or slave position: shows the value as the drive
-// formats it and reads the user's text by the same rules (the locale's
-// decimal mark, the unit text removed). A finished edit, by Enter or by
+// formats it and reads the user's text with a decimal comma or point, the
+// unit text removed. A finished edit, by Enter or by
 // leaving the field, is reported once as edited(); Escape reverts the field.
 class PositionLineEdit : public QLineEdit
 {
@@ -25,9 +25,11 @@ public:
     void revert();
 
     // Reads a position text: the unit (case-sensitive) and blanks removed,
-    // the decimal mark of the system locale or a point. False for no
-    // (finite) number.
+    // a decimal comma or point (DecimalText). False for no (finite) number.
     static bool parse(QString text, const QString &unit, double *value);
+    // The sentence that tells the user how numbers are typed, for the
+    // messages that refuse a text.
+    static QString numberHint();
 
 signals:
     // The user finished an edit with a text that differs from the one shown;

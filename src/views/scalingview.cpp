@@ -1,18 +1,21 @@
 #include "scalingview.h"
 
 #include "camdesigner/messagebox.h"
+#include "positionlineedit.h"
+
 #include "commands/setcyletimecommand.h"
 #include "commands/setmasteraxisscalingcommand.h"
 #include "commands/setvelocityscalingcommand.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
+#include "model/decimaltext.h"
 #include "model/scaling.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QUndoStack>
 
 #include <cmath>
@@ -34,18 +37,21 @@ ScalingView::ScalingView(CamEditorModel *editorModel, QUndoStack *undoStack, QWi
     , m_cycleTime(new QLineEdit)
     , m_velocity(new QComboBox)
     , m_units(new QLabel)
+    , m_masterAxisLabel(new QLabel)
+    , m_cycleTimeLabel(new QLabel)
+    , m_velocityLabel(new QLabel)
 {
     for (int value = 0; value < MasterAxisScalingCount; ++value)
-        m_masterAxis->addItem(Scaling::masterAxisScalingText(value));
+        m_masterAxis->addItem(QString());
     for (int value = 0; value < VelocityScalingCount; ++value)
-        m_velocity->addItem(Scaling::velocityScalingText(value));
+        m_velocity->addItem(QString());
     m_cycleTime->setAlignment(Qt::AlignRight);
     m_units->setObjectName(QStringLiteral("derivativeUnits"));
 
     auto *form = new QFormLayout(this);
-    form->addRow(tr("Master-Achse:"), m_masterAxis);
-    form->addRow(tr("Zykluszeit [s]:"), m_cycleTime);
-    form->addRow(tr("Geschwindigkeit:"), m_velocity);
+    form->addRow(m_masterAxisLabel, m_masterAxis);
+    form->addRow(m_cycleTimeLabel, m_cycleTime);
+    form->addRow(m_velocityLabel, m_velocity);
     form->addRow(m_units);
 
     connect(m_masterAxis, QOverload<int>::of(&QComboBox::activated), this, &ScalingView::onMasterAxisChosen);
@@ -55,6 +61,25 @@ ScalingView::ScalingView(CamEditorModel *editorModel, QUndoStack *undoStack, QWi
                          &Scaling::velocityScalingChanged, &Scaling::changed })
         connect(m_scaling, signal, this, &ScalingView::refresh);
     connect(editorModel, &CamEditorModel::changed, this, &ScalingView::refresh);
+    retranslate();
+}
+
+void ScalingView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void ScalingView::retranslate()
+{
+    for (int value = 0; value < MasterAxisScalingCount; ++value)
+        m_masterAxis->setItemText(value, Scaling::masterAxisScalingText(value));
+    for (int value = 0; value < VelocityScalingCount; ++value)
+        m_velocity->setItemText(value, Scaling::velocityScalingText(value));
+    m_masterAxisLabel->setText(tr("Master-Achse:"));
+    m_cycleTimeLabel->setText(tr("Zykluszeit [s]:"));
+    m_velocityLabel->setText(tr("Geschwindigkeit:"));
     refresh();
 }
 
@@ -84,7 +109,7 @@ void ScalingView::refresh()
                         .arg(m_scaling->derivativeUnit(1), m_scaling->derivativeUnit(2), m_scaling->derivativeUnit(3));
     if (m_scaling->isTimeBased())
         units += QLatin1Char('\n') + tr("Master-Geschwindigkeit: %1 %2/s")
-                                         .arg(QLocale::system().toString(range / m_scaling->cycleTime(), 'g', 6),
+                                         .arg(DecimalText::toString(range / m_scaling->cycleTime(), 'g', 6),
                                               m_scaling->masterUnit());
     if (std::isnan(m_scaling->derivativeFactor(1, range)))
         units += QLatin1Char('\n') + tr("Weg pro Umdrehung oder Getriebe des Antriebsreglers ungültig.");
@@ -116,14 +141,15 @@ void ScalingView::onCycleTimeFinished()
     QString text = typed.trimmed();
     if (text.endsWith(QLatin1Char('s')))
         text = text.chopped(1).trimmed();
-    text.replace(QLocale::system().decimalPoint(), QLatin1Char('.'));
-    bool ok = false;
-    const double seconds = std::round(text.toDouble(&ok) * CycleTimeScale) / CycleTimeScale;
+    double typedSeconds = 0.0;
+    const bool ok = DecimalText::parse(text, &typedSeconds);
+    const double seconds = std::round(typedSeconds * CycleTimeScale) / CycleTimeScale;
     if (!ok || !(seconds > 0.0) || std::isinf(seconds)) {
         MessageBox::warning(this, tr("Ungültige Zykluszeit"),
                             tr("\"%1\" ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden "
                                "größer als 0 ein.")
-                                .arg(typed));
+                                    .arg(typed)
+                                + (ok ? QString() : QLatin1Char(' ') + PositionLineEdit::numberHint()));
         refresh();
         return;
     }

@@ -27,7 +27,12 @@ public:
 public slots:
     void refresh();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    // Every text set here, again after a change of language.
+    void retranslate();
     void onMasterAxisChosen(int index);
     void onCycleTimeFinished();
     void onVelocityChosen(int index);
@@ -41,5 +46,8 @@ private:
     QLineEdit *m_cycleTime;
     QComboBox *m_velocity;
     QLabel *m_units;
+    QLabel *m_masterAxisLabel;
+    QLabel *m_cycleTimeLabel;
+    QLabel *m_velocityLabel;
     bool m_refreshing = false;
 };

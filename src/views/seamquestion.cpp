@@ -5,9 +5,9 @@
 #include "curves/curvereport.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
+#include "model/decimaltext.h"
 #include "model/scaling.h"
 
-#include <QLocale>
 #include <QStringList>
 
 #include <cmath>
@@ -43,7 +43,7 @@ bool SeamQuestion::confirmWrite(QWidget *parent, const CamEditorModel *model)
             // In the units the report shows.
             const double factor = k == 0 ? 1.0 : scaling->derivativeFactor(k, plan->masterRange());
             const QString unit = k == 0 ? scaling->slaveUnit() : scaling->derivativeUnit(k);
-            QString value = QLocale().toString(std::isnan(factor) ? jump : jump * factor, 'g', SignificantDigits);
+            QString value = DecimalText::toString(std::isnan(factor) ? jump : jump * factor, 'g', SignificantDigits);
             if (!unit.isEmpty() && !std::isnan(factor))
                 value += QLatin1Char(' ') + unit;
             jumps << tr("%1 springt um %2").arg(tr(Quantities[k]), value);

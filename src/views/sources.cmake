@@ -32,4 +32,6 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/seamquestion.h
     ${CMAKE_CURRENT_LIST_DIR}/seamquestion.cpp
     ${CMAKE_CURRENT_LIST_DIR}/scalingview.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/windowplacement.h
+    ${CMAKE_CURRENT_LIST_DIR}/windowplacement.cpp
 )

@@ -1,7 +1,10 @@
 #include "configuratortest.h"
 #include "fulldisk.h"
 
+#include "plots/previewview.h"
 #include "views/scalingview.h"
+
+#include <qtadvanceddocking/DockWidget.h>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -94,7 +97,7 @@ void tst_ConfiguratorProject::openingAnotherProjectClosesTheEditors()
     window.show();
     QPointer<CamDesignerViewImplementation> editor = openEditor(window, 3);
     QVERIFY(editor);
-    editor->resize(900, 700);
+    editor->resize(700, 500);
     const QPointer<CamDesigner> designer = window.page()->cell(3)->designer();
     FileAnswer answer(ExampleProject);
     actionNamed(&window, QStringLiteral("Ö&ffnen…"))->trigger();
@@ -104,7 +107,7 @@ void tst_ConfiguratorProject::openingAnotherProjectClosesTheEditors()
     QCOMPARE(window.project()->path(), QFileInfo(ExampleProject).absoluteFilePath());
     QCOMPARE(QSettings().value(QStringLiteral("CamDesigner/geometry")).isNull(), false);
     QVERIFY(openEditor(window, 3));
-    QCOMPARE(editorWindows().constFirst()->size(), QSize(900, 700));
+    QCOMPARE(editorWindows().constFirst()->size(), QSize(700, 500));
 }
 
 void tst_ConfiguratorProject::closingAsks_data()
@@ -157,7 +160,25 @@ void tst_ConfiguratorProject::language()
 {
     {
         DriveConfiguratorWindow window;
+        window.show();
         QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&Datei"));
+        // An editor open while the language changes follows it, as the page's buttons do.
+        CamDesignerViewImplementation *editor = openEditor(window, 5);
+        QVERIFY(editor);
+        const auto preview = [&window] { return window.page()->cell(5)->findChild<PreviewView *>()->labelText(); };
+        QCOMPARE(preview(), QStringLiteral("Kurvenscheibe 5\nKurveneditor ist geöffnet."));
+        actionNamed(&window, QStringLiteral("English"))->trigger();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+        QCOMPARE(editor->windowTitle(), QStringLiteral("Cam table 5 – Untitled"));
+        QCOMPARE(editor->dock(CamDesignerViewImplementation::MotionPlanDock)->windowTitle(),
+                 QStringLiteral("Cam definition data"));
+        QVERIFY2(preview().startsWith(QStringLiteral("Cam 5\n")), qPrintable(preview()));
+        actionNamed(&window, QStringLiteral("Deutsch"))->trigger();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+        QCOMPARE(editor->dock(CamDesignerViewImplementation::MotionPlanDock)->windowTitle(),
+                 QStringLiteral("Kurvendefinitionsdaten"));
+        QCOMPARE(preview(), QStringLiteral("Kurvenscheibe 5\nKurveneditor ist geöffnet."));
+        editor->close();
         actionNamed(&window, QStringLiteral("English"))->trigger();
         QCOMPARE(window.menuBar()->actions().at(0)->text(), QStringLiteral("&File"));
         QCOMPARE(window.windowTitle(), QStringLiteral("Untitled[*] – Drive Configurator"));

@@ -76,7 +76,7 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         QVERIFY(editor);
         QCOMPARE(editor->windowTitle(), QStringLiteral("Kurvenscheibe 0 – beispiel.mxdrive"));
         QVERIFY(cell->button()->isChecked());
-        editor->resize(1200, 850);
+        editor->resize(700, 500);
         QVERIFY(QTest::qWaitForWindowExposed(editor));
 
         auto *tree = editor->findChild<MotionPlanTreeEditor *>();
@@ -135,7 +135,7 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         editor = openEditor(window, 0);
         QVERIFY(editor);
         QCOMPARE(editorWindows().size(), 1);
-        QCOMPARE(editor->size(), QSize(1200, 850));
+        QCOMPARE(editor->size(), QSize(700, 500));
         QVERIFY(actionNamed(editor, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
         openEditor(window, 0);
         QCOMPARE(editorWindows().size(), 1);
@@ -196,7 +196,8 @@ void tst_DriveConfigurator::refusalsOfTheDrive()
     QVERIFY(dialog && dialog->isVisible());
     auto *list = dialog->findChild<QListWidget *>(QStringLiteral("descriptionList"));
     QCOMPARE(list->count(), 2);  // tables 0 and 3; table 7 has no cam definition data
-    QCOMPARE(list->item(0)->text(), QStringLiteral("Kurvenscheibe 0: 4 Bewegungspunkte, Vdi2142, zyklisch"));
+    QCOMPARE(list->item(0)->text(), QStringLiteral("Kurvenscheibe 0: 4 Bewegungspunkte, Polynom fünften Grades, zyklisch"));
+    QVERIFY(list->item(1)->text().endsWith(QStringLiteral("Kubischer Spline")));
     QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     QCOMPARE(window.project()->description(1), window.project()->description(0));
     QCOMPARE(editor->undoStack()->text(0), QStringLiteral("Lade Kurvendefinitionsdaten : Kurvenscheibe 0 aus beispiel.mxdrive"));

@@ -150,7 +150,7 @@ void RandomUser::step()
         { &RandomUser::toggleCyclic, 4 },     { &RandomUser::editCircularLength, 4 }, { &RandomUser::switchStepMode, 4 },
         { &RandomUser::editResolution, 3 },   { &RandomUser::editStepSize, 3 },      { &RandomUser::chooseScaling, 4 },
         { &RandomUser::editCycleTime, 3 },    { &RandomUser::undoOrRedo, 16 },       { &RandomUser::writeToDrive, 3 },
-        { &RandomUser::importCurveFile, 2 },  { &RandomUser::closeAndReopen, 1 },
+        { &RandomUser::importCurveFile, 2 },  { &RandomUser::closeAndReopen, 1 },   { &RandomUser::changeLanguage, 1 },
     };
     int total = 0;
     for (const auto &entry : actions)

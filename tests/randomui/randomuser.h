@@ -81,6 +81,8 @@ private:
     bool writeToDrive();
     bool importCurveFile();
     bool closeAndReopen();
+    // English and back to German, as the host's language menu does it.
+    bool changeLanguage();
 
     void open();
     void activate();

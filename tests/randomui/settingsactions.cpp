@@ -4,6 +4,7 @@
 #include "userterms.h"
 
 #include "fileanswer.h"
+#include "camdesigner/controller.h"
 #include "curves/curvereport.h"
 #include "curves/motionplan.h"
 #include "import/externalcurveimportview.h"
@@ -19,10 +20,13 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QToolButton>
+
+#include <qtadvanceddocking/DockWidget.h>
 
 #include <cmath>
 #include <iterator>
@@ -328,5 +332,30 @@ bool RandomUser::closeAndReopen()
         m_actionProblem += QStringLiteral("the host's button opened no window");
     else if (!(state() == before))
         m_actionProblem += QStringLiteral("reopened with %1, closed with %2").arg(state().describe(), before.describe());
+    return true;
+}
+
+bool RandomUser::changeLanguage()
+{
+    m_log << QStringLiteral("language English and back");
+    const State before = state();
+    const int count = m_stack->count();
+    const auto switchTo = [](QLocale::Language language) {
+        CamDesigner::installTranslator(QLocale(language));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+    };
+    const auto shows = [this](const char *scaling, const char *add) {
+        return m_window->dock(CamDesignerViewImplementation::ScalingDock)->windowTitle() == QString::fromUtf8(scaling)
+            && m_tree->addButton()->text() == QString::fromUtf8(add);
+    };
+    switchTo(QLocale::English);
+    if (!shows("Scaling", "Add"))
+        m_actionProblem += QStringLiteral("the open editor did not follow the change to English");
+    switchTo(QLocale::German);
+    if (!shows("Skalierung", "Hinzufügen"))
+        m_actionProblem += QStringLiteral("the open editor did not follow the change back to German");
+    // Texts only: nothing pushed, nothing changed.
+    if (m_stack->count() != count || !(state() == before))
+        m_actionProblem += QStringLiteral("a change of language changed the data: %1").arg(state().describe());
     return true;
 }

@@ -32,8 +32,9 @@ constexpr double PositionMinimum = -2147483.648;
 constexpr double PositionMaximum = 2147483.647;
 const char TooLargeMaster[] = "3000000";
 const char TooSmallSlave[] = "-2147484";
-// Texts that are no position; the C locale's decimal mark is the point.
-const char *const NoNumbers[] = { "abc", "12,5", "--3", "1.2.3", "nan", "inf" };
+// Texts that are no position; a comma or a point is a decimal mark, both
+// together are refused.
+const char *const NoNumbers[] = { "abc", "1.000,5", "1,000.5", "--3", "1.2.3", "nan", "inf" };
 const QSize WindowSize(1200, 900);
 
 const char InvalidInput[] = "Ungültige Eingabe";

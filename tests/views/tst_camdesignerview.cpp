@@ -134,7 +134,7 @@ void tst_CamDesignerView::layoutPersistsAndResets()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    window->resize(900, 600);
+    window->resize(700, 500);
     actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->trigger();
     actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
     window->dock(CamDesignerViewImplementation::ScalingDock)->toggleView(false);
@@ -142,7 +142,7 @@ void tst_CamDesignerView::layoutPersistsAndResets()
     QTRY_VERIFY(!editor.implementation()->view());
 
     window = editor.open();
-    QCOMPARE(window->size(), QSize(900, 600));
+    QCOMPARE(window->size(), QSize(700, 500));
     QVERIFY(actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
     QVERIFY(!actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
     QVERIFY(window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());

@@ -403,6 +403,10 @@
         <source>%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen %2 und %3 liegen.</source>
         <translation>%1 grid points are not possible. The number of grid points must lie between %2 and %3.</translation>
     </message>
+    <message>
+        <source>ergibt %1 Stützstellen</source>
+        <translation>gives %1 grid points</translation>
+    </message>
 </context>
 <context>
     <name>ChangeDynamicStepResolutionCommand</name>
@@ -717,14 +721,6 @@ difference</translation>
         <translation>Segment types</translation>
     </message>
     <message>
-        <source>%1 bei %2</source>
-        <translation>%1 at %2</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
         <source>Master</source>
         <translation>Master</translation>
     </message>
@@ -763,6 +759,18 @@ difference</translation>
     <message>
         <source>%1 → %2 (nicht anwendbar)</source>
         <translation>%1 → %2 (not applicable)</translation>
+    </message>
+    <message>
+        <source>%1
+bei %2</source>
+        <translation>%1
+at %2</translation>
+    </message>
+    <message>
+        <source>%1 –
+%2</source>
+        <translation>%1 –
+%2</translation>
     </message>
 </context>
 <context>
@@ -1423,6 +1431,13 @@ difference</translation>
     <message>
         <source>Slave-Position</source>
         <translation>Slave position</translation>
+    </message>
+</context>
+<context>
+    <name>PositionLineEdit</name>
+    <message>
+        <source>Zahlen bitte mit Dezimalkomma oder Dezimalpunkt und ohne Tausendertrennzeichen eingeben, zum Beispiel 1234,5 oder 1234.5.</source>
+        <translation>Please type numbers with a decimal comma or a decimal point and without thousands separators, for example 1234,5 or 1234.5.</translation>
     </message>
 </context>
 <context>
