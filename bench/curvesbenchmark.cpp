@@ -76,17 +76,29 @@ void staticSamplingAtLimit(benchmark::State &state, int law)
 }
 
 // Every section of a 10-point rest cam on one section law (the argument,
-// MotionPoint::SectionLaw; 0 is the quintic), sampled at the grid point limit.
-// A straight curve costs most: its few grid points make the dynamic
-// sampling refine to a tiny step that walks over the straight stretches.
-// Argument -1 is a straight quintic (two "speed" points of an open cam), for
-// comparison with the law "Line".
-void sectionLawSampling(benchmark::State &state)
+// MotionPoint::SectionLaw; 0 is the quintic). Argument -1 is a straight
+// quintic (two "speed" points of an open cam), for comparison with the law
+// "Line". Both cams span the same master range.
+//
+// Dynamic: sampled as the editor samples at the grid point limit. The grid
+// then depends on the curve: a straight one has few grid points, so the
+// refinement ends at a tiny step that walks over the straight stretches, and
+// the laws are not compared on the same points.
+// Static: one step for every law, 16000 grid points on the same masters,
+// each evaluated as the sampling evaluates a grid point (position and three
+// derivatives), so that the cost of the laws themselves is compared. The
+// plan's own static sampling cannot serve: it leaves the straight stretches
+// without step positions, and a cam of lines keeps its motion points only.
+constexpr int SectionLawCamPoints = 10;
+constexpr int SectionLawStaticGridPoints = MotionPlan::MaximumGridPoints;
+constexpr double SectionLawStaticStep = CircularLength / (SectionLawStaticGridPoints - 1);
+
+void sectionLawSampling(benchmark::State &state, bool dynamic)
 {
     std::vector<std::unique_ptr<MotionPoint>> owned;
     QList<MotionPoint *> points;
     const bool straightQuintic = state.range(0) < 0;
-    for (int i = 0; i < (straightQuintic ? 2 : 10); ++i) {
+    for (int i = 0; i < (straightQuintic ? 2 : SectionLawCamPoints); ++i) {
         owned.push_back(straightQuintic
                             ? std::make_unique<MotionPoint>(i * CircularLength, i * 100.0, MotionPoint::speed)
                             : std::make_unique<MotionPoint>(i * 36.0, i % 2 ? 40.0 : -10.0 * i, MotionPoint::rest));
@@ -99,8 +111,19 @@ void sectionLawSampling(benchmark::State &state)
     for (auto _ : state) {
         const std::unique_ptr<MotionPlan> plan(
             MotionPlanFactory::create(MotionLaw::Vdi, points, !straightQuintic, CircularLength, nullptr, &scaling));
-        plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
-        gridPoints = plan->positions().size();
+        if (dynamic) {
+            plan->calculateWithResolution(MotionPlan::MaximumGridPoints);
+            gridPoints = plan->positions().size();
+        } else {
+            double sum = 0.0;
+            for (int i = 0; i < SectionLawStaticGridPoints; ++i) {
+                const double master = i * SectionLawStaticStep;
+                sum += plan->position(master) + plan->velocity(master) + plan->acceleration(master)
+                    + plan->jerk(master);
+            }
+            benchmark::DoNotOptimize(sum);
+            gridPoints = SectionLawStaticGridPoints;
+        }
         benchmark::DoNotOptimize(gridPoints);
     }
     state.counters["gridPoints"] = double(gridPoints);
@@ -122,6 +145,7 @@ BENCHMARK_CAPTURE(staticSamplingAtLimit, Spline, int(MotionLaw::Spline))->Arg(10
 BENCHMARK_CAPTURE(coarseSampling, Vdi, int(MotionLaw::Vdi))->Arg(100)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(coarseSampling, Spline, int(MotionLaw::Spline))->Arg(100)->Unit(benchmark::kMicrosecond);
 
-BENCHMARK(sectionLawSampling)->DenseRange(-1, MotionPoint::SectionLawCount - 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sectionLawSampling, dynamic, true)->DenseRange(-1, MotionPoint::SectionLawCount - 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sectionLawSampling, static, false)->DenseRange(-1, MotionPoint::SectionLawCount - 1)->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

@@ -6,33 +6,21 @@
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/curvereport.h"
 #include "curves/motionplan.h"
-#include "curves/motionplanfactory.h"
 #include "curves/samplinglimit.h"
-#include "model/fixedscaling.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/steps.h"
+#include "sampledcam.h"
 #include "toolsupport.h"
 #include "verbs.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <cmath>
-#include <memory>
 
 namespace {
-
-constexpr int DefaultDecimals = 3;
-constexpr int MaximumDecimals = 15;
-
-int failure(const QString &text)
-{
-    CamTool::printError(QStringLiteral("camtool: %1\n").arg(text));
-    return CamTool::Failure;
-}
 
 QJsonObject extremeToJson(const CurveExtreme &extreme)
 {
@@ -114,50 +102,21 @@ QJsonObject limitToJson(const SamplingLimit &limit)
 
 int runReport(const QStringList &arguments)
 {
-    QCommandLineParser parser;
-    const QCommandLineOption decimalsOption(QStringLiteral("decimals"),
-                                            QStringLiteral("Decimal places of positions (default 3); the position "
-                                                           "resolution is 10^-D."),
-                                            QStringLiteral("D"), QString::number(DefaultDecimals));
-    const QCommandLineOption staticOption(QStringLiteral("static"),
-                                          QStringLiteral("Measure the sampling error of static step size H instead "
-                                                         "of the file's steps."),
-                                          QStringLiteral("H"));
-    const QCommandLineOption dynamicOption(QStringLiteral("dynamic"),
-                                           QStringLiteral("Measure the sampling error of dynamic resolution N "
-                                                          "instead of the file's steps."),
-                                           QStringLiteral("N"));
-    parser.addOptions({ decimalsOption, staticOption, dynamicOption });
-    const int parsed = CamTool::parseCamFileArguments(
-        parser, arguments,
-        QStringLiteral("Reports the curve of FILE as JSON: per section the extremes of velocity, acceleration and "
-                       "jerk and their coefficients, the continuity at every joint (continuity: -1 none, 0 "
-                       "position ... 3 jerk), the error of the linear interpolation between the grid points, and "
-                       "the coarsest static step and dynamic resolution that keep it under the resolution."));
-    if (parsed >= 0)
-        return parsed;
-    if (parser.isSet(staticOption) && parser.isSet(dynamicOption)) {
-        CamTool::printError(QStringLiteral("camtool: --static and --dynamic exclude each other\n") + parser.helpText());
-        return CamTool::UsageError;
-    }
-    bool ok = false;
-    const int decimals = parser.value(decimalsOption).trimmed().toInt(&ok);
-    if (!ok || decimals < 0 || decimals > MaximumDecimals)
-        return failure(QStringLiteral("--decimals needs a whole number from 0 to %1, not '%2'")
-                           .arg(MaximumDecimals)
-                           .arg(parser.value(decimalsOption)));
-    Steps chosenSteps;
-    if (!CamTool::chooseSteps(parser, staticOption, dynamicOption, &chosenSteps))
-        return CamTool::Failure;
-
-    CamDescriptionImplementation description(nullptr, QByteArray());
-    if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
-        return CamTool::Failure;
-    FixedScaling scaling(decimals);
-    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
-    const bool stepsChosen = parser.isSet(staticOption) || parser.isSet(dynamicOption);
-    const Steps *steps = stepsChosen ? &chosenSteps : description.steps();
-    MotionPlanFactory::sample(plan.get(), steps, false);
+    CamTool::SampledCam cam;
+    const int loaded = cam.load(
+        arguments,
+        { QStringLiteral("Reports the curve of FILE as JSON: per section the extremes of velocity, acceleration and "
+                         "jerk and their coefficients, the continuity at every joint (continuity: -1 none, 0 "
+                         "position ... 3 jerk), the error of the linear interpolation between the grid points, and "
+                         "the coarsest static step and dynamic resolution that keep it under the resolution."),
+          QStringLiteral("Decimal places of positions (default 3); the position resolution is 10^-D."),
+          QStringLiteral("Measure the sampling error of static step size H instead of the file's steps."),
+          QStringLiteral("Measure the sampling error of dynamic resolution N instead of the file's steps.") });
+    if (loaded >= 0)
+        return loaded;
+    const MotionPlan *plan = &cam.plan();
+    const Steps *steps = &cam.steps();
+    const CamDescriptionImplementation &description = cam.description();
 
     const CurveReport report(*plan);
     QJsonObject result = reportToJson(report);

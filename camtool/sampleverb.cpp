@@ -3,9 +3,8 @@
 
 #include "camdesigner/camdescriptionimplementation.h"
 #include "curves/motionplan.h"
-#include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
-#include "model/steps.h"
+#include "sampledcam.h"
 #include "toolsupport.h"
 #include "verbs.h"
 
@@ -19,9 +18,8 @@
 
 namespace {
 
+// The curve of "eval" is not sampled; its decimal places only matter to the plan's resolution.
 constexpr int DefaultDecimals = 3;
-// Beyond this the decimal places no longer fit a double's digits.
-constexpr int MaximumDecimals = 15;
 const QString NonFiniteNote = QStringLiteral(" Non-finite numbers are written as \"NaN\", \"Infinity\", \"-Infinity\".");
 
 bool parseDouble(const QString &text, double *value)
@@ -39,47 +37,19 @@ int failure(const QString &text)
 
 int runSample(const QStringList &arguments)
 {
-    QCommandLineParser parser;
-    const QCommandLineOption decimalsOption(QStringLiteral("decimals"),
-                                            QStringLiteral("Decimal places of positions (default 3)."),
-                                            QStringLiteral("D"), QString::number(DefaultDecimals));
-    const QCommandLineOption staticOption(QStringLiteral("static"),
-                                          QStringLiteral("Sample with static step size H instead of the file's steps."),
-                                          QStringLiteral("H"));
-    const QCommandLineOption dynamicOption(QStringLiteral("dynamic"),
-                                           QStringLiteral("Sample with dynamic resolution N instead of the file's steps."),
-                                           QStringLiteral("N"));
-    parser.addOptions({ decimalsOption, staticOption, dynamicOption });
-    const int parsed = CamTool::parseCamFileArguments(
-        parser, arguments,
-        QStringLiteral("Samples the curve of FILE into grid points as the editor does and prints them with their "
-                       "derivatives as JSON.")
-            + NonFiniteNote);
-    if (parsed >= 0)
-        return parsed;
-    if (parser.isSet(staticOption) && parser.isSet(dynamicOption)) {
-        CamTool::printError(QStringLiteral("camtool: --static and --dynamic exclude each other\n") + parser.helpText());
-        return CamTool::UsageError;
-    }
-
-    bool ok = false;
-    const int decimals = parser.value(decimalsOption).trimmed().toInt(&ok);
-    if (!ok || decimals < 0 || decimals > MaximumDecimals)
-        return failure(QStringLiteral("--decimals needs a whole number from 0 to %1, not '%2'")
-                           .arg(MaximumDecimals)
-                           .arg(parser.value(decimalsOption)));
-    // The step options stand in for the file's step settings.
-    Steps chosenSteps;
-    if (!CamTool::chooseSteps(parser, staticOption, dynamicOption, &chosenSteps))
-        return CamTool::Failure;
-
-    CamDescriptionImplementation description(nullptr, QByteArray());
-    if (!CamTool::loadCamFile(parser.positionalArguments().constFirst(), description))
-        return CamTool::Failure;
-    FixedScaling scaling(decimals);
-    const std::unique_ptr<MotionPlan> plan = CamTool::createPlan(description, &scaling);
-    const bool stepsChosen = parser.isSet(staticOption) || parser.isSet(dynamicOption);
-    MotionPlanFactory::sample(plan.get(), stepsChosen ? &chosenSteps : description.steps(), false);
+    CamTool::SampledCam cam;
+    const int loaded = cam.load(
+        arguments,
+        { QStringLiteral("Samples the curve of FILE into grid points as the editor does and prints them with their "
+                         "derivatives as JSON.")
+              + NonFiniteNote,
+          QStringLiteral("Decimal places of positions (default 3)."),
+          QStringLiteral("Sample with static step size H instead of the file's steps."),
+          QStringLiteral("Sample with dynamic resolution N instead of the file's steps.") });
+    if (loaded >= 0)
+        return loaded;
+    const MotionPlan *plan = &cam.plan();
+    const CamDescriptionImplementation &description = cam.description();
 
     QJsonObject result;
     result.insert(QStringLiteral("law"), description.motionLaw()->dataName());

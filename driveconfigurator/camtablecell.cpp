@@ -2,7 +2,7 @@
 
 #include "driveproject.h"
 
-#include "bytearraysupport.h"
+#include "parametercatalogue.h"
 #include "simulateddrive.h"
 
 #include <camdesigner/camdescription.h>
@@ -22,17 +22,6 @@ const QString CrcCoordinate = QStringLiteral("G293");
 // A write changes thousands of elements one by one; the table is read again
 // once the drive has been quiet for this long.
 constexpr int QuietMilliseconds = 100;
-// The first five tables' arrays start at G283, the others at G415.
-constexpr int FirstArrays = 283;
-constexpr int LaterArrays = 415;
-constexpr int TablesInFirstBlock = 5;
-
-QString arrayCoordinate(int table, bool slave)
-{
-    const int master = table < TablesInFirstBlock ? FirstArrays + 2 * table
-                                                  : LaterArrays + 2 * (table - TablesInFirstBlock);
-    return QStringLiteral("G%1").arg(master + (slave ? 1 : 0));
-}
 
 } // namespace
 
@@ -41,8 +30,8 @@ CamTableCell::CamTableCell(DriveProject *project, int table, QWidget *parent)
     , m_project(project)
     , m_table(table)
     , m_readTimer(new QTimer(this))
-    , m_masterArray(arrayCoordinate(table, false))
-    , m_slaveArray(arrayCoordinate(table, true))
+    , m_masterArray(MxSimulation::masterArrayCoordinate(table))
+    , m_slaveArray(MxSimulation::slaveArrayCoordinate(table))
 {
     setObjectName(QStringLiteral("camTable%1").arg(table));
     setFrameShape(QFrame::StyledPanel);
@@ -109,14 +98,8 @@ QString CamTableCell::readNative(const QString &coordinate, int element) const
 
 quint32 CamTableCell::computedCrc() const
 {
-    // As the editor stamps it: index, native master, native slave per point.
-    QByteArray buffer;
-    for (int i = 0; i < m_storedCount; ++i) {
-        buffer += QByteArray::number(i);
-        buffer += readNative(m_masterArray, i).toUtf8();
-        buffer += readNative(m_slaveArray, i).toUtf8();
-    }
-    return VxByteArraySupport::ByteArraySupport(buffer, true).crc32();
+    return CamDesigner::storedTableCrc(m_project->drive(), DriveProject::LivingSpace,
+                                       static_cast<unsigned short>(m_table));
 }
 
 quint32 CamTableCell::storedCrc() const

@@ -5,12 +5,12 @@
 #include "driveproject.h"
 #include "importdescriptiondialog.h"
 
+#include "filedialog.h"
+#include "messagebox.h"
 #include "simulateddrive.h"
 
 #include <camdesigner/camdescription.h>
 #include <camdesigner/camdesigner.h>
-#include <camdesigner/filedialog.h>
-#include <camdesigner/messagebox.h>
 
 #include <QAbstractButton>
 #include <QAction>

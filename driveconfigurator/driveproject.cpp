@@ -1,6 +1,7 @@
 #include "driveproject.h"
 
 #include "atomicfilewriter.h"
+#include "parametercatalogue.h"
 #include "simulateddrive.h"
 
 #include <QFile>
@@ -27,10 +28,8 @@ QStringList tableCoordinates()
     QStringList coordinates { QStringLiteral("G68"), QStringLiteral("G60"), QStringLiteral("G61"),
                               QStringLiteral("G293"), QStringLiteral("G437"), QStringLiteral("G438"),
                               QStringLiteral("G439") };
-    for (int number = 283; number <= 292; ++number)
-        coordinates << QStringLiteral("G%1").arg(number);
-    for (int number = 415; number <= 436; ++number)
-        coordinates << QStringLiteral("G%1").arg(number);
+    for (int table = 0; table < MxSimulation::CamTableCount; ++table)
+        coordinates << MxSimulation::masterArrayCoordinate(table) << MxSimulation::slaveArrayCoordinate(table);
     return coordinates;
 }
 

@@ -2,9 +2,10 @@
 
 #include "driveproject.h"
 
+#include "filedialog.h"
+#include "messagebox.h"
+
 #include <camdesigner/camdescription.h>
-#include <camdesigner/filedialog.h>
-#include <camdesigner/messagebox.h>
 
 #include <QDialogButtonBox>
 #include <QFileInfo>

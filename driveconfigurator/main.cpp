@@ -6,8 +6,7 @@
 #include "driveproject.h"
 
 #include "atomicfilewriter.h"
-
-#include <camdesigner/messagebox.h>
+#include "messagebox.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -3,8 +3,12 @@ target_sources(MxHostSuite PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/atomicfilewriter.cpp
     ${CMAKE_CURRENT_LIST_DIR}/defaultpathsetting.h
     ${CMAKE_CURRENT_LIST_DIR}/defaultpathsetting.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/filedialog.h
+    ${CMAKE_CURRENT_LIST_DIR}/filedialog.cpp
     ${CMAKE_CURRENT_LIST_DIR}/helpwidget.h
     ${CMAKE_CURRENT_LIST_DIR}/helpwidget.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/messagebox.h
+    ${CMAKE_CURRENT_LIST_DIR}/messagebox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parametercatalogue.h
     ${CMAKE_CURRENT_LIST_DIR}/parametercatalogue.cpp
     ${CMAKE_CURRENT_LIST_DIR}/parameterdefinition.h

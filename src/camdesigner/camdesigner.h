@@ -2,14 +2,17 @@
 
 #include "mxcamdesigner_export.h"
 
-#include <parameterdefinition.h>
-
 #include <QObject>
 
 class CamDescription;
 class QLocale;
 class QWidget;
 
+namespace MxParameterDefinition {
+// As the host suite's parameterdefinition.h declares it: the header needs
+// nothing else of the suite.
+using eLivingSpace = int;
+}
 namespace MxParameterInstance {
 class ParameterContainer;
 }
@@ -35,6 +38,11 @@ public:
     // of the source texts, removes it. Windows opened afterwards use it.
     // False when there is no translation for that language.
     static bool installTranslator(const QLocale &locale);
+    // The CRC-32 over the grid point table of a cam table as it is stored in
+    // the drive, computed as the editor computes its stamp: a host compares it
+    // with the stamp to tell the tables the editor wrote from others.
+    static quint32 storedTableCrc(MxParameterInstance::ParameterContainer *container,
+                                  MxParameterDefinition::eLivingSpace livingSpace, unsigned short camTable);
 
     // A preview of the curve for hosts that show it on their own.
     virtual QWidget *createPreview() = 0;

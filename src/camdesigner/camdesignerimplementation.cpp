@@ -65,6 +65,17 @@ bool CamDesigner::installTranslator(const QLocale &locale)
     }
 }
 
+quint32 CamDesigner::storedTableCrc(MxParameterInstance::ParameterContainer *container,
+                                    MxParameterDefinition::eLivingSpace livingSpace, unsigned short camTable)
+{
+    try {
+        return ParameterModelImplementation::storedTableCrc(container, livingSpace, camTable);
+    } catch (...) {
+        // No exception crosses into the host; a failed computation gives 0.
+        return 0;
+    }
+}
+
 CamDesignerImplementation::CamDesignerImplementation(QObject *parent, unsigned short camTable)
     : CamDesigner(parent)
     , m_camTable(camTable)
@@ -96,7 +107,15 @@ void CamDesignerImplementation::initialize(MxParameterInstance::ParameterContain
 {
     m_container = container;
     m_parameterModel = new ParameterModelImplementation(this, container, m_camTable, livingSpace);
-    m_editorModel = new CamEditorModel(this, m_parameterModel, qobject_cast<CamDescriptionImplementation *>(camDescription));
+    auto *description = qobject_cast<CamDescriptionImplementation *>(camDescription);
+    // The design keeps the parameter a plain QObject; a host that hands over
+    // something else gets an editor without a description, and is told so.
+    if (!description) {
+        qWarning("CamDesigner::initialize: %s is not a cam description from "
+                 "CamDescription::createCamDescription(); the editor has no description",
+                 camDescription ? camDescription->metaObject()->className() : "a null pointer");
+    }
+    m_editorModel = new CamEditorModel(this, m_parameterModel, description);
     // Velocities in revolutions per minute need the axis' feed and gear.
     if (auto *scaling = qobject_cast<ScalingImplementation *>(m_editorModel->scaling()))
         scaling->setDrive(container, livingSpace);

@@ -47,6 +47,8 @@ public:
     QPolygonF accelerations() const { return m_accelerations; }
     QPolygonF jerks() const { return m_jerks; }
 
+    // The difference rule of a point list, the one home of it: each point but
+    // the last gets the slope to its successor.
     static QPolygonF differenceQuotient(const QPolygonF &points);
 
     bool isCyclic() const { return m_cyclic; }

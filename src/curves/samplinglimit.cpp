@@ -110,8 +110,7 @@ SamplingLimit SamplingLimit::find(const MotionPlan &plan)
 {
     SamplingLimit limit;
     const Scaling *scaling = plan.scaling();
-    const int decimals = scaling ? scaling->decimalPlaces() : 0;
-    limit.resolution = std::pow(10.0, -decimals);
+    limit.resolution = scaling ? scaling->positionResolution() : 1.0;
     const int count = plan.motionPoints().size();
     const double range = plan.masterRange();
     if (count < 2 || !(range > 0.0) || !std::isfinite(range) || count >= MotionPlan::MaximumGridPoints)

@@ -107,16 +107,6 @@ void CamEditorModel::onBulkChangeFinished()
     update();
 }
 
-void CamEditorModel::applySteps()
-{
-    sample(m_coarseSteps);
-}
-
-void CamEditorModel::setRealSteps()
-{
-    sample(false);
-}
-
 void CamEditorModel::createNewMotionPlan()
 {
     delete m_motionPlan;

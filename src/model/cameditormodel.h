@@ -64,8 +64,6 @@ signals:
 public slots:
     void update();
     void calculateNewMotionPlan();
-    void applySteps();
-    void setRealSteps();
     void createNewMotionPlan();
 
 private:

@@ -161,13 +161,7 @@ void MotionPoint::setFrom(const MotionPoint &other)
 {
     if (isEqual(other))
         return;
-    m_master = other.m_master;
-    m_slave = other.m_slave;
-    m_type = other.m_type;
-    m_sectionLaw = other.m_sectionLaw;
-    m_inflection = other.m_inflection;
-    m_hasVelocity = other.m_hasVelocity;
-    m_velocity = other.m_velocity;
+    *this = other;
     emit edited();
 }
 

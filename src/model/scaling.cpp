@@ -123,7 +123,7 @@ QString Scaling::derivativeUnit(int order) const
     if (m_velocityScaling != MasterSlave) {
         // U/min, U/min/s, U/min/s²: a change of speed per second, as ramps
         // of drives are given.
-        const QString perMinute = tr("U") + QLatin1Char('/') + timeUnitName(Minutes);
+        const QString perMinute = tr("U", "unit symbol: revolutions (Umdrehungen), as in U/min") + QLatin1Char('/') + timeUnitName(Minutes);
         if (order == 1)
             return perMinute;
         return perMinute + QLatin1Char('/') + timeUnitName(Seconds) + QString::fromUtf8(PowerSuffix[order - 1]);

@@ -31,6 +31,10 @@ public:
     // Array coordinates of a table; empty outside 0..15.
     static ParameterCoordinate masterArrayOf(int camTable);
     static ParameterCoordinate slaveArrayOf(int camTable);
+    // The CRC-32 of the table stored for camTable, over the bytes the stamp
+    // is made of; that of no bytes without a container.
+    static quint32 storedTableCrc(MxParameterInstance::ParameterContainer *container, eLivingSpace livingSpace,
+                                  int camTable);
 
     unsigned short camTable() const override { return m_camTable; }
     eLivingSpace livingSpace() const { return m_livingSpace; }

@@ -3,6 +3,8 @@
 // outside changes, and the stamp. The write is in parametermodelwrite.cpp.
 #include "parametermodelimplementation.h"
 
+#include "curves/motionplan.h"
+
 #include "bytearraysupport.h"
 #include "parameterinstance.h"
 
@@ -23,21 +25,19 @@ const char SummaryTemplate[] = QT_TRANSLATE_NOOP(
     "<p>\t\tMaster: %FirstMasterValue% </p><p>\t\tSlave: %FirstSlaveValue%</p><p>\tLetztes Element:</p>"
     "<p>\t\tMaster: %LastMasterValue% </p><p>Slave: %LastSlaveValue%</p></body></html>");
 
-// The difference rule: each point gets the slope to its successor, the last
-// repeats the last slope. Any zero or undefined master step gives nothing.
+// The derivatives of the stored table follow the plan's difference rule;
+// the last point repeats the last slope so that each stored point has one.
+// Any zero or undefined master step gives nothing.
 QPolygonF differences(const QPolygonF &points)
 {
-    QPolygonF result;
-    if (points.size() < 2)
-        return result;
-    result.reserve(points.size());
     for (int k = 0; k + 1 < points.size(); ++k) {
         const double dx = points.at(k + 1).x() - points.at(k).x();
         if (dx == 0.0 || std::isnan(dx))
             return QPolygonF();
-        result.append(QPointF(points.at(k).x(), (points.at(k + 1).y() - points.at(k).y()) / dx));
     }
-    result.append(QPointF(points.constLast().x(), result.constLast().y()));
+    QPolygonF result = MotionPlan::differenceQuotient(points);
+    if (!result.isEmpty())
+        result.append(QPointF(points.constLast().x(), result.constLast().y()));
     return result;
 }
 
@@ -50,14 +50,25 @@ int ParameterModelImplementation::storedGridPointCount() const
 
 quint32 ParameterModelImplementation::computeCrc() const
 {
-    if (!m_container)
-        return VxByteArraySupport::ByteArraySupport(QByteArray(), true).crc32();
-    const int count = storedGridPointCount();
+    return storedTableCrc(m_container, m_livingSpace, m_camTable);
+}
+
+// The buffer: per stored point its index, its native master and its native
+// slave text, one after the other.
+quint32 ParameterModelImplementation::storedTableCrc(MxParameterInstance::ParameterContainer *container,
+                                                     eLivingSpace livingSpace, int camTable)
+{
     QByteArray buffer;
-    for (int i = 0; i < count; ++i) {
-        buffer += QByteArray::number(i);
-        buffer += m_container->readValueNative(m_livingSpace, m_masterArray, i, false).toUtf8();
-        buffer += m_container->readValueNative(m_livingSpace, m_slaveArray, i, false).toUtf8();
+    if (container) {
+        const int count = container->readValue(livingSpace, ParameterCoordinate(QStringLiteral("G68")), camTable, false)
+                              .toInt();
+        const ParameterCoordinate masterArray = masterArrayOf(camTable);
+        const ParameterCoordinate slaveArray = slaveArrayOf(camTable);
+        for (int i = 0; i < count; ++i) {
+            buffer += QByteArray::number(i);
+            buffer += container->readValueNative(livingSpace, masterArray, i, false).toUtf8();
+            buffer += container->readValueNative(livingSpace, slaveArray, i, false).toUtf8();
+        }
     }
     return VxByteArraySupport::ByteArraySupport(buffer, true).crc32();
 }

@@ -300,7 +300,9 @@ void CurveReportView::fillSections(const CurveReport &report)
     const QString masterUnit = scaling ? scaling->masterUnit() : QString();
     const QString masterSuffix = masterUnit.isEmpty() ? QString() : QStringLiteral("\n[%1]").arg(masterUnit);
     m_sections->setHorizontalHeaderLabels({
-        tr("von") + masterSuffix, tr("bis") + masterSuffix, tr("Hub") + unit(0), tr("Cv"), tr("Ca"), tr("Cj"),
+        tr("von", "column of the sections table: master position where the section starts") + masterSuffix,
+        tr("bis", "column of the sections table: master position where the section ends") + masterSuffix,
+        tr("Hub") + unit(0), tr("Cv"), tr("Ca"), tr("Cj"),
         tr("v max") + unit(1), tr("a max") + unit(2), tr("j max") + unit(3), tr("Abtastfehler") + unit(0),
         tr("Segmenttypen"), tr("Abschnittsgesetz") });
     const auto coefficient = [](double value) {

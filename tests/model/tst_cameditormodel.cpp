@@ -246,7 +246,6 @@ void tst_CamEditorModel::changedSignals_data()
     QTest::newRow("point edited") << 2 << 1 << 1;
     QTest::newRow("point moved") << 3 << 0 << 1;
     QTest::newRow("static step size") << 4 << 1 << 1;
-    QTest::newRow("applySteps") << 5 << 1 << 0;
     QTest::newRow("endCoarseSteps, no coarse plan to replace") << 6 << 1 << 0;
     QTest::newRow("load") << 7 << 1 << 1;
     QTest::newRow("load of the same data") << 8 << 1 << 1;
@@ -270,7 +269,6 @@ void tst_CamEditorModel::changedSignals()
     case 2: point->setFrom(MotionPoint(95, 12, MotionPoint::acceleration)); break;
     case 3: point->setPosition(QPointF(95, 12)); break;
     case 4: cam.description.steps()->setStaticStepSize(2.0); break;
-    case 5: cam.model->applySteps(); break;
     case 6: cam.model->endCoarseSteps(); break;
     case 7: cam.description.fromJson(loaded); break;
     case 8: cam.description.fromJson(cam.description.toJson()); break;
@@ -341,15 +339,9 @@ void tst_CamEditorModel::coarseStepsWhileDragging()
     coarse->calculate(coarse->masterRange() / MotionPlanFactory::CoarseStepCount);
     QCOMPARE(cam.model->motionPlan()->positions(), coarse->positions());
 
-    // setRealSteps() samples by the settings, coarse steps or not.
     std::unique_ptr<MotionPlan> full = cam.freshPlan();
     full->calculate(1.0);
     QVERIFY(full->positions() != coarse->positions());
-    cam.model->setRealSteps();
-    QCOMPARE(cam.model->motionPlan()->positions(), full->positions());
-    QVERIFY(cam.model->isCoarseSteps());
-    cam.model->applySteps();
-    QCOMPARE(cam.model->motionPlan()->positions(), coarse->positions());
 
     QSignalSpy changed(cam.model.get(), &CamEditorModel::changed);
     cam.model->endCoarseSteps();

@@ -1,6 +1,7 @@
 # Installs the build into a scratch prefix, checks that the installed library
 # exports only the host-facing classes, then builds and runs a host program
-# against it through find_package(MxCamDesigner) and find_package(MxHostSuite).
+# against it through find_package(MxCamDesigner) and find_package(MxHostSuite),
+# and a program that finds the editor package alone.
 file(REMOVE_RECURSE "${WORK_DIR}")
 set(prefix "${WORK_DIR}/prefix")
 execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}"
@@ -57,17 +58,21 @@ endif()
 list(JOIN EXPORTED_CLASSES ", " names)
 message(STATUS "${LIBRARY}: ${own} symbols of ${names}, ${standard} standard library instances")
 
-execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${WORK_DIR}/consumer"
-                        "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
-                RESULT_VARIABLE result)
-if(result)
-    message(FATAL_ERROR "configuring the consumer failed: ${result}")
-endif()
-execute_process(COMMAND "${CMAKE_COMMAND}" --build "${WORK_DIR}/consumer" RESULT_VARIABLE result)
-if(result)
-    message(FATAL_ERROR "building the consumer failed: ${result}")
-endif()
-execute_process(COMMAND "${WORK_DIR}/consumer/consumer" RESULT_VARIABLE result)
-if(result)
-    message(FATAL_ERROR "the consumer failed: ${result}")
-endif()
+# The host program, which also uses the host suite, and a consumer of the
+# editor package alone.
+foreach(consumer consumer packagealone)
+    execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE_DIR}/${consumer}" -B "${WORK_DIR}/${consumer}"
+                            "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
+                    RESULT_VARIABLE result)
+    if(result)
+        message(FATAL_ERROR "configuring ${consumer} failed: ${result}")
+    endif()
+    execute_process(COMMAND "${CMAKE_COMMAND}" --build "${WORK_DIR}/${consumer}" RESULT_VARIABLE result)
+    if(result)
+        message(FATAL_ERROR "building ${consumer} failed: ${result}")
+    endif()
+    execute_process(COMMAND "${WORK_DIR}/${consumer}/${consumer}" RESULT_VARIABLE result)
+    if(result)
+        message(FATAL_ERROR "${consumer} failed: ${result}")
+    endif()
+endforeach()

@@ -684,10 +684,12 @@ difference</translation>
     </message>
     <message>
         <source>von</source>
+        <comment>column of the sections table: master position where the section starts</comment>
         <translation>from</translation>
     </message>
     <message>
         <source>bis</source>
+        <comment>column of the sections table: master position where the section ends</comment>
         <translation>to</translation>
     </message>
     <message>
@@ -1519,6 +1521,7 @@ at %2</translation>
     </message>
     <message>
         <source>U</source>
+        <comment>unit symbol: revolutions (Umdrehungen), as in U/min</comment>
         <translation>rev</translation>
     </message>
 </context>
