@@ -101,8 +101,11 @@ MotionPlanTreeEditor::MotionPlanTreeEditor(CamEditorModel *editorModel, Paramete
     m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                             | QAbstractItemView::AnyKeyPressed);
     m_tree->setItemDelegate(new SegmentTypeDelegate(m_tree));
-    // Equal columns whether or not the segment type shows.
-    m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
+    // Each column as wide as its header and its texts, the last one taking
+    // what is left: with the section columns the panel is narrower than the
+    // table, and equal shares cut the headers. The tree scrolls sideways then.
+    m_tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_tree->header()->setStretchLastSection(true);
     m_tree->setObjectName(QStringLiteral("motionPointTree"));
 
     m_removeAction->setShortcut(QKeySequence::Delete);
