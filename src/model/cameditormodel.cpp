@@ -58,6 +58,14 @@ CamEditorModel::CamEditorModel(QObject *parent, ParameterModel *parameterModel,
         // goes first, a plan without points takes its place so that nothing
         // is left pointing at deleted points.
         connect(camDescription, &QObject::destroyed, this, &CamEditorModel::update);
+        // A load deletes the points the plan was built from. Views that hear
+        // of the new rows before the load ends (a table restoring its
+        // selection) must not evaluate the old plan; the inputs are forgotten
+        // so that the end of the load builds a new one in any case.
+        connect(camDescription, &CamDescriptionImplementation::pointsAboutToBeReset, this, [this] {
+            m_pointsReplaced = true;
+            m_planInputs = PlanInputs();
+        });
     }
     calculateNewMotionPlan();
 }
@@ -111,6 +119,7 @@ void CamEditorModel::createNewMotionPlan()
 {
     delete m_motionPlan;
     m_motionPlan = nullptr;
+    m_pointsReplaced = false;
     // Built from the data as it is now, not yet sampled.
     m_planInputs = currentInputs(m_coarseSteps);
     m_planInputs.sampled = false;
@@ -204,7 +213,8 @@ bool CamEditorModel::tooManyGridPoints() const
     if (!settings || settings->isDynamicStepSize())
         return false;
     const int budget = MotionPlan::MaximumGridPoints - motionPointCount();
-    return m_motionPlan->masterRange() / settings->staticStepSize() > budget;
+    const MotionPlan *plan = motionPlan();
+    return plan && plan->masterRange() / settings->staticStepSize() > budget;
 }
 
 CamDescriptionImplementation *CamEditorModel::camDescription() const

@@ -47,7 +47,9 @@ public:
     MotionLaw *motionLaw() const;
     QList<MotionPoint *> motionPoints() const;
     Steps *steps() const;
-    MotionPlan *motionPlan() const { return m_motionPlan; }
+    // None while a load replaces the points: the plan still points at the
+    // points being deleted until it is built again at the load's end.
+    MotionPlan *motionPlan() const { return m_pointsReplaced ? nullptr : m_motionPlan; }
     Scaling *scaling() const;
 
     // The points by row, ascending master, for item models; the row
@@ -103,6 +105,7 @@ private:
 
     ScalingImplementation *m_scaling;
     MotionPlan *m_motionPlan = nullptr;
+    bool m_pointsReplaced = false;
     QPointer<CamDescriptionImplementation> m_camDescription;
     bool m_coarseSteps = false;
     // A rebuild asked for during a bulk change, done once at its end.
