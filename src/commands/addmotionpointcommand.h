@@ -1,6 +1,6 @@
 #pragma once
 
-#include "motionpointvalues.h"
+#include "model/motionpointvalues.h"
 
 #include <QCoreApplication>
 #include <QPointer>

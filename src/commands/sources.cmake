@@ -1,7 +1,6 @@
 target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/valuecommand.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointlookup.h
-    ${CMAKE_CURRENT_LIST_DIR}/motionpointvalues.h
     ${CMAKE_CURRENT_LIST_DIR}/addmotionpointcommand.h
     ${CMAKE_CURRENT_LIST_DIR}/addmotionpointcommand.cpp
     ${CMAKE_CURRENT_LIST_DIR}/removemotionpointcommand.h

@@ -154,8 +154,7 @@ CamEditorModel::PlanInputs CamEditorModel::currentInputs(bool coarse) const
         const QList<MotionPoint *> points = description->motionPoints();
         inputs.points.reserve(points.size());
         for (const MotionPoint *point : points)
-            inputs.points.append({ point, point->master(), point->slave(), point->type(), point->sectionLaw(),
-                                   point->inflection(), point->hasVelocity(), point->velocity() });
+            inputs.points.append({ point, MotionPointValues(point) });
         inputs.law = description->motionLaw()->law();
         inputs.cyclic = description->isCyclic();
         inputs.circularLength = description->circularLength();
@@ -168,13 +167,6 @@ CamEditorModel::PlanInputs CamEditorModel::currentInputs(bool coarse) const
     inputs.coarse = coarse;
     inputs.decimals = m_scaling->decimalPlaces();
     return inputs;
-}
-
-bool CamEditorModel::PlanInputs::Point::operator==(const Point &other) const
-{
-    return point == other.point && master == other.master && slave == other.slave && type == other.type
-        && sectionLaw == other.sectionLaw && inflection == other.inflection && hasVelocity == other.hasVelocity
-        && velocity == other.velocity;
 }
 
 bool CamEditorModel::PlanInputs::operator==(const PlanInputs &other) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "motionpointvalues.h"
+
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -76,15 +78,12 @@ private:
     struct PlanInputs {
         struct Point {
             const MotionPoint *point;
-            double master;
-            double slave;
-            int type;
-            // The section it starts shapes the curve as much.
-            int sectionLaw;
-            double inflection;
-            bool hasVelocity;
-            double velocity;
-            bool operator==(const Point &other) const;
+            // The section it starts shapes the curve as much as the position.
+            MotionPointValues values;
+            bool operator==(const Point &other) const
+            {
+                return point == other.point && values == other.values;
+            }
         };
         QVector<Point> points;
         int law = -1;

@@ -8,6 +8,7 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionlaw.h
     ${CMAKE_CURRENT_LIST_DIR}/motionlaw.cpp
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.h
+    ${CMAKE_CURRENT_LIST_DIR}/motionpointvalues.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpoint.cpp
     ${CMAKE_CURRENT_LIST_DIR}/fixedscaling.h
     ${CMAKE_CURRENT_LIST_DIR}/scaling.h

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "model/motionpoint.h"
+#include "motionpoint.h"
 
-// The values of a point as a command first saw it, for putting back an equal
-// point when the command's own object is gone.
+// The values of a point: as a command first saw it, for putting back an equal
+// point when the command's own object is gone; as a plan was built from it,
+// to tell whether the point has changed since.
 struct MotionPointValues {
     explicit MotionPointValues(const MotionPoint *point)
         : master(point ? point->master() : 0.0)
@@ -23,6 +24,14 @@ struct MotionPointValues {
         if (hasVelocity)
             point->setVelocity(velocity);
         return point;
+    }
+
+    // Exact: any change, however small, counts.
+    bool operator==(const MotionPointValues &other) const
+    {
+        return master == other.master && slave == other.slave && type == other.type
+            && sectionLaw == other.sectionLaw && inflection == other.inflection && hasVelocity == other.hasVelocity
+            && velocity == other.velocity;
     }
 
     double master;
