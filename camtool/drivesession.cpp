@@ -1,6 +1,6 @@
 #include "drivesession.h"
 
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "toolsupport.h"
 #include "verbs.h"
 

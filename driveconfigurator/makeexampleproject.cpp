@@ -6,7 +6,7 @@
 #include "driveproject.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "curves/motionplan.h"
 #include "import/curvetextconverter.h"
 #include "model/cameditormodel.h"

@@ -8,7 +8,7 @@
 // coarsest sampling is searched as well (bit 4, slow: it samples the plan
 // many times); the rest is the JSON text.
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "curves/curvereport.h"
 #include "curves/motionplan.h"
 #include "curves/motionplanfactory.h"

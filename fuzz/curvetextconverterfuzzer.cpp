@@ -9,7 +9,7 @@
 // first bytes give readable seeds ("000" is SERVOsoft, "313" the free format
 // with comma decimals and blanks); a format byte of '6' to ';' reads the text
 // as UTF-16 ("900" the free format with point and semicolon).
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "import/curvetextconverter.h"
 #include "import/curvetextwriter.h"
 #include "parameters/parametermodelimplementation.h"

@@ -10,8 +10,4 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.cpp
     ${CMAKE_CURRENT_LIST_DIR}/controller.h
-    ${CMAKE_CURRENT_LIST_DIR}/filedialog.h
-    ${CMAKE_CURRENT_LIST_DIR}/messagebox.h
-    ${CMAKE_CURRENT_LIST_DIR}/tableclipboard.h
-    ${CMAKE_CURRENT_LIST_DIR}/tableclipboard.cpp
 )

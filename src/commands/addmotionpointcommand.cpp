@@ -1,6 +1,6 @@
 #include "addmotionpointcommand.h"
 
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "motionpointlookup.h"
 
 AddMotionPointCommand::AddMotionPointCommand(CamDescriptionImplementation *camDescription,

@@ -2,8 +2,8 @@
 
 #include "ui_externalcurveimportview.h"
 
-#include "camdesigner/filedialog.h"
-#include "camdesigner/messagebox.h"
+#include <filedialog.h>
+#include <messagebox.h>
 #include "parameters/parametermodel.h"
 
 #include <qwt_legend.h>

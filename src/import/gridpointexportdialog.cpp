@@ -1,8 +1,8 @@
 #include "gridpointexportdialog.h"
 #include "ui_gridpointexportdialog.h"
 
-#include "camdesigner/filedialog.h"
-#include "camdesigner/messagebox.h"
+#include <filedialog.h>
+#include <messagebox.h>
 #include "curvetextconverter.h"
 #include "curvetextwriter.h"
 #include "defaultpathsetting.h"

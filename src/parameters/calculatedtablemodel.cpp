@@ -3,7 +3,7 @@
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "parametermodel.h"
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 #include "resources/camdesignerresources.h"
 
 CalculatedTableModel::CalculatedTableModel(CamEditorModel *editorModel, ParameterModel *parameterModel,

@@ -2,7 +2,7 @@
 
 #include "calculatedtablemodel.h"
 
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 
 #include <QHeaderView>
 

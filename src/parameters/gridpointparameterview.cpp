@@ -1,7 +1,7 @@
 #include "gridpointparameterview.h"
 
 #include "helpwidget.h"
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 #include "model/jsondifference.h"
 #include "parameterelementlist.h"
 #include "parametermodel.h"

@@ -5,7 +5,7 @@
 
 #include "saveparameterprogress.h"
 
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "curves/positionrounding.h"
 
 #include "parameterinstance.h"

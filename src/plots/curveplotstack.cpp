@@ -1,8 +1,8 @@
 #include "curveplotstack.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/filedialog.h"
-#include "camdesigner/messagebox.h"
+#include <filedialog.h>
+#include <messagebox.h>
 #include "curves/motionplan.h"
 #include "defaultpathsetting.h"
 #include "exactcurve.h"

@@ -1,7 +1,7 @@
 #include "motionpointdragger.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "commands/editmotionpointcommand.h"
 #include "curveplot.h"
 #include "model/cameditormodel.h"

@@ -4,8 +4,8 @@
 
 #include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/controller.h"
-#include "camdesigner/filedialog.h"
-#include "camdesigner/messagebox.h"
+#include <filedialog.h>
+#include <messagebox.h>
 #include "commands/undoview.h"
 #include "curves/motionplan.h"
 #include "import/externalcurveimportview.h"

@@ -5,7 +5,7 @@
 #include "positionlineedit.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "commands/changedynamicstepresolutioncommand.h"
 #include "commands/changemotionlawcommand.h"
 #include "commands/changestepmodecommand.h"

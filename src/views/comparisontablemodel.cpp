@@ -1,6 +1,6 @@
 #include "comparisontablemodel.h"
 
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 #include "curves/motionplan.h"
 #include "curves/positionrounding.h"
 #include "model/cameditormodel.h"

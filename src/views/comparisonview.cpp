@@ -2,7 +2,7 @@
 
 #include "comparisontablemodel.h"
 
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 #include "parameters/parametermodel.h"
 
 #include <QEvent>

@@ -7,7 +7,7 @@
 #include "pointeditview.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/tableclipboard.h"
+#include "widgets/tableclipboard.h"
 #include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"

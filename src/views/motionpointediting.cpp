@@ -3,7 +3,7 @@
 #include "positionlineedit.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "commands/addmotionpointcommand.h"
 #include "commands/editmotionpointcommand.h"
 #include "commands/removemotionpointcommand.h"

@@ -4,7 +4,7 @@
 #include "motionpointtextparser.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "commands/addmotionpointcommand.h"
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"

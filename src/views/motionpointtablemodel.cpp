@@ -14,8 +14,8 @@
 #include <QWidget>
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
-#include "camdesigner/tableclipboard.h"
+#include <messagebox.h>
+#include "widgets/tableclipboard.h"
 #include "commands/changesectioncommand.h"
 #include "curves/motionplanvdi.h"
 #include "model/cameditormodel.h"

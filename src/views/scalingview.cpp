@@ -1,6 +1,6 @@
 #include "scalingview.h"
 
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "positionlineedit.h"
 
 #include "commands/setcyletimecommand.h"

@@ -1,7 +1,7 @@
 #include "seamquestion.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "curves/curvereport.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"

@@ -1,4 +1,4 @@
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 #include "messagecapture.h"
 
 #include <QAbstractButton>

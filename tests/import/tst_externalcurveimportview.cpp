@@ -3,7 +3,7 @@
 #include "messagecapture.h"
 #include "testfiles.h"
 
-#include "camdesigner/filedialog.h"
+#include <filedialog.h>
 #include "import/externalcurveimportview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"

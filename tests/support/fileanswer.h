@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdesigner/filedialog.h"
+#include <filedialog.h>
 
 #include <QList>
 

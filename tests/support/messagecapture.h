@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdesigner/messagebox.h"
+#include <messagebox.h>
 
 #include <QList>
 

@@ -4,7 +4,7 @@
 #include "testfiles.h"
 
 #include "camdesigner/controller.h"
-#include "camdesigner/filedialog.h"
+#include <filedialog.h>
 #include "commands/undoview.h"
 #include "views/curvereportview.h"
 #include "curves/motionplan.h"
