@@ -10,8 +10,10 @@
 class CamEditorModel;
 class MeasuringTool;
 class MotionPointDragger;
-class MotionPointEditing;
 class ParameterModel;
+class PlotContextMenu;
+class PlotZoom;
+class PointMarkers;
 class PointSelection;
 class SectionWarnings;
 class WarningBands;
@@ -39,10 +41,10 @@ public:
     // (MotionPoint::rest ...), or, with -1, of all points under the spline.
     QwtPlotCurve *markers(int type) const;
     MotionPointDragger *dragger() const { return m_dragger; }
-    QAction *wholeCurveAction() const { return m_wholeCurveAction; }
-    QAction *exportAction() const { return m_exportAction; }
-    QAction *insertPointAction() const { return m_insertPointAction; }
-    QAction *removePointAction() const { return m_removePointAction; }
+    QAction *wholeCurveAction() const;
+    QAction *exportAction() const;
+    QAction *insertPointAction() const;
+    QAction *removePointAction() const;
     MeasuringTool *measuringTool() const { return m_measuring; }
     // How a quantity is shown: derivatives times the scaling's factor, in its unit.
     double valueFactor(int quantity) const;
@@ -55,10 +57,10 @@ public:
     double secondsPerMaster() const;
     QString masterAxisUnit() const;
     // The ring around the current point's marker in a plot.
-    QwtPlotCurve *highlight(CurvePlot::Quantity quantity) const { return m_highlights[quantity]; }
+    QwtPlotCurve *highlight(CurvePlot::Quantity quantity) const;
     // The largest slave position change of the last insert from the
     // context menu; NaN before one.
-    double lastInsertDeviation() const { return m_lastInsertDeviation; }
+    double lastInsertDeviation() const;
     // The warning bands and joint lines drawn, summed over the plots.
     int warningMarkCount() const;
     void setCurvesVisible(bool calculated, bool visible);
@@ -76,9 +78,6 @@ public:
 public slots:
     void refresh();
     void showWholeCurve();
-    void exportPlots();
-    // Asks for a file and writes one plot (or, with -1, the visible ones).
-    void exportPlot(int quantity);
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -87,45 +86,25 @@ protected:
 private:
     // Every text set here, again after a change of language.
     void retranslate();
-    void updateMarkers();
     void updateHighlight();
     // The calculated derivatives, from the plan at the shown resolution.
     void updateExactCurves();
     void updateScales();
-    void alignAxes();
-    void onMasterAxisChanged(CurvePlot *source);
-    // The context menu's point edits, at a position on the position plot's canvas.
-    void insertPoint();
-    void removePoint();
 
     QPointer<CamEditorModel> m_editorModel;
     QPointer<ParameterModel> m_parameterModel;
     CurvePlot *m_plots[CurvePlot::QuantityCount];
-    QwtPlotCurve *m_markers[5];
-    QwtPlotCurve *m_highlights[CurvePlot::QuantityCount];
+    std::unique_ptr<PointMarkers> m_points;
     // The master range the calculated derivatives were last evaluated over.
     double m_exactFrom = 0.0;
     double m_exactTo = 0.0;
     QWidget *m_legend;
     MotionPointDragger *m_dragger;
-    QAction *m_wholeCurveAction;
-    QAction *m_exportAction;
-    QAction *m_insertPointAction;
-    QAction *m_removePointAction;
-    std::unique_ptr<MotionPointEditing> m_editing;
+    PlotZoom *m_zoom;
+    std::unique_ptr<PlotContextMenu> m_menu;
     QPointer<PointSelection> m_selection;
     QPointer<SectionWarnings> m_warnings;
     std::unique_ptr<WarningBands> m_warningBands;
-    double m_lastInsertDeviation;
     MeasuringTool *m_measuring = nullptr;
-    // Where the context menu was opened on the position plot's canvas.
-    QPoint m_menuPosition;
-    // The user zoomed or panned: refreshes keep the master range shown.
-    bool m_zoomed = false;
-    // The master range the whole curve takes; the axes report it back when
-    // they are next drawn, which is no zoom of the user's.
-    double m_wholeMasterFrom = 0.0;
-    double m_wholeMasterTo = 0.0;
-    bool m_settingScales = false;
     bool m_replotPending = false;
 };

@@ -14,6 +14,12 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.h
     ${CMAKE_CURRENT_LIST_DIR}/motionpointdragger.cpp
     ${CMAKE_CURRENT_LIST_DIR}/plainscaledraw.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotcontextmenu.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotcontextmenu.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/plotzoom.h
+    ${CMAKE_CURRENT_LIST_DIR}/plotzoom.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/pointmarkers.h
+    ${CMAKE_CURRENT_LIST_DIR}/pointmarkers.cpp
     ${CMAKE_CURRENT_LIST_DIR}/plotexport.h
     ${CMAKE_CURRENT_LIST_DIR}/plotexport.cpp
     ${CMAKE_CURRENT_LIST_DIR}/pointinsertion.h
