@@ -36,6 +36,9 @@ class ParameterProvider;
 // The editor's main window: the panels as dockable widgets, the menus, tool
 // bars and shortcuts of every whole-cam action, and the layout kept in the
 // host's settings. It deletes itself when closed, then emits closed().
+// Its sources: camdesignerviewimplementation.cpp (construction, controls,
+// events), camdesignerviewlayout.cpp (docks and settings) and
+// camdesignerviewactions.cpp (file and drive actions).
 class CamDesignerViewImplementation : public QMainWindow
 {
     Q_OBJECT
@@ -112,6 +115,7 @@ private:
     // Every text set in code, again after a change of language (undo texts
     // already on the stack keep the language they were made in).
     void retranslate();
+    void retranslateDocks();
     void showCurrentTabs();
 
     std::unique_ptr<Ui::CamDesignerView> m_ui;

@@ -2,6 +2,8 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerview.ui
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewimplementation.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewlayout.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camdesignerviewactions.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camsettingsview.h
     ${CMAKE_CURRENT_LIST_DIR}/camsettingsview.cpp
     ${CMAKE_CURRENT_LIST_DIR}/comparisontablemodel.h
