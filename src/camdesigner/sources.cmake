@@ -9,5 +9,6 @@ target_sources(MxCamDesignerObjects PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/camdesignerimplementation.cpp
     ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.h
     ${CMAKE_CURRENT_LIST_DIR}/camdescriptionimplementation.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/camdescriptiondata.cpp
     ${CMAKE_CURRENT_LIST_DIR}/controller.h
 )
