@@ -51,40 +51,6 @@ private slots:
         QCOMPARE(plan.velocity(100.0) + 1.0, 1.0);
     }
 
-    void straightLines_data()
-    {
-        QTest::addColumn<QVector<PointData>>("points");
-        QTest::newRow("three speed points")
-            << QVector<PointData>{ { 0, 0, MotionPoint::speed }, { 10, 10, MotionPoint::speed }, { 20, 20, MotionPoint::speed } };
-        QTest::newRow("four speed points, middle by the general formulas")
-            << QVector<PointData>{ { 0, 0, MotionPoint::speed }, { 10, 10, MotionPoint::speed }, { 20, 20, MotionPoint::speed }, { 30, 30, MotionPoint::speed } };
-    }
-
-    void straightLines()
-    {
-        QFETCH(QVector<PointData>, points);
-        const PlanPoints planPoints = planPointsOf(points);
-        MotionPlanVdi plan(planPoints.list, false, 0.0, nullptr, &m_scaling);
-        QCOMPARE(plan.sections().size(), points.size() - 1);
-        for (double master = 0.0; master <= points.last().master; master += 0.5) {
-            QCOMPARE(plan.position(master) + 1.0, master + 1.0);
-            QCOMPARE(plan.velocity(master), 1.0);
-            QCOMPARE(plan.acceleration(master) + 1.0, 1.0);
-        }
-    }
-
-    void turningPoint()
-    {
-        PlanPoints points;
-        points.add(0.0, 0.0, MotionPoint::rest);
-        points.add(10.0, 10.0, MotionPoint::turningPoint);
-        points.add(20.0, 0.0, MotionPoint::rest);
-        MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
-        QCOMPARE(plan.velocity(10.0) + 1.0, 1.0);
-        QCOMPARE(plan.acceleration(10.0), 2.0 * 1.5 * (-1.0 - 1.0) / 20.0);
-        QCOMPARE(plan.position(10.0), 10.0);
-    }
-
     void straightSectionRule_data()
     {
         QTest::addColumn<QVector<PointData>>("points");
