@@ -1,3 +1,4 @@
+#include "densesolve.h"
 #include "planpoints.h"
 
 #include "curves/curvereport.h"
@@ -116,34 +117,6 @@ Derivatives normalisedSection(int law, double lambda, double x0, double y0, doub
     return { y0 + v0 * T * u + (v1 - v0) * T * integral(law, lambda, u) + rest * g[0],
              v0 + (v1 - v0) * g[0] + rest * g[1] / T, (v1 - v0) * g[1] / T + rest * g[2] / (T * T),
              (v1 - v0) * g[2] / (T * T) + rest * g[3] / (T * T * T) };
-}
-
-// Solves a small dense system by Gaussian elimination with pivoting.
-std::vector<double> solve(std::vector<std::vector<double>> a, std::vector<double> b)
-{
-    const std::size_t n = b.size();
-    for (std::size_t c = 0; c < n; ++c) {
-        std::size_t pivot = c;
-        for (std::size_t r = c + 1; r < n; ++r)
-            if (std::abs(a[r][c]) > std::abs(a[pivot][c]))
-                pivot = r;
-        std::swap(a[c], a[pivot]);
-        std::swap(b[c], b[pivot]);
-        for (std::size_t r = c + 1; r < n; ++r) {
-            const double f = a[r][c] / a[c][c];
-            for (std::size_t k = c; k < n; ++k)
-                a[r][k] -= f * a[c][k];
-            b[r] -= f * b[c];
-        }
-    }
-    std::vector<double> x(n);
-    for (std::size_t r = n; r-- > 0;) {
-        double s = b[r];
-        for (std::size_t k = r + 1; k < n; ++k)
-            s -= a[r][k] * x[k];
-        x[r] = s / a[r][r];
-    }
-    return x;
 }
 
 // The seventh-degree polynomial with position, velocity and acceleration
@@ -281,19 +254,12 @@ void tst_SectionLaws::normalisedLaws()
 
 void tst_SectionLaws::poly7AndLine()
 {
-    // Rest in rest the seventh-degree polynomial is 35u⁴ - 84u⁵ + 70u⁶ - 20u⁷.
+    // Rest in rest: zero velocity, acceleration and jerk at both ends.
     PlanPoints rest;
     withLaw(rest, 0, 0, MotionPoint::rest, MotionPoint::Poly7);
     rest.add(50, 20);
     const auto restPlan = planOf(MotionLaw::Vdi, rest);
-    compareSection(*restPlan, 0, 50, [](double x) {
-        const double u = x / 50;
-        const double T = 50;
-        return Derivatives { 20 * (35 * std::pow(u, 4) - 84 * std::pow(u, 5) + 70 * std::pow(u, 6) - 20 * std::pow(u, 7)),
-                             20 * (140 * std::pow(u, 3) - 420 * std::pow(u, 4) + 420 * std::pow(u, 5) - 140 * std::pow(u, 6)) / T,
-                             20 * (420 * u * u - 1680 * std::pow(u, 3) + 2100 * std::pow(u, 4) - 840 * std::pow(u, 5)) / (T * T),
-                             20 * (840 * u - 5040 * u * u + 8400 * std::pow(u, 3) - 4200 * std::pow(u, 4)) / (T * T * T) };
-    });
+    compareSection(*restPlan, 0, 50, [](double x) { return poly7Section({ 0, 0, 0, 0 }, { 20, 0, 0, 0 }, 0, 50, x); });
 
     // Between an acceleration point and a turning point: the boundary values
     // of the quintic plan, met by a polynomial of degree seven.
