@@ -86,7 +86,6 @@ class tst_CamEditorModel : public QObject
 {
     Q_OBJECT
 private slots:
-    void constructionBuildsASampledPlan();
     void scalingFollowsTheDrive();
     void masterEnd_data();
     void masterEnd();
@@ -101,20 +100,6 @@ private slots:
     void coarseStepsWhileDragging();
     void descriptionGoneLeavesAnEmptyPlan();
 };
-
-void tst_CamEditorModel::constructionBuildsASampledPlan()
-{
-    EditedCam cam({ { 0, 0 }, { 100, 50 }, { 200, 0 } });
-    MotionPlan *plan = cam.model->motionPlan();
-    QVERIFY(qobject_cast<MotionPlanVdi *>(plan));
-    QCOMPARE(plan->parent(), cam.model.get());
-
-    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
-    fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
-    QVERIFY(!plan->positions().isEmpty());
-    QCOMPARE(plan->positions(), fresh->positions());
-    QCOMPARE(plan->velocities(), fresh->velocities());
-}
 
 void tst_CamEditorModel::scalingFollowsTheDrive()
 {
@@ -181,17 +166,24 @@ void tst_CamEditorModel::tooManyGridPoints()
     QCOMPARE(cam.model->tooManyGridPoints(), tooMany);
 }
 
+// The model owns a plan of the law in force, sampled as a fresh one.
 void tst_CamEditorModel::lawSwitchReplacesThePlanClass()
 {
     EditedCam cam({ { 0, 0 }, { 90, 10 }, { 180, 0 } });
     QPointer<MotionPlan> vdi = cam.model->motionPlan();
     QVERIFY(qobject_cast<MotionPlanVdi *>(vdi));
+    QCOMPARE(vdi->parent(), cam.model.get());
+    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
+    fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
+    QVERIFY(!vdi->positions().isEmpty());
+    QCOMPARE(vdi->positions(), fresh->positions());
+    QCOMPARE(vdi->velocities(), fresh->velocities());
 
     cam.description.motionLaw()->setLaw(MotionLaw::Spline);
     QVERIFY(vdi.isNull());
     QPointer<MotionPlan> spline = cam.model->motionPlan();
     QVERIFY(qobject_cast<MotionPlanCubicSpline *>(spline));
-    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
+    fresh = cam.freshPlan();
     fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
     QCOMPARE(spline->positions(), fresh->positions());
 
