@@ -1,4 +1,5 @@
 #include "curves/motionplan.h"
+#include "curves/motionplancubicspline.h"
 #include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
 #include "model/motionlaw.h"
@@ -7,8 +8,6 @@
 #include "planpoints.h"
 #include "referencesampling.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -332,32 +331,21 @@ private slots:
     {
         QTest::addColumn<int>("law");
         QTest::addColumn<bool>("spline");
-        QTest::addColumn<QByteArray>("steps");  // empty: none
-        QTest::addColumn<bool>("coarse");
-        // The plan's own calculation that the sampling rule must choose.
-        QTest::addColumn<double>("step");
-        QTest::addColumn<int>("resolution");
-
-        const QByteArray staticSteps = R"({"isDynamicStepSize": false, "staticStepSize": 2.5})";
-        const std::pair<const char *, int> laws[] = { { "VDI", MotionLaw::Vdi }, { "spline", MotionLaw::Spline } };
-        for (const auto &law : laws) {
-            const bool spline = law.second == MotionLaw::Spline;
-            QTest::addRow("%s, coarse whatever the steps", law.first) << law.second << spline << staticSteps << true << 360.0 / 500.0 << 0;
-            QTest::addRow("%s, static", law.first) << law.second << spline << staticSteps << false << 2.5 << 0;
-            QTest::addRow("%s, dynamic", law.first) << law.second << spline << QByteArray(R"({"dynamicSteps": 700})") << false << 0.0 << 700;
-            QTest::addRow("%s, no steps", law.first) << law.second << spline << QByteArray() << false << 0.0 << 500;
-        }
-        QTest::newRow("unknown law is VDI") << 7 << false << QByteArray() << false << 0.0 << 500;
+        QTest::addColumn<bool>("periodic");
+        QTest::newRow("VDI") << int(MotionLaw::Vdi) << false << false;
+        QTest::newRow("spline") << int(MotionLaw::Spline) << true << false;
+        QTest::newRow("periodic spline") << int(MotionLaw::SplinePeriodic) << true << true;
+        QTest::newRow("unknown law is VDI") << 7 << false << false;
     }
 
+    // The plan of each law, sampled at the default resolution where no steps
+    // are given; the editor model's tests hold the static, dynamic and
+    // coarse sampling the steps ask for.
     void factory()
     {
         QFETCH(int, law);
         QFETCH(bool, spline);
-        QFETCH(QByteArray, steps);
-        QFETCH(bool, coarse);
-        QFETCH(double, step);
-        QFETCH(int, resolution);
+        QFETCH(bool, periodic);
         Points points;
         points.add(0.0, 0.0, MotionPoint::acceleration);
         points.add(120.0, 40.0, MotionPoint::turningPoint);
@@ -366,17 +354,14 @@ private slots:
         MotionPlan *plan = MotionPlanFactory::create(law, points.list, true, 360.0, &owner, &m_scaling);
         QCOMPARE(plan->parent(), &owner);
         QCOMPARE(plan->metaObject()->className(), spline ? "MotionPlanCubicSpline" : "MotionPlanVdi");
+        if (spline)
+            QCOMPARE(static_cast<MotionPlanCubicSpline *>(plan)->spline().isPeriodic(), periodic);
 
-        Steps settings;
-        settings.fromJson(QJsonDocument::fromJson(steps).object());
         QSignalSpy spy(plan, &MotionPlan::stepSizeChanged);
-        MotionPlanFactory::sample(plan, steps.isEmpty() ? nullptr : &settings, coarse);
+        MotionPlanFactory::sample(plan, nullptr, false);
         QCOMPARE(spy.count(), 1);
         const std::unique_ptr<MotionPlan> twin(MotionPlanFactory::create(law, points.list, true, 360.0, nullptr, &m_scaling));
-        if (resolution > 0)
-            twin->calculateWithResolution(resolution);
-        else
-            twin->calculate(step);
+        twin->calculateWithResolution(Steps::DefaultDynamicStepResolution);
         QVERIFY(plan->positions().size() > 100);
         QVERIFY(Reference::samePoints(plan->positions(), twin->positions()));
         QVERIFY(Reference::samePoints(plan->velocities(), twin->velocities()));

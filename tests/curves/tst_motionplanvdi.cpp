@@ -96,24 +96,6 @@ private slots:
         // Guards the test itself: the data must be able to tell the orders apart.
         QVERIFY(hornerDiffers);
     }
-    void twoRestPoints()
-    {
-        PlanPoints points;
-        points.add(0.0, 0.0, MotionPoint::rest);
-        points.add(100.0, 50.0, MotionPoint::rest);
-        MotionPlanVdi plan(points.list, false, 0.0, nullptr, &m_scaling);
-        QCOMPARE(plan.sections().size(), 1);
-        const CamSectionFifthPolynomial *section = plan.sections().first();
-        QCOMPARE(QPointF(section->start(), section->end()), QPointF(0.0, 100.0));
-        QCOMPARE(section->a0() + section->a1() + section->a2(), 0.0);
-        QCOMPARE(section->a3(), 0.0005);
-        QCOMPARE(section->a4(), -0.0000075);
-        QCOMPARE(section->a5(), 0.00000003);
-        QCOMPARE(plan.position(50.0), 25.0);
-        QCOMPARE(plan.position(100.0), 50.0);
-        QCOMPARE(plan.velocity(100.0) + 1.0, 1.0);
-    }
-
     void straightSectionRule_data()
     {
         QTest::addColumn<QVector<PointData>>("points");
