@@ -48,8 +48,6 @@ class tst_CurveReport : public QObject
     Q_OBJECT
 private slots:
     void polynomialRoots();
-    void restToRestCoefficients_data();
-    void restToRestCoefficients();
     void straightSpeedSections_data();
     void straightSpeedSections();
     void cyclicSeam_data();
@@ -73,42 +71,6 @@ void tst_CurveReport::polynomialRoots()
     const CurvePolynomial::Extreme extreme = p.largestMagnitude(0.0, 6.0);
     QCOMPARE(extreme.value, -120.0);
     QCOMPARE(extreme.t, 0.0);
-}
-
-void tst_CurveReport::restToRestCoefficients_data()
-{
-    QTest::addColumn<double>("length");
-    QTest::addColumn<double>("stroke");
-    QTest::newRow("100 by 50") << 100.0 << 50.0;
-    QTest::newRow("10 by -3") << 10.0 << -3.0;
-    QTest::newRow("360 by 1000") << 360.0 << 1000.0;
-}
-
-void tst_CurveReport::restToRestCoefficients()
-{
-    QFETCH(double, length);
-    QFETCH(double, stroke);
-    PlanPoints points;
-    points.add(5.0, 2.0);
-    points.add(5.0 + length, 2.0 + stroke);
-    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
-    const CurveReport report(*plan);
-    QCOMPARE(int(report.sections().size()), 1);
-    const CurveSectionReport &section = report.sections().front();
-    QCOMPARE(section.startType, int(MotionPoint::rest));
-    QCOMPARE(section.endType, int(MotionPoint::rest));
-    QVERIFY(std::abs(section.stroke - stroke) < 1e-12 * std::abs(stroke));
-    QVERIFY(std::abs(section.cv - 1.875) < 1e-9);
-    QVERIFY(std::abs(section.ca - 10.0 / std::sqrt(3.0)) < 1e-9);
-    QVERIFY(std::abs(section.cj - 60.0) < 1e-9);
-    // Fastest in the middle; the hardest acceleration at (1/2 ± √3/6)·T and
-    // the largest jerk at either end, equal in magnitude on both sides.
-    QVERIFY(std::abs(section.velocity.master - (5.0 + length / 2.0)) < 1e-9 * length);
-    const double fromMiddle = std::abs(section.acceleration.master - (5.0 + length / 2.0));
-    QVERIFY(std::abs(fromMiddle - length * std::sqrt(3.0) / 6.0) < 1e-9 * length);
-    QVERIFY(section.jerk.master == 5.0 || section.jerk.master == 5.0 + length);
-    QCOMPARE(section.velocity.value > 0.0, stroke > 0.0);
-    QVERIFY(report.joints().empty());
 }
 
 void tst_CurveReport::straightSpeedSections_data()
