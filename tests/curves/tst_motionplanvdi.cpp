@@ -34,6 +34,7 @@ class TestMotionPlanVdi : public QObject
     FixedScaling m_scaling{ 3 };
 
 private slots:
+    // The fifth-degree sections the plan is made of, on their own.
     void containment_data()
     {
         QTest::addColumn<double>("start");
@@ -96,6 +97,7 @@ private slots:
         // Guards the test itself: the data must be able to tell the orders apart.
         QVERIFY(hornerDiffers);
     }
+
     void straightSectionRule_data()
     {
         QTest::addColumn<QVector<PointData>>("points");
