@@ -10,6 +10,7 @@
 
 #include <QTest>
 
+#include <array>
 #include <cmath>
 #include <memory>
 
@@ -47,11 +48,10 @@ class tst_CurveReport : public QObject
     Q_OBJECT
 private slots:
     void polynomialRoots();
-    void restToRestCoefficients_data();
-    void restToRestCoefficients();
-    void straightSpeedSection();
-    void cyclicSplineJumpsInVelocityAtTheSeam();
-    void cyclicVdiIsContinuousInAccelerationAtTheSeam();
+    void straightSpeedSections_data();
+    void straightSpeedSections();
+    void cyclicSeam_data();
+    void cyclicSeam();
     void samplingErrorIsTheExactMaximum_data();
     void samplingErrorIsTheExactMaximum();
     void halvingTheStepQuartersTheError();
@@ -73,52 +73,24 @@ void tst_CurveReport::polynomialRoots()
     QCOMPARE(extreme.t, 0.0);
 }
 
-void tst_CurveReport::restToRestCoefficients_data()
+void tst_CurveReport::straightSpeedSections_data()
 {
-    QTest::addColumn<double>("length");
-    QTest::addColumn<double>("stroke");
-    QTest::newRow("100 by 50") << 100.0 << 50.0;
-    QTest::newRow("10 by -3") << 10.0 << -3.0;
-    QTest::newRow("360 by 1000") << 360.0 << 1000.0;
+    QTest::addColumn<int>("count");
+    QTest::newRow("three speed points") << 3;
+    QTest::newRow("four speed points, middle by the general formulas") << 4;
 }
 
-void tst_CurveReport::restToRestCoefficients()
+void tst_CurveReport::straightSpeedSections()
 {
-    QFETCH(double, length);
-    QFETCH(double, stroke);
+    QFETCH(int, count);
     PlanPoints points;
-    points.add(5.0, 2.0);
-    points.add(5.0 + length, 2.0 + stroke);
+    for (int i = 0; i < count; ++i)
+        points.add(10.0 * i, 10.0 * i, MotionPoint::speed);
     const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
     const CurveReport report(*plan);
-    QCOMPARE(int(report.sections().size()), 1);
-    const CurveSectionReport &section = report.sections().front();
-    QCOMPARE(section.startType, int(MotionPoint::rest));
-    QCOMPARE(section.endType, int(MotionPoint::rest));
-    QVERIFY(std::abs(section.stroke - stroke) < 1e-12 * std::abs(stroke));
-    QVERIFY(std::abs(section.cv - 1.875) < 1e-9);
-    QVERIFY(std::abs(section.ca - 10.0 / std::sqrt(3.0)) < 1e-9);
-    QVERIFY(std::abs(section.cj - 60.0) < 1e-9);
-    // Fastest in the middle; the hardest acceleration at (1/2 ± √3/6)·T and
-    // the largest jerk at either end, equal in magnitude on both sides.
-    QVERIFY(std::abs(section.velocity.master - (5.0 + length / 2.0)) < 1e-9 * length);
-    const double fromMiddle = std::abs(section.acceleration.master - (5.0 + length / 2.0));
-    QVERIFY(std::abs(fromMiddle - length * std::sqrt(3.0) / 6.0) < 1e-9 * length);
-    QVERIFY(section.jerk.master == 5.0 || section.jerk.master == 5.0 + length);
-    QCOMPARE(section.velocity.value > 0.0, stroke > 0.0);
-    QVERIFY(report.joints().empty());
-}
-
-void tst_CurveReport::straightSpeedSection()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0, MotionPoint::speed);
-    points.add(10.0, 10.0, MotionPoint::speed);
-    points.add(20.0, 20.0, MotionPoint::speed);
-    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
-    const CurveReport report(*plan);
-    QCOMPARE(int(report.sections().size()), 2);
+    QCOMPARE(int(report.sections().size()), count - 1);
     for (const CurveSectionReport &section : report.sections()) {
+        QCOMPARE(section.stroke, 10.0);
         QCOMPARE(section.velocity.value, 1.0);
         QCOMPARE(section.acceleration.value, 0.0);
         QCOMPARE(section.jerk.value, 0.0);
@@ -126,55 +98,57 @@ void tst_CurveReport::straightSpeedSection()
         QCOMPARE(section.ca, 0.0);
         QCOMPARE(section.cj, 0.0);
     }
-    QCOMPARE(int(report.joints().size()), 1);
-    QCOMPARE(report.joints().front().continuity, 3);
-    QVERIFY(!report.joints().front().seam);
-}
-
-// A natural spline closed in position only: its end slope differs from its
-// start slope.
-void tst_CurveReport::cyclicSplineJumpsInVelocityAtTheSeam()
-{
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(90.0, 40.0);
-    points.add(180.0, 10.0);
-    const auto plan = planOf(MotionLaw::Spline, points, true, 360.0, nullptr);
-    const CurveReport report(*plan);
-    QCOMPARE(int(report.sections().size()), 3);
-    QCOMPARE(report.sections().front().startType, CurveReport::NoSegmentType);
-    QCOMPARE(int(report.joints().size()), 3);
-    for (int i = 0; i < 2; ++i) {
-        QCOMPARE(report.joints()[std::size_t(i)].continuity, 2);
-        QVERIFY(!report.joints()[std::size_t(i)].seam);
+    QCOMPARE(int(report.joints().size()), count - 2);
+    for (const CurveJointReport &joint : report.joints()) {
+        QCOMPARE(joint.continuity, 3);
+        QVERIFY(!joint.seam);
     }
-    const CurveJointReport &seam = report.joints().back();
-    QVERIFY(seam.seam);
-    QCOMPARE(seam.master, 360.0);
-    QCOMPARE(seam.continuity, 0);
-    const double expected = plan->velocity(0.0) - plan->velocity(360.0);
-    QVERIFY(std::abs(seam.jumps[1] - expected) < 1e-12);
-    QVERIFY(std::abs(seam.jumps[1]) > 100 * report.tolerance(1));
 }
 
-void tst_CurveReport::cyclicVdiIsContinuousInAccelerationAtTheSeam()
+void tst_CurveReport::cyclicSeam_data()
 {
+    QTest::addColumn<int>("law");
+    QTest::addColumn<int>("inner");  // continuity at the inner joints
+    QTest::addColumn<int>("seam");
+    // A natural spline closed in position only: its end slope differs from
+    // its start slope.
+    QTest::newRow("spline jumps in velocity") << int(MotionLaw::Spline) << 2 << 0;
+    // The last VDI section ends with the first one's start velocity and
+    // acceleration.
+    QTest::newRow("vdi continuous in acceleration") << int(MotionLaw::Vdi) << 2 << 2;
+}
+
+// The seam's jumps are the start's derivatives minus the end's; the last
+// continuous one is not merely zero meeting zero, the next one jumps.
+void tst_CurveReport::cyclicSeam()
+{
+    QFETCH(int, law);
+    QFETCH(int, inner);
+    QFETCH(int, seam);
     PlanPoints points;
-    points.add(0.0, 0.0, MotionPoint::acceleration);
+    points.add(0.0, 5.0, MotionPoint::acceleration);
     points.add(90.0, 40.0, MotionPoint::speed);
     points.add(180.0, 10.0, MotionPoint::turningPoint);
-    const auto plan = planOf(MotionLaw::Vdi, points, true, 300.0, nullptr);
+    const auto plan = planOf(law, points, true, 300.0, nullptr);
     const CurveReport report(*plan);
+    QCOMPARE(int(report.sections().size()), 3);
+    QCOMPARE(report.sections().front().startType == CurveReport::NoSegmentType, law == MotionLaw::Spline);
     QCOMPARE(int(report.joints().size()), 3);
-    const CurveJointReport &seam = report.joints().back();
-    QVERIFY(seam.seam);
-    QCOMPARE(seam.master, 300.0);
-    QVERIFY(seam.continuity >= 2);
-    // The acceleration meeting at the seam is not zero: continuity is not
-    // merely two rests meeting.
-    QVERIFY(std::abs(plan->acceleration(0.0)) > 1e-6);
-    for (const CurveJointReport &joint : report.joints())
-        QVERIFY(joint.continuity >= 2);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(report.joints()[std::size_t(i)].continuity, inner);
+        QVERIFY(!report.joints()[std::size_t(i)].seam);
+    }
+    const CurveJointReport &joint = report.joints().back();
+    QVERIFY(joint.seam);
+    QCOMPARE(joint.master, 300.0);
+    QCOMPARE(joint.continuity, seam);
+    const std::array<double, 4> start { plan->position(0.0), plan->velocity(0.0), plan->acceleration(0.0), plan->jerk(0.0) };
+    const std::array<double, 4> end { plan->position(300.0), plan->velocity(300.0), plan->acceleration(300.0),
+                                      plan->jerk(300.0) };
+    for (std::size_t k = 0; k < 4; ++k)
+        QVERIFY(std::abs(joint.jumps[k] - (start[k] - end[k])) < 1e-12 * (1.0 + std::abs(start[k])));
+    QVERIFY(std::abs(start[std::size_t(seam)]) > 1e-6);
+    QVERIFY(std::abs(joint.jumps[std::size_t(seam + 1)]) > 100 * report.tolerance(seam + 1));
 }
 
 void tst_CurveReport::samplingErrorIsTheExactMaximum_data()

@@ -1,4 +1,5 @@
 #include "curves/motionplan.h"
+#include "curves/motionplancubicspline.h"
 #include "curves/motionplanfactory.h"
 #include "model/fixedscaling.h"
 #include "model/motionlaw.h"
@@ -7,8 +8,6 @@
 #include "planpoints.h"
 #include "referencesampling.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -191,48 +190,31 @@ private slots:
         QVERIFY(MotionPlan::differenceQuotient(QPolygonF()).isEmpty());
     }
 
-    void fewerThanTwoPointsChangeNothing()
+    void calculationsThatChangeNothing_data()
     {
-        Points points({ 5.0 });
-        FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
-        QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
-        plan.calculate(1.0);
-        plan.calculateWithResolution(100);
-        QCOMPARE(spy.count(), 0);
-        QVERIFY(plan.positions().isEmpty());
-        QVERIFY(plan.velocities().isEmpty());
+        QTest::addColumn<QVector<double>>("masters");
+        QTest::addColumn<int>("notifications");
+        // Fewer than two points: nothing to sample, nothing said.
+        QTest::newRow("one point") << QVector<double>{ 5.0 } << 0;
+        // A wanted count not above the motion points only notifies.
+        QTest::newRow("count not above the motion points") << QVector<double>{ 0.0, 10.0, 20.0, 30.0 } << 3;
     }
 
-    void dynamicNotAboveMotionPointCountOnlyNotifies()
+    void calculationsThatChangeNothing()
     {
-        Points points({ 0.0, 10.0, 20.0, 30.0 });
+        QFETCH(QVector<double>, masters);
+        Points points(masters);
         FunctionPlan plan(points.list, Parabola, Bending, &m_scaling);
-        plan.calculate(1.0);
-        const QPolygonF before = plan.positions();
-        const QPolygonF velocitiesBefore = plan.velocities();
         QSignalSpy spy(&plan, &MotionPlan::stepSizeChanged);
+        plan.calculate(1.0);
+        const QPolygonF positions = plan.positions();
+        const QPolygonF velocities = plan.velocities();
+        QCOMPARE(positions.isEmpty(), masters.size() < 2);
         plan.calculateWithResolution(4);
         plan.calculateWithResolution(-3);
-        QCOMPARE(spy.count(), 2);
-        QCOMPARE(plan.positions(), before);
-        QCOMPARE(plan.velocities(), velocitiesBefore);
-    }
-
-    void dynamicRefinesOnce()
-    {
-        // Only the second half bends: the first run gets about half the wanted
-        // points, the refinement halves the step once.
-        const Function acceleration = [](double x) { return x > 500.0 ? 1.0 : 0.0; };
-        Points points({ 0.0, 1000.0 });
-        FunctionPlan plan(points.list, Parabola, acceleration, &m_scaling);
-        plan.calculateWithResolution(1000);
-        const QPolygonF positions = plan.positions();
-
-        const QPolygonF firstRun = Reference::sample(plan, 1000.0 / 998.0, 0.001);
-        QVERIFY(firstRun.size() > 450 && firstRun.size() < 550);
-        QVERIFY(Reference::samePoints(positions, Reference::sample(plan, firstRun.size() * (1000.0 / 998.0) / 1000, 0.001)));
-        QVERIFY(positions.size() > 900 && positions.size() < 1100);
-        QCOMPARE(positions.at(1).x() > 499.0, true);
+        QTEST(int(spy.count()), "notifications");
+        QCOMPARE(plan.positions(), positions);
+        QCOMPARE(plan.velocities(), velocities);
     }
 
     void dynamicDerivativesAreAppended()
@@ -349,32 +331,21 @@ private slots:
     {
         QTest::addColumn<int>("law");
         QTest::addColumn<bool>("spline");
-        QTest::addColumn<QByteArray>("steps");  // empty: none
-        QTest::addColumn<bool>("coarse");
-        // The plan's own calculation that the sampling rule must choose.
-        QTest::addColumn<double>("step");
-        QTest::addColumn<int>("resolution");
-
-        const QByteArray staticSteps = R"({"isDynamicStepSize": false, "staticStepSize": 2.5})";
-        const std::pair<const char *, int> laws[] = { { "VDI", MotionLaw::Vdi }, { "spline", MotionLaw::Spline } };
-        for (const auto &law : laws) {
-            const bool spline = law.second == MotionLaw::Spline;
-            QTest::addRow("%s, coarse whatever the steps", law.first) << law.second << spline << staticSteps << true << 360.0 / 500.0 << 0;
-            QTest::addRow("%s, static", law.first) << law.second << spline << staticSteps << false << 2.5 << 0;
-            QTest::addRow("%s, dynamic", law.first) << law.second << spline << QByteArray(R"({"dynamicSteps": 700})") << false << 0.0 << 700;
-            QTest::addRow("%s, no steps", law.first) << law.second << spline << QByteArray() << false << 0.0 << 500;
-        }
-        QTest::newRow("unknown law is VDI") << 7 << false << QByteArray() << false << 0.0 << 500;
+        QTest::addColumn<bool>("periodic");
+        QTest::newRow("VDI") << int(MotionLaw::Vdi) << false << false;
+        QTest::newRow("spline") << int(MotionLaw::Spline) << true << false;
+        QTest::newRow("periodic spline") << int(MotionLaw::SplinePeriodic) << true << true;
+        QTest::newRow("unknown law is VDI") << 7 << false << false;
     }
 
+    // The plan of each law, sampled at the default resolution where no steps
+    // are given; the editor model's tests hold the static, dynamic and
+    // coarse sampling the steps ask for.
     void factory()
     {
         QFETCH(int, law);
         QFETCH(bool, spline);
-        QFETCH(QByteArray, steps);
-        QFETCH(bool, coarse);
-        QFETCH(double, step);
-        QFETCH(int, resolution);
+        QFETCH(bool, periodic);
         Points points;
         points.add(0.0, 0.0, MotionPoint::acceleration);
         points.add(120.0, 40.0, MotionPoint::turningPoint);
@@ -383,17 +354,14 @@ private slots:
         MotionPlan *plan = MotionPlanFactory::create(law, points.list, true, 360.0, &owner, &m_scaling);
         QCOMPARE(plan->parent(), &owner);
         QCOMPARE(plan->metaObject()->className(), spline ? "MotionPlanCubicSpline" : "MotionPlanVdi");
+        if (spline)
+            QCOMPARE(static_cast<MotionPlanCubicSpline *>(plan)->spline().isPeriodic(), periodic);
 
-        Steps settings;
-        settings.fromJson(QJsonDocument::fromJson(steps).object());
         QSignalSpy spy(plan, &MotionPlan::stepSizeChanged);
-        MotionPlanFactory::sample(plan, steps.isEmpty() ? nullptr : &settings, coarse);
+        MotionPlanFactory::sample(plan, nullptr, false);
         QCOMPARE(spy.count(), 1);
         const std::unique_ptr<MotionPlan> twin(MotionPlanFactory::create(law, points.list, true, 360.0, nullptr, &m_scaling));
-        if (resolution > 0)
-            twin->calculateWithResolution(resolution);
-        else
-            twin->calculate(step);
+        twin->calculateWithResolution(Steps::DefaultDynamicStepResolution);
         QVERIFY(plan->positions().size() > 100);
         QVERIFY(Reference::samePoints(plan->positions(), twin->positions()));
         QVERIFY(Reference::samePoints(plan->velocities(), twin->velocities()));

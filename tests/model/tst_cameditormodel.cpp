@@ -86,12 +86,9 @@ class tst_CamEditorModel : public QObject
 {
     Q_OBJECT
 private slots:
-    void constructionBuildsASampledPlan();
     void scalingFollowsTheDrive();
-    void masterEnd_data();
-    void masterEnd();
-    void tooManyGridPoints_data();
-    void tooManyGridPoints();
+    void masterEndAndBudget_data();
+    void masterEndAndBudget();
     void lawSwitchReplacesThePlanClass();
     void samplingRule_data();
     void samplingRule();
@@ -101,20 +98,6 @@ private slots:
     void coarseStepsWhileDragging();
     void descriptionGoneLeavesAnEmptyPlan();
 };
-
-void tst_CamEditorModel::constructionBuildsASampledPlan()
-{
-    EditedCam cam({ { 0, 0 }, { 100, 50 }, { 200, 0 } });
-    MotionPlan *plan = cam.model->motionPlan();
-    QVERIFY(qobject_cast<MotionPlanVdi *>(plan));
-    QCOMPARE(plan->parent(), cam.model.get());
-
-    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
-    fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
-    QVERIFY(!plan->positions().isEmpty());
-    QCOMPARE(plan->positions(), fresh->positions());
-    QCOMPARE(plan->velocities(), fresh->velocities());
-}
 
 void tst_CamEditorModel::scalingFollowsTheDrive()
 {
@@ -127,71 +110,68 @@ void tst_CamEditorModel::scalingFollowsTheDrive()
     QCOMPARE(model.scaling()->masterPositionToText(1.0 / 3.0), QStringLiteral("0.33"));
 }
 
-void tst_CamEditorModel::masterEnd_data()
-{
-    QTest::addColumn<QList<QPointF>>("points");
-    QTest::addColumn<bool>("cyclic");
-    QTest::addColumn<double>("end");
-    QTest::newRow("no points") << QList<QPointF>() << false << 1.0;
-    QTest::newRow("no points, cyclic 360") << QList<QPointF>() << true << 360.0;
-    QTest::newRow("last point 200") << QList<QPointF> { { 0, 0 }, { 200, 5 } } << false << 200.0;
-    QTest::newRow("last point 200, cyclic 360") << QList<QPointF> { { 0, 0 }, { 200, 5 } } << true << 360.0;
-    QTest::newRow("last point 400, cyclic 360") << QList<QPointF> { { 0, 0 }, { 400, 5 } } << true << 400.0;
-}
-
-void tst_CamEditorModel::masterEnd()
-{
-    QFETCH(QList<QPointF>, points);
-    QFETCH(bool, cyclic);
-    QFETCH(double, end);
-    EditedCam cam(points, cyclic, 360.0);
-    QCOMPARE(cam.model->masterEnd(), end);
-}
-
-void tst_CamEditorModel::tooManyGridPoints_data()
+// The end of the master axis, and whether a static step exceeds the grid
+// point budget.
+void tst_CamEditorModel::masterEndAndBudget_data()
 {
     QTest::addColumn<QList<QPointF>>("points");
     QTest::addColumn<bool>("cyclic");
     QTest::addColumn<double>("circularLength");
     QTest::addColumn<bool>("dynamic");
     QTest::addColumn<double>("stepSize");
+    QTest::addColumn<double>("end");
     QTest::addColumn<bool>("tooMany");
+    const QList<QPointF> none;
     const QList<QPointF> one { { 0, 0 } };
-    QTest::newRow("0.1 over 1600, one point") << one << true << 1600.0 << false << 0.1 << true;
-    QTest::newRow("0.1001 over 1600, one point") << one << true << 1600.0 << false << 0.1001 << false;
-    QTest::newRow("dynamic never") << one << true << 1600.0 << true << 0.1 << false;
+    const QList<QPointF> to200 { { 0, 0 }, { 200, 5 } };
+    QTest::newRow("no points") << none << false << 360.0 << true << 1.0 << 1.0 << false;
+    QTest::newRow("no points, cyclic 360") << none << true << 360.0 << true << 1.0 << 360.0 << false;
+    QTest::newRow("last point 200") << to200 << false << 360.0 << true << 1.0 << 200.0 << false;
+    QTest::newRow("last point 200, cyclic 360") << to200 << true << 360.0 << true << 1.0 << 360.0 << false;
+    QTest::newRow("last point 400, cyclic 360") << QList<QPointF> { { 0, 0 }, { 400, 5 } } << true << 360.0 << true << 1.0
+                                                << 400.0 << false;
+    QTest::newRow("0.1 over 1600, one point") << one << true << 1600.0 << false << 0.1 << 1600.0 << true;
+    QTest::newRow("0.1001 over 1600, one point") << one << true << 1600.0 << false << 0.1001 << 1600.0 << false;
+    QTest::newRow("dynamic never") << one << true << 1600.0 << true << 0.1 << 1600.0 << false;
     // Strictly greater: 15998 steps fit two points exactly.
     const QList<QPointF> two { { 0, 0 }, { 15998, 1 } };
-    QTest::newRow("exactly the budget") << two << false << 1.0 << false << 1.0 << false;
+    QTest::newRow("exactly the budget") << two << false << 1.0 << false << 1.0 << 15998.0 << false;
     const QList<QPointF> longer { { 0, 0 }, { 15999, 1 } };
-    QTest::newRow("one step over the budget") << longer << false << 1.0 << false << 1.0 << true;
+    QTest::newRow("one step over the budget") << longer << false << 1.0 << false << 1.0 << 15999.0 << true;
 }
 
-void tst_CamEditorModel::tooManyGridPoints()
+void tst_CamEditorModel::masterEndAndBudget()
 {
     QFETCH(QList<QPointF>, points);
     QFETCH(bool, cyclic);
     QFETCH(double, circularLength);
     QFETCH(bool, dynamic);
     QFETCH(double, stepSize);
-    QFETCH(bool, tooMany);
     EditedCam cam(points, cyclic, circularLength);
     cam.description.steps()->setStaticStepSize(stepSize);
     cam.description.steps()->setIsDynamicStepSize(dynamic);
-    QCOMPARE(cam.model->tooManyGridPoints(), tooMany);
+    QTEST(cam.model->masterEnd(), "end");
+    QTEST(cam.model->tooManyGridPoints(), "tooMany");
 }
 
+// The model owns a plan of the law in force, sampled as a fresh one.
 void tst_CamEditorModel::lawSwitchReplacesThePlanClass()
 {
     EditedCam cam({ { 0, 0 }, { 90, 10 }, { 180, 0 } });
     QPointer<MotionPlan> vdi = cam.model->motionPlan();
     QVERIFY(qobject_cast<MotionPlanVdi *>(vdi));
+    QCOMPARE(vdi->parent(), cam.model.get());
+    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
+    fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
+    QVERIFY(!vdi->positions().isEmpty());
+    QCOMPARE(vdi->positions(), fresh->positions());
+    QCOMPARE(vdi->velocities(), fresh->velocities());
 
     cam.description.motionLaw()->setLaw(MotionLaw::Spline);
     QVERIFY(vdi.isNull());
     QPointer<MotionPlan> spline = cam.model->motionPlan();
     QVERIFY(qobject_cast<MotionPlanCubicSpline *>(spline));
-    std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
+    fresh = cam.freshPlan();
     fresh->calculateWithResolution(Steps::DefaultDynamicStepResolution);
     QCOMPARE(spline->positions(), fresh->positions());
 
