@@ -20,6 +20,8 @@ private slots:
         QCOMPARE(QLocale::system().decimalPoint(), QLatin1Char(','));
     }
 
+    // Under the C locale the same parse is met through the scaling
+    // (tst_scalingimplementation).
     void textWithUnitParses_data()
     {
         QTest::addColumn<QString>("text");
@@ -29,6 +31,7 @@ private slots:
         QTest::newRow("with blank before the unit") << "12,5 °" << 12.5 << 0.0;
         QTest::newRow("slave unit") << "-0,25 mm" << 0.0 << -0.25;
         QTest::newRow("no unit") << "3,75" << 3.75 << 3.75;
+        QTest::newRow("unit is case-sensitive") << "7,25 MM" << 0.0 << 0.0;
     }
     void textWithUnitParses()
     {
