@@ -12,7 +12,6 @@
 #include "commands/setcircularlengthcommand.h"
 #include "commands/setcyletimecommand.h"
 #include "commands/setiscycliccamcommand.h"
-#include "commands/setstepscommand.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
 #include "model/steps.h"
@@ -136,8 +135,10 @@ void tst_EditingCommands::undoTexts()
 }
 
 // The commands that set one value: push, undo and redo through the stack,
-// with the signals that reach the description and the model. Every kind,
-// and its undo and redo, also runs in tst_undorandom.
+// with the signals that reach the description and the model. Every kind is
+// pushed, undone and redone by the panels (tst_editingpanels) and in
+// tst_undorandom; the model's signals per change are tst_cameditormodel's.
+// Here the law (two signals to the model), the scaling (none) and the load.
 void tst_EditingCommands::valueCommands_data()
 {
     QTest::addColumn<ValueCase>("command");
@@ -150,18 +151,6 @@ void tst_EditingCommands::valueCommands_data()
         return new ChangeMotionLawCommand(c.description.motionLaw(), MotionLaw::Spline);
     }, [](CommandFixture &c) { return QVariant(c.description.motionLaw()->law()); } }
                          << QVariant(0) << QVariant(1) << 1 << 2;
-    QTest::newRow("step mode") << ValueCase { [](CommandFixture &c) {
-        return new ChangeStepModeCommand(c.description.steps(), false);
-    }, [](CommandFixture &c) { return QVariant(c.description.steps()->isDynamicStepSize()); } }
-                               << QVariant(true) << QVariant(false) << 1 << 1;
-    QTest::newRow("static step") << ValueCase { [](CommandFixture &c) {
-        return new SetStepsCommand(c.description.steps(), 0.1 + 0.2);
-    }, [](CommandFixture &c) { return QVariant(c.description.steps()->staticStepSize()); } }
-                                 << QVariant(1.0) << QVariant(0.1 + 0.2) << 1 << 1;
-    QTest::newRow("cyclic") << ValueCase { [](CommandFixture &c) {
-        return new SetIsCyclicCamCommand(&c.description, true);
-    }, [](CommandFixture &c) { return QVariant(c.description.isCyclic()); } }
-                            << QVariant(false) << QVariant(true) << 1 << 1;
     // The scaling is not cam definition data: nothing is recalculated (the
     // axis and velocity selectors are pushed the same way).
     QTest::newRow("cycle time") << ValueCase { [](CommandFixture &c) {
