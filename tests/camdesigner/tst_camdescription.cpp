@@ -10,7 +10,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -67,7 +66,6 @@ private slots:
     void fromJsonSignalOrder();
     void typeAppliesKeptAfterConstructionAndSameLawLoad();
     void appendAndTakePoint();
-    void changedPointsAreRekeyed();
     void differs_data();
     void differs();
     void summaryHtml();
@@ -222,29 +220,6 @@ void tst_CamDescription::appendAndTakePoint()
     taken->setTypeByIndex(1);
     QCOMPARE(pointChanged.count(), 1);
     QVERIFY(description->takePoint(taken.get()));
-}
-
-void tst_CamDescription::changedPointsAreRekeyed()
-{
-    auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "rest"], [20, 0, "rest"]]})"));
-    SignalLog log(description.get());
-    // Looked up by the exact master only.
-    QCOMPARE(description->pointAt(10.0 + 1e-13), nullptr);
-    QCOMPARE(description->pointAt(std::nextafter(10.0, 11.0)), nullptr);
-
-    MotionPoint *middle = description->pointAt(10.0);
-    middle->setPosition(QPointF(15.0, 6.0));
-    QCOMPARE(log.names, QStringList { "motionPointChanged" });
-    QCOMPARE(description->pointAt(15.0), middle);
-    QCOMPARE(description->pointAt(10.0), nullptr);
-    middle->setFrom(MotionPoint(12.0, 4.0, MotionPoint::speed));
-    QCOMPARE(log.names, QStringList({ "motionPointChanged", "motionPointChanged", "changed" }));
-    QCOMPARE(describePoints(*description), QStringLiteral("0/0/rest 12/4/speed 20/0/rest"));
-
-    // Moving the first point onto the last one's position: the moved one takes the entry.
-    MotionPoint *first = description->pointAt(0.0);
-    first->setPosition(QPointF(20.0, 9.0));
-    QCOMPARE(describePoints(*description), QStringLiteral("12/4/speed 20/9/rest"));
 }
 
 void tst_CamDescription::differs_data()
