@@ -3,7 +3,6 @@
 #include "messagecapture.h"
 
 #include "commands/addmotionpointcommand.h"
-#include "commands/changemotionlawcommand.h"
 #include "commands/changesectioncommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
@@ -12,7 +11,8 @@
 #include "commands/setcircularlengthcommand.h"
 #include "commands/setcyletimecommand.h"
 #include "commands/setiscycliccamcommand.h"
-#include "model/motionlaw.h"
+#include "commands/setmasteraxisscalingcommand.h"
+#include "commands/setvelocityscalingcommand.h"
 #include "model/scaling.h"
 #include "model/steps.h"
 
@@ -26,17 +26,9 @@
 namespace {
 
 using MakeCommand = std::function<QUndoCommand *(CommandFixture &)>;
-using ReadValue = std::function<QVariant(CommandFixture &)>;
-
-struct ValueCase {
-    MakeCommand make;
-    ReadValue read;
-};
-
 } // namespace
 
 Q_DECLARE_METATYPE(MakeCommand)
-Q_DECLARE_METATYPE(ValueCase)
 
 class tst_EditingCommands : public QObject
 {
@@ -47,8 +39,7 @@ private slots:
 
     void undoTexts_data();
     void undoTexts();
-    void valueCommands_data();
-    void valueCommands();
+    void scalingCommandsRecalculateNothing();
     void togglesUndoToTheNegation_data();
     void togglesUndoToTheNegation();
 
@@ -134,67 +125,25 @@ void tst_EditingCommands::undoTexts()
     delete command;
 }
 
-// The commands that set one value: push, undo and redo through the stack,
-// with the signals that reach the description and the model. Every kind is
-// pushed, undone and redone by the panels (tst_editingpanels) and in
-// tst_undorandom; the model's signals per change are tst_cameditormodel's.
-// Here the law (two signals to the model), the scaling (none) and the load.
-void tst_EditingCommands::valueCommands_data()
+// Every command kind is pushed, undone and redone by the panels
+// (tst_editingpanels) and in tst_undorandom, which also finds that no push
+// merges with the one before; the model's signals per change, a load's
+// included, are tst_cameditormodel's. The scaling is not cam definition data:
+// its commands recalculate nothing.
+void tst_EditingCommands::scalingCommandsRecalculateNothing()
 {
-    QTest::addColumn<ValueCase>("command");
-    QTest::addColumn<QVariant>("before");
-    QTest::addColumn<QVariant>("after");
-    QTest::addColumn<int>("descriptionChanged");
-    QTest::addColumn<int>("modelChanged");
-
-    QTest::newRow("law") << ValueCase { [](CommandFixture &c) {
-        return new ChangeMotionLawCommand(c.description.motionLaw(), MotionLaw::Spline);
-    }, [](CommandFixture &c) { return QVariant(c.description.motionLaw()->law()); } }
-                         << QVariant(0) << QVariant(1) << 1 << 2;
-    // The scaling is not cam definition data: nothing is recalculated (the
-    // axis and velocity selectors are pushed the same way).
-    QTest::newRow("cycle time") << ValueCase { [](CommandFixture &c) {
-        return new SetCyleTimeCommand(c.model->scaling(), 0.004);
-    }, [](CommandFixture &c) { return QVariant(c.model->scaling()->cycleTime()); } }
-                                << QVariant(1.0) << QVariant(0.004) << 0 << 0;
-    // Three points removed one by one, the law handling, cyclic, circular length
-    // and the closing changed(), both ways; the model rebuilds once, at the end.
-    const QJsonObject loaded = parseJson(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
-        "MotionPoints": [[0, 0, "rest"], [90, 45, "speed"], [180, 0, "rest"]]})");
-    QTest::newRow("load") << ValueCase { [loaded](CommandFixture &c) {
-        return new LoadNewMotionPlanCommand(&c.description, loaded, QStringLiteral("plan.json"));
-    }, [](CommandFixture &c) { return QVariant(c.description.toJson().toVariantMap()); } }
-                          << QVariant(parseJson(R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
-        "MotionPoints": [[0, 0, "rest"], [10, 5, "speed"], [20, 0, "rest"]],
-        "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})").toVariantMap())
-                          << QVariant(parseJson(R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Spline",
-        "MotionPoints": [[0, 0, "rest"], [90, 45, "speed"], [180, 0, "rest"]],
-        "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})").toVariantMap())
-                          << 7 << 1;
-}
-
-void tst_EditingCommands::valueCommands()
-{
-    QFETCH(ValueCase, command);
-    QFETCH(QVariant, before);
-    QFETCH(QVariant, after);
-    QFETCH(int, descriptionChanged);
-    QFETCH(int, modelChanged);
-
-    QCOMPARE(command.read(*m_cam), before);
-    m_cam->stack->push(command.make(*m_cam));
-    const QJsonObject changed = m_cam->description.toJson();
-    QCOMPARE(command.read(*m_cam), after);
-    CHECK_STATE(changed, 1, 1, descriptionChanged, modelChanged);
+    const QJsonObject start = m_cam->description.toJson();
+    Scaling *scaling = m_cam->model->scaling();
+    m_cam->stack->push(new SetCyleTimeCommand(scaling, 0.004));
+    m_cam->stack->push(new SetMasterAxisScalingCommand(scaling, Scaling::CycleTime));
+    m_cam->stack->push(new SetVelocityScalingCommand(scaling, Scaling::RpmOutput));
+    QCOMPARE(scaling->cycleTime(), 0.004);
+    CHECK_STATE(start, 3, 3, 0, 0);
     m_cam->stack->undo();
-    QCOMPARE(command.read(*m_cam), before);
-    m_cam->stack->redo();
-    QCOMPARE(command.read(*m_cam), after);
-    CHECK_STATE(changed, 1, 1, 2 * descriptionChanged, 2 * modelChanged);
-
-    // Never merged: the same change again is a second entry.
-    m_cam->stack->push(command.make(*m_cam));
-    QCOMPARE(m_cam->stack->count(), 2);
+    m_cam->stack->undo();
+    m_cam->stack->undo();
+    QCOMPARE(scaling->cycleTime(), 1.0);
+    CHECK_STATE(start, 0, 3, 0, 0);
 }
 
 void tst_EditingCommands::togglesUndoToTheNegation_data()
