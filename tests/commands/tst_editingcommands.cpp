@@ -3,7 +3,6 @@
 #include "messagecapture.h"
 
 #include "commands/addmotionpointcommand.h"
-#include "commands/changesectioncommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
 #include "commands/loadnewmotionplancommand.h"
@@ -48,8 +47,6 @@ private slots:
     void removeKeepsTheVeryObject();
     void editIsOneExchange();
     void editOntoAnotherPointGivesItBackOnUndo();
-    void pointCommandsFollowALoad_data();
-    void pointCommandsFollowALoad();
     void loadWithUndoNeedsALivingStack();
 
 private:
@@ -290,60 +287,6 @@ void tst_EditingCommands::editOntoAnotherPointGivesItBackOnUndo()
     // Set aside while the edit is done: dropped with the command.
     m_cam->stack->clear();
     QVERIFY(other.isNull());
-}
-
-void tst_EditingCommands::pointCommandsFollowALoad_data()
-{
-    QTest::addColumn<MakeCommand>("make");
-    QTest::newRow("add") << MakeCommand([](CommandFixture &c) {
-        auto *point = new MotionPoint(15, 2, MotionPoint::speed);
-        point->setSectionLaw(MotionPoint::Poly7);
-        point->setInflection(0.2);
-        point->setVelocity(-1);
-        return new AddMotionPointCommand(&c.description, point);
-    });
-    QTest::newRow("remove") << MakeCommand([](CommandFixture &c) {
-        return new RemoveMotionPointCommand(c.description.pointAt(10), &c.description);
-    });
-    QTest::newRow("edit") << MakeCommand([](CommandFixture &c) {
-        return new EditMotionPointCommand(c.description.pointAt(10), MotionPoint(20, 5, MotionPoint::speed),
-                                          c.model->scaling());
-    });
-    QTest::newRow("section") << MakeCommand([](CommandFixture &c) {
-        MotionPoint changed(*c.description.pointAt(10));
-        changed.clearVelocity();
-        return new ChangeSectionCommand(c.description.pointAt(10), changed, c.model->scaling());
-    });
-}
-
-// A load deletes every point object and makes new ones without a Qt parent;
-// a command beneath it must still undo and redo its change on the new ones.
-void tst_EditingCommands::pointCommandsFollowALoad()
-{
-    QFETCH(MakeCommand, make);
-    Controller &stack = *m_cam->stack;
-    CamDescriptionImplementation &description = m_cam->description;
-    // The section of the point must come back with it as well.
-    description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"],
-        [10, 5, "speed", {"law": "Harmonic", "inflection": 0.3, "velocity": 2}], [30, 0, "rest"]]})"));
-    QCOMPARE(description.pointAt(10)->parent(), nullptr);
-    const QJsonObject start = description.toJson();
-    stack.push(make(*m_cam));
-    const QJsonObject edited = description.toJson();
-    QVERIFY(edited != start);
-    description.loadWithUndo(parseJson(R"({"MotionPoints": [[1, 1, "rest"]]})"), QStringLiteral("andere.json"));
-
-    stack.undo();
-    QCOMPARE(description.toJson(), edited);
-    stack.undo();
-    QCOMPARE(description.toJson(), start);
-    stack.redo();
-    QCOMPARE(description.toJson(), edited);
-    // Beneath a load that is redone and undone again.
-    stack.redo();
-    stack.undo();
-    stack.undo();
-    QCOMPARE(description.toJson(), start);
 }
 
 void tst_EditingCommands::loadWithUndoNeedsALivingStack()
