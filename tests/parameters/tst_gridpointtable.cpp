@@ -12,29 +12,14 @@ constexpr int LivingSpace = BoundTable::LivingSpace;
 } // namespace
 
 // Writing, reading back, deleting and stamping a cam table, under the test
-// suite's C locale.
+// suite's C locale. What a write that is taken leaves in the drive (elements,
+// zeros, count, references, grown arrays, the stamp against a CRC computed
+// without the model) is checked for random tables in tst_gridpointwritefaults;
+// the order of the model's signals in tst_saveparameterprogress.
 class TestGridPointTable : public QObject
 {
     Q_OBJECT
 private slots:
-    void writeStoresTableCountAndReferences()
-    {
-        BoundTable bound(5);
-        SignalLog told(&bound.model());
-        MessageCapture capture;
-        bound.model().writeGridPoints(curvePoints(7));
-        QCOMPARE(capture.count(), 0);
-        QCOMPARE(told, (QStringList { "started", "size", "value", "finished" }));
-
-        // The elements and the stamp against a CRC computed without the model
-        // are checked for random tables in tst_gridpointwritefaults.
-        QCOMPARE(bound.tableValue("G68"), QStringLiteral("7"));
-        QCOMPARE(bound.tableValue("G60"), QStringLiteral("1.G415"));
-        QCOMPARE(bound.tableValue("G61"), QStringLiteral("1.G416"));
-        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 5),
-                 QString::number(bound.model().computeCrc()));
-    }
-
     void refusedWriteChangesNothing_data()
     {
         QTest::addColumn<int>("table");
@@ -124,37 +109,6 @@ private slots:
         // refused write never marks a table as the editor's.
         QCOMPARE(bound.drive.totalElementWrites(), 0);
         QCOMPARE(bound.drive.toJson(), before);
-    }
-
-    // Online writes, and arrays large enough, are among the random cases of
-    // tst_gridpointwritefaults.
-    void growthOnlyWhenBothArraysTooSmall_data()
-    {
-        QTest::addColumn<int>("masterSize");
-        QTest::addColumn<int>("slaveSize");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("sizeAfter");  // of both arrays after the write
-        QTest::newRow("100/50 with 50 points: no growth") << 100 << 50 << 50 << -1;
-        QTest::newRow("both too small grow to the count") << 10 << 30 << 80 << 80;
-    }
-    void growthOnlyWhenBothArraysTooSmall()
-    {
-        QFETCH(int, masterSize);
-        QFETCH(int, slaveSize);
-        QFETCH(int, count);
-        QFETCH(int, sizeAfter);
-        BoundTable bound(5);
-        QVERIFY(bound.resize(masterSize, slaveSize));
-        QSignalSpy sizeChanged(&bound.model(), &ParameterModel::sizeChanged);
-        MessageCapture capture;
-        bound.model().writeGridPoints(curvePoints(count));
-        QCOMPARE(capture.count(), 0);
-        QCOMPARE(bound.definition(bound.master())->elementCount(), sizeAfter < 0 ? masterSize : sizeAfter);
-        QCOMPARE(bound.definition(bound.slave())->elementCount(), sizeAfter < 0 ? slaveSize : sizeAfter);
-        QCOMPARE(sizeChanged.count(), sizeAfter < 0 ? 0 : 1);
-        QCOMPARE(bound.tableValue("G68"), QString::number(count));
-        QCOMPARE(bound.drive.readValueNative(LivingSpace, coordinate("G293"), 5),
-                 QString::number(bound.model().computeCrc()));
     }
 
     void elementTextsAndZeroFill()

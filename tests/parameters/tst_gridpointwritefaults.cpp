@@ -83,7 +83,7 @@ private:
     double position();
     QVector<QPointF> table(int count);
     void prepare(BoundTable &bound, MessageCapture &capture, QString *start);
-    QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize);
+    QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize);
 
     std::mt19937_64 m_random;
     int m_masterDecimals = 3;
@@ -152,11 +152,20 @@ void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
     Q_UNUSED(capture);
 }
 
-QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize)
+QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize)
 {
     const int count = points.size();
     if (bound.tableValue("G68") != QString::number(count))
         return QStringLiteral("count %1 instead of %2").arg(bound.tableValue("G68")).arg(count);
+    const QString references = bound.tableValue("G60") + QLatin1Char(' ') + bound.tableValue("G61");
+    if (references != QStringLiteral("%1.%2 %1.%3").arg(LivingSpace).arg(bound.master().toText(), bound.slave().toText()))
+        return QStringLiteral("array references %1").arg(references);
+    // Only both arrays too short grow, to the count; one too short refuses.
+    const bool grow = masterSize < count && slaveSize < count;
+    const int masterAfter = bound.definition(bound.master())->elementCount();
+    const int slaveAfter = bound.definition(bound.slave())->elementCount();
+    if (masterAfter != (grow ? count : masterSize) || slaveAfter != (grow ? count : slaveSize))
+        return QStringLiteral("arrays of %1/%2 elements became %3/%4").arg(masterSize).arg(slaveSize).arg(masterAfter).arg(slaveAfter);
     const QStringList masters = bound.natives(bound.master());
     const QStringList slaves = bound.natives(bound.slave());
     if (masters.size() < count || slaves.size() < count)
@@ -168,9 +177,9 @@ QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, in
         if (masters.at(i) != nativeOfText(master) || slaves.at(i) != nativeOfText(slave))
             return QStringLiteral("element %1 holds %2/%3 for %4/%5").arg(i).arg(masters.at(i), slaves.at(i), master, slave);
     }
-    for (int j = count; j < std::max(masterSize, masters.size()) && j < masters.size(); ++j) {
-        if (masters.at(j) != QLatin1String("0"))
-            return QStringLiteral("master element %1 beyond the table is %2").arg(j).arg(masters.at(j));
+    for (int j = count; j < masters.size(); ++j) {
+        if (masters.at(j) != QLatin1String("0") || (j < slaves.size() && slaves.at(j) != QLatin1String("0")))
+            return QStringLiteral("element %1 beyond the table holds %2/%3").arg(j).arg(masters.at(j), slaves.value(j));
     }
     const QString stamp = bound.drive.readValueNative(LivingSpace, coordinate("G293"), bound.table);
     if (stamp != crcOf(bound))
@@ -247,6 +256,7 @@ QString Case::run()
     const QString stampBefore = stampOf(bound);
     const QByteArray driveBefore = bound.drive.toJson();
     const int masterSize = bound.definition(bound.master())->elementCount();
+    const int slaveSize = bound.definition(bound.slave())->elementCount();
     const QString crcBefore = crcOf(bound);
     bound.drive.clearWriteCounts();
     capture.clear();
@@ -265,7 +275,7 @@ QString Case::run()
         if (refusable)
             return context + QStringLiteral("a table the drive cannot take was written without a word");
         m_written = true;
-        const QString broken = checkWritten(bound, points, masterSize);
+        const QString broken = checkWritten(bound, points, masterSize, slaveSize);
         return broken.isEmpty() ? QString() : context + broken;
     }
 
