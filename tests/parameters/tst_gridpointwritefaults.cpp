@@ -159,14 +159,19 @@ QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, in
     if (bound.tableValue("G68") != QString::number(count))
         return QStringLiteral("count %1 instead of %2").arg(bound.tableValue("G68")).arg(count);
     const QString references = bound.tableValue("G60") + QLatin1Char(' ') + bound.tableValue("G61");
-    if (references != QStringLiteral("%1.%2 %1.%3").arg(LivingSpace).arg(bound.master().toText(), bound.slave().toText()))
+    const QString arrays = QStringLiteral("%1.%2 %1.%3").arg(LivingSpace).arg(bound.master().toText(), bound.slave().toText());
+    if (references != arrays)
         return QStringLiteral("array references %1").arg(references);
     // Only both arrays too short grow, to the count; one too short refuses.
     const bool grow = masterSize < count && slaveSize < count;
     const int masterAfter = bound.definition(bound.master())->elementCount();
     const int slaveAfter = bound.definition(bound.slave())->elementCount();
     if (masterAfter != (grow ? count : masterSize) || slaveAfter != (grow ? count : slaveSize))
-        return QStringLiteral("arrays of %1/%2 elements became %3/%4").arg(masterSize).arg(slaveSize).arg(masterAfter).arg(slaveAfter);
+        return QStringLiteral("arrays of %1/%2 elements became %3/%4")
+            .arg(masterSize)
+            .arg(slaveSize)
+            .arg(masterAfter)
+            .arg(slaveAfter);
     const QStringList masters = bound.natives(bound.master());
     const QStringList slaves = bound.natives(bound.slave());
     if (masters.size() < count || slaves.size() < count)
