@@ -87,9 +87,9 @@ void tst_EditingCommands::checkState(const QJsonObject &data, int index, int cou
     m_modelChanged->clear();
 }
 
-// The other undo texts are checked where the panels push their commands
-// (tst_editingpanels); here the number formats, the other direction of the
-// toggles and a file name that looks like a placeholder.
+// The undo texts are checked where the panels push their commands
+// (tst_editingpanels) and after every action of tst_randomuseractions; here
+// the number formats and a file name that looks like a placeholder.
 void tst_EditingCommands::undoTexts_data()
 {
     QTest::addColumn<MakeCommand>("make");
@@ -98,16 +98,10 @@ void tst_EditingCommands::undoTexts_data()
     QTest::newRow("add, six digits") << MakeCommand([](CommandFixture &c) {
         return new AddMotionPointCommand(&c.description, new MotionPoint(0.1234567, -3, MotionPoint::rest));
     }) << "Füge Bewegungspunkt [0.123457,-3] hinzu";
-    QTest::newRow("step mode dynamic") << MakeCommand([](CommandFixture &c) {
-        return new ChangeStepModeCommand(c.description.steps(), true);
-    }) << "Aktiviere dynamische Schrittweite";
     QTest::newRow("circular length six digits") << MakeCommand([](CommandFixture &c) {
         c.description.setCircularLength(360.0);
         return new SetCircularLengthCommand(&c.description, 1234567.0);
     }) << "Ändere Umlauflänge 360 -> 1.23457e+06";
-    QTest::newRow("cyclic on") << MakeCommand([](CommandFixture &c) {
-        return new SetIsCyclicCamCommand(&c.description, true);
-    }) << "Aktiviere zyklische Umlauflänge";
     QTest::newRow("load, placeholder-like name stays") << MakeCommand([](CommandFixture &c) {
         return new LoadNewMotionPlanCommand(&c.description, QJsonObject(), QStringLiteral("%1 von %2"));
     }) << "Lade Kurvendefinitionsdaten : %1 von %2";
