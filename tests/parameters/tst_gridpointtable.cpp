@@ -14,8 +14,10 @@ constexpr int LivingSpace = BoundTable::LivingSpace;
 // Writing, reading back, deleting and stamping a cam table, under the test
 // suite's C locale. What a write that is taken leaves in the drive (elements,
 // zeros, count, references, grown arrays, the stamp against a CRC computed
-// without the model) is checked for random tables in tst_gridpointwritefaults;
-// the order of the model's signals in tst_saveparameterprogress.
+// without the model) and what a deletion leaves, offline and online, are
+// checked for random tables in tst_gridpointwritefaults; the order of the
+// model's signals in tst_saveparameterprogress and, for a deletion, in
+// tst_parametermodel.
 class TestGridPointTable : public QObject
 {
     Q_OBJECT
@@ -151,34 +153,6 @@ private slots:
         QCOMPARE(bound.model().storedGridPoints().size(), 3);
         QVERIFY(bound.model().storedVelocities().isEmpty());
         QVERIFY(bound.model().storedJerks().isEmpty());
-    }
-
-    void deleteOfflineEmptiesTable()
-    {
-        BoundTable bound(3);
-        MessageCapture capture;
-        bound.model().writeGridPoints(curvePoints(20));
-        SignalLog told(&bound.model());
-        bound.model().deleteGridPoints();
-        QCoreApplication::processEvents();
-        // The write left the model following its arrays: the zeroing of
-        // element 0 is told first, the deletion itself ends with size, value.
-        QCOMPARE(told, (QStringList { "value", "size", "value" }));
-        QCOMPARE(bound.tableValue("G60") + bound.tableValue("G61"), QString());
-        QCOMPARE(bound.model().storedGridPointCount(), 0);
-        QVERIFY(bound.model().storedGridPoints().isEmpty());
-        QCOMPARE(bound.natives(bound.master()), QStringList { "0" });
-        QCOMPARE(bound.natives(bound.slave()), QStringList { "0" });
-
-        // Online nothing happens.
-        bound.model().writeGridPoints(curvePoints(20));
-        bound.drive.setOnline(true);
-        const QByteArray before = bound.drive.toJson();
-        told.clear();
-        bound.model().deleteGridPoints();
-        QCOMPARE(bound.drive.toJson(), before);
-        QVERIFY(told.isEmpty());
-        QCOMPARE(bound.model().storedGridPoints().size(), 20);
     }
 
     void summary_data()

@@ -85,6 +85,7 @@ private:
     void prepare(BoundTable &bound, MessageCapture &capture, QString *start);
     QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize);
     QString checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points);
+    static QString checkDelete(BoundTable &bound);
 
     std::mt19937_64 m_random;
     int m_masterDecimals = 3;
@@ -221,6 +222,24 @@ QString Case::checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<Q
     return checkWritten(bound, points, masterSize, slaveSize);
 }
 
+// Deleted offline, the table is one zero element in each array, without a
+// count or references; online nothing changes.
+QString Case::checkDelete(BoundTable &bound)
+{
+    const QByteArray before = bound.drive.toJson();
+    const bool online = bound.drive.isOnline();
+    bound.model().deleteGridPoints();
+    if (online)
+        return bound.drive.toJson() == before ? QString() : QStringLiteral("an online delete changed the drive");
+    const QString left = QStringList { bound.tableValue("G68"), bound.tableValue("G60"), bound.tableValue("G61"),
+                                       bound.natives(bound.master()).join(QLatin1Char(' ')),
+                                       bound.natives(bound.slave()).join(QLatin1Char(' ')) }
+                             .join(QLatin1Char('|'));
+    if (left != QLatin1String("0|||0|0") || !bound.model().storedGridPoints().isEmpty())
+        return QStringLiteral("the deleted table left %1").arg(left);
+    return QString();
+}
+
 QString Case::run()
 {
     BoundTable bound(uniform(0, 15));
@@ -311,6 +330,8 @@ QString Case::run()
         const bool healthy = fault == QLatin1String("none") || fault == QLatin1String("online");
         if (broken.isEmpty() && healthy && chance(0.5))
             broken = checkRewrite(bound, capture, points);
+        if (broken.isEmpty() && healthy && chance(0.3))
+            broken = checkDelete(bound);
         return broken.isEmpty() ? QString() : context + broken;
     }
 
