@@ -12,9 +12,9 @@ constexpr int LivingSpace = BoundTable::LivingSpace;
 } // namespace
 
 // Writing, reading back, deleting and stamping a cam table, under the test
-// suite's C locale. What a write that is taken leaves in the drive (elements,
-// zeros, count, references, grown arrays, the stamp against a CRC computed
-// without the model) and what a deletion leaves, offline and online, are
+// suite's C locale. What a write that is taken leaves in the drive (elements
+// with the master's places, zeros slave before master, count, references,
+// grown arrays, the stamp against a CRC computed without the model) and what a deletion leaves, offline and online, are
 // checked for random tables in tst_gridpointwritefaults; the order of the
 // model's signals in tst_saveparameterprogress and, for a deletion, in
 // tst_parametermodel.
@@ -111,30 +111,6 @@ private slots:
         // refused write never marks a table as the editor's.
         QCOMPARE(bound.drive.totalElementWrites(), 0);
         QCOMPARE(bound.drive.toJson(), before);
-    }
-
-    void elementTextsAndZeroFill()
-    {
-        BoundTable bound;
-        QVERIFY(bound.resize(6, 6));
-        for (int i = 0; i < 6; ++i) {
-            QVERIFY(bound.drive.writeValue(LivingSpace, bound.master(), i, QStringLiteral("99")));
-            QVERIFY(bound.drive.writeValue(LivingSpace, bound.slave(), i, QStringLiteral("-99")));
-        }
-        QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("1")));
-        bound.drive.clearWriteCounts();
-        MessageCapture capture;
-        bound.model().writeGridPoints({ QPointF(1.0, 2.345), QPointF(2.0, 3.0) });
-        QStringList log;
-        for (const auto &record : bound.drive.writeLog().mid(0, 12))
-            log << QStringLiteral("%1[%2]=%3").arg(record.coordinate).arg(record.element).arg(record.text);
-        // The slave is rounded to its three places and written with the
-        // master's one; the rest is zeroed, slave before master.
-        QStringList expected { "G283[0]=1.0", "G284[0]=2.3", "G283[1]=2.0", "G284[1]=3.0" };
-        for (int j = 2; j < 6; ++j)
-            expected << QStringLiteral("G284[%1]=0.0").arg(j) << QStringLiteral("G283[%1]=0.0").arg(j);
-        QCOMPARE(log, expected);
-        QCOMPARE(bound.natives(bound.slave()), (QStringList { "2300", "3000", "0", "0", "0", "0" }));
     }
 
     void readBackDerivesByDifferences()

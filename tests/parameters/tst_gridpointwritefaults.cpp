@@ -184,6 +184,15 @@ QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, in
         if (masters.at(i) != nativeOfText(master) || slaves.at(i) != nativeOfText(slave))
             return QStringLiteral("element %1 holds %2/%3 for %4/%5").arg(i).arg(masters.at(i), slaves.at(i), master, slave);
     }
+    // Beyond the table each slave element is zeroed before its master.
+    const auto log = bound.drive.writeLog();
+    for (int k = 0; k < log.size(); ++k) {
+        const int j = log.at(k).element;
+        if (log.at(k).coordinate != bound.master().toText() || j < count || j >= slaves.size())
+            continue;
+        if (k == 0 || log.at(k - 1).coordinate != bound.slave().toText() || log.at(k - 1).element != j)
+            return QStringLiteral("master element %1 beyond the table zeroed before its slave").arg(j);
+    }
     for (int j = count; j < masters.size(); ++j) {
         if (masters.at(j) != QLatin1String("0") || (j < slaves.size() && slaves.at(j) != QLatin1String("0")))
             return QStringLiteral("element %1 beyond the table holds %2/%3").arg(j).arg(masters.at(j), slaves.value(j));
