@@ -1,5 +1,6 @@
 // Long seeded random sequences of every editing command, with undo and redo
-// mixed in: after every step the model's plan must equal a plan built from
+// and whole loads mixed in, on points with and without a section of their
+// own: after every step the model's plan must equal a plan built from
 // scratch for the current data, and every undo or redo must bring back
 // exactly the data that stood at that place of the stack.
 
@@ -9,6 +10,7 @@
 #include "commands/addmotionpointcommand.h"
 #include "commands/changedynamicstepresolutioncommand.h"
 #include "commands/changemotionlawcommand.h"
+#include "commands/changesectioncommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
 #include "commands/removemotionpointcommand.h"
@@ -79,8 +81,17 @@ public:
     {
         QJsonArray points;
         const int count = pick(0, 12);
-        for (int i = 0; i < count; ++i)
-            points.append(QJsonArray { master(), slave(), MotionPoint::typeDataName(pick(0, 3)) });
+        for (int i = 0; i < count; ++i) {
+            QJsonArray point { master(), slave(), MotionPoint::typeDataName(pick(0, 3)) };
+            // Now and then a section of its own, which every command beneath
+            // a load must bring back with its point.
+            if (chance(0.3)) {
+                MotionPoint section(0, 0, MotionPoint::rest);
+                changeSection(section);
+                point.append(section.sectionData());
+            }
+            points.append(point);
+        }
         QJsonObject steps { { "dynamicSteps", pick(2, 2000) },
                             { "isDynamicStepSize", chance(0.5) },
                             { "staticStepSize", uniform(0.05, 3.0) } };
@@ -102,7 +113,7 @@ public:
         const QList<MotionPoint *> points = description.motionPoints();
         MotionPoint *point = points.isEmpty() ? nullptr : points.at(pick(0, points.size() - 1));
         Scaling *scaling = m_cam.model->scaling();
-        switch (pick(0, 14)) {
+        switch (pick(0, 15)) {
         case 0:
         case 1: {
             // Now and then exactly on an existing point: refused.
@@ -161,6 +172,15 @@ public:
             }
             break;
         case 13:
+            if (!point)
+                return Nothing;
+            {
+                MotionPoint changed(*point);
+                changeSection(changed);
+                stack.push(new ChangeSectionCommand(point, changed, scaling));
+            }
+            break;
+        case 14:
             for (int n = pick(1, 4); n > 0 && stack.canUndo(); --n)
                 stack.undo();
             return UndoOrRedo;
@@ -179,6 +199,15 @@ private:
     // Half on a coarse grid, so that positions meet; half anywhere.
     double master() { return chance(0.5) ? 2.5 * pick(0, 40) : uniform(0.0, 100.0); }
     double slave() { return uniform(-50.0, 50.0); }
+    void changeSection(MotionPoint &point)
+    {
+        point.setSectionLaw(pick(0, MotionPoint::SectionLawCount - 1));
+        point.setInflection(uniform(0.1, 0.9));
+        if (chance(0.5))
+            point.setVelocity(uniform(-2.0, 2.0));
+        else
+            point.clearVelocity();
+    }
 
     CommandFixture &m_cam;
     std::mt19937 m_random;

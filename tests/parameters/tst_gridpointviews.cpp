@@ -88,13 +88,10 @@ void tst_GridPointViews::calculatedTableChecksEveryCell()
     CalculatedTableModel *model = view.tableModel();
     QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
 
-    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master-Position"));
-    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Slave-Position"));
-    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    // Headers and cell texts are copied in tst_pointclipboard; that the rows
+    // follow the plan is checked after every action of tst_randomuseractions.
     const int last = model->rowCount() - 1;
     const QPointF point = editorModel.motionPlan()->positions().at(last);
-    QCOMPARE(model->index(last, 0).data().toString(), bound.model().masterValueToText(point.x()));
-    QCOMPARE(model->index(last, 1).data().toString(), bound.model().slaveValueToText(point.y()));
 
     // Above the master maximum: the master cell alone says so.
     const auto image = [](const QVariant &icon) { return qvariant_cast<QIcon>(icon).pixmap(16).toImage(); };
@@ -107,16 +104,12 @@ void tst_GridPointViews::calculatedTableChecksEveryCell()
     QCOMPARE(image(model->index(last, 1).data(Qt::DecorationRole)), empty);
     QCOMPARE(model->index(0, 0).data(Qt::ToolTipRole).toString(), QString());
 
-    // Follows every new plan, also one sampled coarsely while a point is dragged.
-    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
-    description.steps()->setDynamicStepResolution(40);
-    QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
+    // Follows a plan sampled coarsely while a point is dragged, too.
     editorModel.beginCoarseSteps();
     description.pointAt(beyond)->setPosition(QPointF(50, 1));
     QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
-    QVERIFY(reset.count() >= 2);
     // An edit reports its plan as rebuilt and as changed: one reset.
-    reset.clear();
+    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
     description.pointAt(0)->setFrom(MotionPoint(0, 0.5, MotionPoint::rest));
     QCOMPARE(model->rowCount(), editorModel.motionPlan()->positions().size());
     QCOMPARE(reset.count(), 1);

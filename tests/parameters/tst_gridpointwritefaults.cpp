@@ -83,7 +83,9 @@ private:
     double position();
     QVector<QPointF> table(int count);
     void prepare(BoundTable &bound, MessageCapture &capture, QString *start);
-    QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize);
+    QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize);
+    QString checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points);
+    static QString checkDelete(BoundTable &bound);
 
     std::mt19937_64 m_random;
     int m_masterDecimals = 3;
@@ -152,11 +154,25 @@ void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
     Q_UNUSED(capture);
 }
 
-QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize)
+QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize)
 {
     const int count = points.size();
     if (bound.tableValue("G68") != QString::number(count))
         return QStringLiteral("count %1 instead of %2").arg(bound.tableValue("G68")).arg(count);
+    const QString references = bound.tableValue("G60") + QLatin1Char(' ') + bound.tableValue("G61");
+    const QString arrays = QStringLiteral("%1.%2 %1.%3").arg(LivingSpace).arg(bound.master().toText(), bound.slave().toText());
+    if (references != arrays)
+        return QStringLiteral("array references %1").arg(references);
+    // Only both arrays too short grow, to the count; one too short refuses.
+    const bool grow = masterSize < count && slaveSize < count;
+    const int masterAfter = bound.definition(bound.master())->elementCount();
+    const int slaveAfter = bound.definition(bound.slave())->elementCount();
+    if (masterAfter != (grow ? count : masterSize) || slaveAfter != (grow ? count : slaveSize))
+        return QStringLiteral("arrays of %1/%2 elements became %3/%4")
+            .arg(masterSize)
+            .arg(slaveSize)
+            .arg(masterAfter)
+            .arg(slaveAfter);
     const QStringList masters = bound.natives(bound.master());
     const QStringList slaves = bound.natives(bound.slave());
     if (masters.size() < count || slaves.size() < count)
@@ -168,15 +184,68 @@ QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, in
         if (masters.at(i) != nativeOfText(master) || slaves.at(i) != nativeOfText(slave))
             return QStringLiteral("element %1 holds %2/%3 for %4/%5").arg(i).arg(masters.at(i), slaves.at(i), master, slave);
     }
-    for (int j = count; j < std::max(masterSize, masters.size()) && j < masters.size(); ++j) {
-        if (masters.at(j) != QLatin1String("0"))
-            return QStringLiteral("master element %1 beyond the table is %2").arg(j).arg(masters.at(j));
+    // Beyond the table each slave element is zeroed before its master.
+    const auto log = bound.drive.writeLog();
+    for (int k = 0; k < log.size(); ++k) {
+        const int j = log.at(k).element;
+        if (log.at(k).coordinate != bound.master().toText() || j < count || j >= slaves.size())
+            continue;
+        if (k == 0 || log.at(k - 1).coordinate != bound.slave().toText() || log.at(k - 1).element != j)
+            return QStringLiteral("master element %1 beyond the table zeroed before its slave").arg(j);
+    }
+    for (int j = count; j < masters.size(); ++j) {
+        if (masters.at(j) != QLatin1String("0") || (j < slaves.size() && slaves.at(j) != QLatin1String("0")))
+            return QStringLiteral("element %1 beyond the table holds %2/%3").arg(j).arg(masters.at(j), slaves.value(j));
     }
     const QString stamp = bound.drive.readValueNative(LivingSpace, coordinate("G293"), bound.table);
     if (stamp != crcOf(bound))
         return QStringLiteral("stamp %1, the table's CRC is %2").arg(stamp, crcOf(bound));
     if (!bound.model().storedTableDamage().isEmpty())
         return QStringLiteral("written table reads as damaged: %1").arg(bound.model().storedTableDamage());
+    return QString();
+}
+
+// Written again with one slave changed by one unit of what the drive shows:
+// that element alone is written, whatever the locale reads back (a
+// truncating comparison once took 1.001 for the stored 1.000).
+QString Case::checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points)
+{
+    const int i = uniform(0, points.size() - 1);
+    const int shown = std::min({ m_masterDecimals, m_slaveDecimals, ArrayDecimals });
+    const double unit = std::pow(10.0, -shown);
+    points[i].ry() = roundedHalfAway(points.at(i).y(), shown) + (chance(0.5) ? unit : -unit);
+    const int masterSize = bound.definition(bound.master())->elementCount();
+    const int slaveSize = bound.definition(bound.slave())->elementCount();
+    bound.drive.clearWriteCounts();
+    bound.model().writeGridPoints(points);
+    if (capture.count() != 0)
+        return QStringLiteral("the rewrite was refused: %1").arg(capture.last().text);
+    QStringList written;
+    for (const auto &record : bound.drive.writeLog()) {
+        if ((record.coordinate == bound.master().toText() || record.coordinate == bound.slave().toText())
+            && record.element < points.size())
+            written << QStringLiteral("%1[%2]").arg(record.coordinate).arg(record.element);
+    }
+    if (written != QStringList(QStringLiteral("%1[%2]").arg(bound.slave().toText()).arg(i)))
+        return QStringLiteral("the rewrite of slave %1 wrote %2").arg(i).arg(written.join(QLatin1Char(' ')));
+    return checkWritten(bound, points, masterSize, slaveSize);
+}
+
+// Deleted offline, the table is one zero element in each array, without a
+// count or references; online nothing changes.
+QString Case::checkDelete(BoundTable &bound)
+{
+    const QByteArray before = bound.drive.toJson();
+    const bool online = bound.drive.isOnline();
+    bound.model().deleteGridPoints();
+    if (online)
+        return bound.drive.toJson() == before ? QString() : QStringLiteral("an online delete changed the drive");
+    const QString left = QStringList { bound.tableValue("G68"), bound.tableValue("G60"), bound.tableValue("G61"),
+                                       bound.natives(bound.master()).join(QLatin1Char(' ')),
+                                       bound.natives(bound.slave()).join(QLatin1Char(' ')) }
+                             .join(QLatin1Char('|'));
+    if (left != QLatin1String("0|||0|0") || !bound.model().storedGridPoints().isEmpty())
+        return QStringLiteral("the deleted table left %1").arg(left);
     return QString();
 }
 
@@ -247,6 +316,7 @@ QString Case::run()
     const QString stampBefore = stampOf(bound);
     const QByteArray driveBefore = bound.drive.toJson();
     const int masterSize = bound.definition(bound.master())->elementCount();
+    const int slaveSize = bound.definition(bound.slave())->elementCount();
     const QString crcBefore = crcOf(bound);
     bound.drive.clearWriteCounts();
     capture.clear();
@@ -265,7 +335,12 @@ QString Case::run()
         if (refusable)
             return context + QStringLiteral("a table the drive cannot take was written without a word");
         m_written = true;
-        const QString broken = checkWritten(bound, points, masterSize);
+        QString broken = checkWritten(bound, points, masterSize, slaveSize);
+        const bool healthy = fault == QLatin1String("none") || fault == QLatin1String("online");
+        if (broken.isEmpty() && healthy && chance(0.5))
+            broken = checkRewrite(bound, capture, points);
+        if (broken.isEmpty() && healthy && chance(0.3))
+            broken = checkDelete(bound);
         return broken.isEmpty() ? QString() : context + broken;
     }
 

@@ -4,11 +4,9 @@
 #include "messagecapture.h"
 
 #include <QApplication>
-#include <QFormLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QScopeGuard>
-#include <QVBoxLayout>
 #include <QtTest>
 
 // The save progress dialog, and the grid point write as the window sees it:
@@ -23,34 +21,20 @@ private slots:
         QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
 
-    void layoutAsDesigned()
+    // The layout is the designer's; the texts are what the user reads.
+    void textsAndProgress()
     {
         SaveParameterProgress progress;
-        QCOMPARE(progress.objectName(), QStringLiteral("SaveParameterProgress"));
-        QCOMPARE(progress.size(), QSize(261, 87));
         QCOMPARE(progress.windowTitle(), QStringLiteral("Stützstellentabellen scheiben"));
-        auto *vertical = progress.findChild<QVBoxLayout *>(QStringLiteral("verticalLayout"));
-        QVERIFY(vertical);
-        QCOMPARE(vertical->contentsMargins(), QMargins(11, 11, 11, 11));
-        auto *form = progress.findChild<QFormLayout *>(QStringLiteral("formLayout"));
-        QVERIFY(form);
-        const QStringList labels { "masterPosition", "masterPositionProgress", "slavePosition", "slavePositionProgress" };
-        const QStringList texts { "Master-Positionen", " %1/%2", "Slave-Positionen", " %1/%2" };
-        for (int i = 0; i < labels.size(); ++i) {
-            auto *label = progress.findChild<QLabel *>(labels.at(i));
-            QVERIFY2(label, qPrintable(labels.at(i)));
-            QCOMPARE(label->text(), texts.at(i));
-            const auto role = i % 2 ? QFormLayout::FieldRole : QFormLayout::LabelRole;
-            QCOMPARE(form->itemAt(i / 2, role)->widget(), label);
-        }
-        auto *bar = progress.findChild<QProgressBar *>(QStringLiteral("progressBar"));
-        QVERIFY(bar);
-        QCOMPARE(bar->value(), 24);
+        QStringList texts;
+        for (const char *name : { "masterPosition", "masterPositionProgress", "slavePosition", "slavePositionProgress" })
+            texts << progress.findChild<QLabel *>(QLatin1String(name))->text();
+        QCOMPARE(texts, (QStringList { "Master-Positionen", " %1/%2", "Slave-Positionen", " %1/%2" }));
 
         progress.onSaveProgressed(9, 4, 10);
         QCOMPARE(progress.masterPositionProgress()->text(), QStringLiteral("9/10"));
         QCOMPARE(progress.slavePositionProgress()->text(), QStringLiteral("4/10"));
-        QCOMPARE(bar->value(), 90);
+        QCOMPARE(progress.progressBar()->value(), 90);
     }
 
     void writeAsTheWindowSeesIt_data()
