@@ -10,6 +10,7 @@
 
 #include "fileanswer.h"
 #include "messagecapture.h"
+#include "testfiles.h"
 
 #include "camdesigner/camdescription.h"
 #include "camdesigner/camdesignerimplementation.h"
@@ -80,19 +81,6 @@ inline CamDesignerViewImplementation *openEditor(DriveConfiguratorWindow &window
             return editor;
     }
     return nullptr;
-}
-
-inline QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 
 inline QString pointsOf(const CamTableCell *cell)

@@ -65,7 +65,7 @@ void tst_ConfiguratorProject::damagedProjectIsRefused()
         content = QJsonDocument(root).toJson();
     }
     const QString damaged = m_directory.filePath(QStringLiteral("kaputt.mxdrive"));
-    writeFile(damaged, content);
+    QVERIFY(writeFile(damaged, content));
 
     DriveConfiguratorWindow window;
     QVERIFY(window.openProject(path));
@@ -238,7 +238,7 @@ void tst_ConfiguratorProject::unattendedRunRefusesADamagedProject()
 {
     QFETCH(QStringList, options);
     const QString damaged = m_directory.filePath(QStringLiteral("kaputt.mxdrive"));
-    writeFile(damaged, "{ \"Format\": \"MxDriveProject\", ");
+    QVERIFY(writeFile(damaged, "{ \"Format\": \"MxDriveProject\", "));
     QProcess run;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));

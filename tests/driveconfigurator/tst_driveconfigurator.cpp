@@ -39,13 +39,7 @@ void tst_DriveConfigurator::exampleProject()
         QCOMPARE(cell->stamp(), used ? CamTableCell::Stamp::Editor : CamTableCell::Stamp::None);
         QCOMPARE(cell->description()->isEmpty(), table != 0 && table != 3);
     }
-    QStringList types;
-    for (const QJsonValue &point : window.project()->description(0).value(QStringLiteral("MotionPoints")).toArray())
-        types << point.toArray().at(2).toString();
-    types.sort();
-    QCOMPARE(types, (QStringList { "acceleration", "rest", "speed", "turningPoint" }));
-    QVERIFY(window.project()->description(0).value(QStringLiteral("Cyclic")).toBool());
-    QCOMPARE(window.project()->description(3).value(QStringLiteral("MotionLaw")).toString(), QStringLiteral("Spline"));
+    // What the cams of tables 0 and 3 hold, the project import lists.
 
     CurveTextConverter converter;
     converter.setFormat(CurveTextConverter::TwinCat2);
@@ -244,7 +238,7 @@ void tst_DriveConfigurator::importFromAnotherProject()
 
     auto *other = dialog->findChild<QPushButton *>(QStringLiteral("otherProjectButton"));
     const QString damaged = m_directory.filePath(QStringLiteral("leer.mxdrive"));
-    writeFile(damaged, "[]");
+    QVERIFY(writeFile(damaged, "[]"));
     MessageCapture messages;
     {
         FileAnswer answer(damaged);
