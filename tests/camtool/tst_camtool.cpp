@@ -192,9 +192,6 @@ private slots:
             << QByteArray(R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
                               "MotionPoints": [[10, 7, "acceleration"], [20, 1, "rest"]],
                               "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})");
-        const QByteArray laws = R"({"CircularLength": 360, "Cyclic": true, "MotionLaw": "Vdi2142", "MotionPoints": )"
-            + QByteArray(SectionLaws) + R"(, "Steps": {"dynamicSteps": 500, "isDynamicStepSize": true, "staticStepSize": 1}})";
-        QTest::newRow("show section laws") << show << "laws.json" << laws << laws;
         QTest::newRow("show binary .dat")
             << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example;
         // JSON would print them as null.
@@ -290,7 +287,6 @@ private slots:
                                                       << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 2.5})") << 50;
         QTest::newRow("dynamic override")
             << Spline << QStringList{ "--dynamic", "2000" } << 3 << QByteArray(R"({"isDynamicStepSize": true, "dynamicSteps": 2000})") << 50;
-        QTest::newRow("section laws") << cam(SectionLaws) << QStringList() << 3 << dynamic500 << 50;
         QTest::newRow("one point gives empty lists") << cam(OnePoint) << QStringList() << 3 << dynamic500 << 0;
     }
 
