@@ -84,7 +84,6 @@ void TestCurveTextConverter::convert_data()
     row("SERVOsoft: blank after the separator", servoSoft, "1; 2", none, QString(), 1, 1, "1; 2");
 
     const int twinCat2 = CurveTextConverter::TwinCat2;
-    row("TwinCat2: point decimals, comma separator", twinCat2, "1.5,2.5", pairs({ { 1.5, 2.5 } }));
     row("TwinCat2: lines with signs", twinCat2, "0,0\r\n-1.5,+2.25\r\n", pairs({ { 0, 0 }, { -1.5, 2.25 } }));
     row("TwinCat2: decimal commas", twinCat2, "1,5;2,5", none, QString(), 1, 1, "1,5;2,5");
     row("TwinCat2: no exponent on the slave", twinCat2, "1.0,2.0e3", none, QString(), 1, 1, "1.0,2.0e3");
