@@ -12,17 +12,10 @@
 
 using namespace ConfiguratorTest;
 
-class tst_ConfiguratorProject : public QObject
+class tst_ConfiguratorProject : public ConfiguratorTestCase
 {
     Q_OBJECT
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_directory.isValid());
-        useScratchSettings(m_directory);
-    }
-    void init() { QSettings().clear(); }
-    void cleanup() { QVERIFY(noWindowLeft()); }
     void damagedProjectIsRefused_data();
     void damagedProjectIsRefused();
     void openingAnotherProjectClosesTheEditors();
@@ -33,11 +26,6 @@ private slots:
     void unattendedRunRefusesADamagedProject_data();
     void unattendedRunRefusesADamagedProject();
     void scalingIsSavedWithTheProject();
-
-private:
-    QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
-
-    QTemporaryDir m_directory;
 };
 
 void tst_ConfiguratorProject::damagedProjectIsRefused_data()

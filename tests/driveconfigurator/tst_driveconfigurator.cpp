@@ -2,28 +2,16 @@
 
 using namespace ConfiguratorTest;
 
-class tst_DriveConfigurator : public QObject
+class tst_DriveConfigurator : public ConfiguratorTestCase
 {
     Q_OBJECT
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_directory.isValid());
-        useScratchSettings(m_directory);
-    }
-    void init() { QSettings().clear(); }
-    void cleanup() { QVERIFY(noWindowLeft()); }
     void exampleProject();
     void editWriteSaveAndReload();
     void refusalsOfTheDrive_data();
     void refusalsOfTheDrive();
     void importFromAnotherProject();
     void stampFollowsTheDrive();
-
-private:
-    QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
-
-    QTemporaryDir m_directory;
 };
 
 void tst_DriveConfigurator::exampleProject()
