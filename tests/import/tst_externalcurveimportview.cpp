@@ -1,5 +1,6 @@
 #include "../views/editorfixture.h"
 #include "fileanswer.h"
+#include "formwidget.h"
 #include "messagecapture.h"
 #include "testfiles.h"
 
@@ -53,14 +54,6 @@ public:
     void writeGridPoints(const QVector<QPointF> &points) override { written.append(points); }
     QList<QVector<QPointF>> written;
 };
-
-template<class T> T *widget(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    if (!found)
-        qFatal("the form has no %s", name);
-    return found;
-}
 
 QTreeWidget *compareView(QWidget *dialog) { return widget<QTreeWidget>(dialog, "compareView"); }
 
