@@ -187,12 +187,8 @@ private slots:
         const QStringList show{ "show" };
         const QByteArray example = readFile(Cyclic);
         QTest::newRow("show example") << show << "example.json" << example << example;
-        QTest::newRow("show defaults, duplicates and order") << show << "messy.Json"
-            << QByteArray(R"({"MotionPoints": [[20, 1], [10, 5, "speed"], [10, 7, "acceleration"]],
-                              "MotionLaw": "spline", "Steps": {"dynamicSteps": 12.7}})")
-            << QByteArray(R"({"CircularLength": 1, "Cyclic": false, "MotionLaw": "Vdi2142",
-                              "MotionPoints": [[10, 7, "acceleration"], [20, 1, "rest"]],
-                              "Steps": {"dynamicSteps": 12, "isDynamicStepSize": true, "staticStepSize": 1}})");
+        // Defaults, duplicates, order and the suffix's case are the cam
+        // description's and the cam data file's tests.
         QTest::newRow("show binary .dat")
             << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example;
         // JSON would print them as null.
