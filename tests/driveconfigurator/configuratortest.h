@@ -10,6 +10,7 @@
 
 #include "fileanswer.h"
 #include "messagecapture.h"
+#include "testfiles.h"
 
 #include "camdesigner/camdescription.h"
 #include "camdesigner/camdesignerimplementation.h"
@@ -82,49 +83,46 @@ inline CamDesignerViewImplementation *openEditor(DriveConfiguratorWindow &window
     return nullptr;
 }
 
-inline QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 inline QString pointsOf(const CamTableCell *cell)
 {
     return QString::fromUtf8(QJsonDocument(cell->description()->toJson().value(QStringLiteral("MotionPoints")).toArray())
                                  .toJson(QJsonDocument::Compact));
 }
 
-// A writable copy of the example project in the directory.
-inline QString copyOfExample(const QTemporaryDir &directory)
-{
-    const QString path = directory.filePath(QStringLiteral("beispiel.mxdrive"));
-    QFile::remove(path);
-    if (!QFile::copy(ExampleProject, path))
-        return QString();
-    QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    return path;
-}
-
-// Settings in a scratch directory, so that the editors' layouts start empty.
-inline void useScratchSettings(const QTemporaryDir &directory)
-{
-    QCoreApplication::setOrganizationName(QStringLiteral("MxTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("DriveConfiguratorTest"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, directory.filePath(QStringLiteral("settings")));
-}
-
-// Nothing of a test may stay behind.
-inline bool noWindowLeft()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return QApplication::topLevelWidgets().isEmpty();
-}
-
 } // namespace ConfiguratorTest
+
+// What both test files share: settings in a scratch directory, so that the
+// editors' layouts start empty, cleared before each test, and nothing of a
+// test left behind.
+class ConfiguratorTestCase : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_directory.isValid());
+        QCoreApplication::setOrganizationName(QStringLiteral("MxTest"));
+        QCoreApplication::setApplicationName(QStringLiteral("DriveConfiguratorTest"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_directory.filePath(QStringLiteral("settings")));
+    }
+    void init() { QSettings().clear(); }
+    void cleanup()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(QApplication::topLevelWidgets().isEmpty());
+    }
+
+protected:
+    // A writable copy of the example project in the directory.
+    QString copyOfExample() const
+    {
+        const QString path = m_directory.filePath(QStringLiteral("beispiel.mxdrive"));
+        QFile::remove(path);
+        if (!QFile::copy(ConfiguratorTest::ExampleProject, path))
+            return QString();
+        QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+        return path;
+    }
+
+    QTemporaryDir m_directory;
+};

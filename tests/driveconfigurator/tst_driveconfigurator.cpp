@@ -2,28 +2,16 @@
 
 using namespace ConfiguratorTest;
 
-class tst_DriveConfigurator : public QObject
+class tst_DriveConfigurator : public ConfiguratorTestCase
 {
     Q_OBJECT
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_directory.isValid());
-        useScratchSettings(m_directory);
-    }
-    void init() { QSettings().clear(); }
-    void cleanup() { QVERIFY(noWindowLeft()); }
     void exampleProject();
     void editWriteSaveAndReload();
     void refusalsOfTheDrive_data();
     void refusalsOfTheDrive();
     void importFromAnotherProject();
     void stampFollowsTheDrive();
-
-private:
-    QString copyOfExample() const { return ConfiguratorTest::copyOfExample(m_directory); }
-
-    QTemporaryDir m_directory;
 };
 
 void tst_DriveConfigurator::exampleProject()
@@ -39,13 +27,7 @@ void tst_DriveConfigurator::exampleProject()
         QCOMPARE(cell->stamp(), used ? CamTableCell::Stamp::Editor : CamTableCell::Stamp::None);
         QCOMPARE(cell->description()->isEmpty(), table != 0 && table != 3);
     }
-    QStringList types;
-    for (const QJsonValue &point : window.project()->description(0).value(QStringLiteral("MotionPoints")).toArray())
-        types << point.toArray().at(2).toString();
-    types.sort();
-    QCOMPARE(types, (QStringList { "acceleration", "rest", "speed", "turningPoint" }));
-    QVERIFY(window.project()->description(0).value(QStringLiteral("Cyclic")).toBool());
-    QCOMPARE(window.project()->description(3).value(QStringLiteral("MotionLaw")).toString(), QStringLiteral("Spline"));
+    // What the cams of tables 0 and 3 hold, the project import lists.
 
     CurveTextConverter converter;
     converter.setFormat(CurveTextConverter::TwinCat2);
@@ -200,7 +182,6 @@ void tst_DriveConfigurator::refusalsOfTheDrive()
     QVERIFY(list->item(1)->text().endsWith(QStringLiteral("Kubischer Spline")));
     QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     QCOMPARE(window.project()->description(1), window.project()->description(0));
-    QCOMPARE(editor->undoStack()->text(0), QStringLiteral("Lade Kurvendefinitionsdaten : Kurvenscheibe 0 aus beispiel.mxdrive"));
     if (action == DeleteText) {  // something to delete: written while offline
         actionNamed(editor, WriteText)->trigger();
         QTRY_VERIFY(window.page()->cell(1)->storedCount() > 1);
@@ -244,7 +225,7 @@ void tst_DriveConfigurator::importFromAnotherProject()
 
     auto *other = dialog->findChild<QPushButton *>(QStringLiteral("otherProjectButton"));
     const QString damaged = m_directory.filePath(QStringLiteral("leer.mxdrive"));
-    writeFile(damaged, "[]");
+    QVERIFY(writeFile(damaged, "[]"));
     MessageCapture messages;
     {
         FileAnswer answer(damaged);

@@ -60,6 +60,17 @@ QPolygonF randomTable(quint32 seed, int masterDecimals)
     return table;
 }
 
+// The separators first: a named format brings its own, whatever came before.
+CurveTextWriter writerWith(const Settings &settings, int masterDecimals, int slaveDecimals)
+{
+    CurveTextWriter writer;
+    writer.setDecimalSeparator(settings.decimalSeparator);
+    writer.setValueSeparator(settings.valueSeparator);
+    writer.setFormat(settings.format);
+    writer.setDecimalPlaces(masterDecimals, slaveDecimals);
+    return writer;
+}
+
 QPolygonF readBack(const QString &path, const CurveTextWriter &writer)
 {
     QFile file(path);
@@ -137,11 +148,7 @@ void tst_CurveTextWriter::roundTrip()
     QFETCH(int, slaveDecimals);
     const QPolygonF table = randomTable(quint32(masterDecimals * 131 + slaveDecimals), masterDecimals);
 
-    CurveTextWriter writer;
-    writer.setDecimalSeparator(settings.decimalSeparator);
-    writer.setValueSeparator(settings.valueSeparator);
-    writer.setFormat(settings.format);
-    writer.setDecimalPlaces(masterDecimals, slaveDecimals);
+    const CurveTextWriter writer = writerWith(settings, masterDecimals, slaveDecimals);
     QCOMPARE(writer.refusal(), QString());
     const QString path = m_dir.filePath(QStringLiteral("table.txt"));
     QString error;
@@ -180,13 +187,8 @@ void tst_CurveTextWriter::text()
 {
     QFETCH(Settings, settings);
     QFETCH(QString, expected);
-    CurveTextWriter writer;
-    writer.setDecimalSeparator(settings.decimalSeparator);
-    writer.setValueSeparator(settings.valueSeparator);
-    writer.setFormat(settings.format);
-    writer.setDecimalPlaces(2, 0);
     QString error;
-    QCOMPARE(writer.toText({ QPointF(0.125, -11.5), QPointF(-0.001, 2.5) }, &error), expected);
+    QCOMPARE(writerWith(settings, 2, 0).toText({ QPointF(0.125, -11.5), QPointF(-0.001, 2.5) }, &error), expected);
     QCOMPARE(error, QString());
 }
 
@@ -228,11 +230,7 @@ void tst_CurveTextWriter::refusals()
     QFETCH(QVector<QPointF>, points);
     QFETCH(QString, message);
     QFETCH(bool, refusedBeforehand);
-    CurveTextWriter writer;
-    writer.setDecimalSeparator(settings.decimalSeparator);
-    writer.setValueSeparator(settings.valueSeparator);
-    writer.setFormat(settings.format);
-    writer.setDecimalPlaces(0, decimals);
+    const CurveTextWriter writer = writerWith(settings, 0, decimals);
     QCOMPARE(writer.refusal().startsWith(message), refusedBeforehand);
 
     QTemporaryDir dir;

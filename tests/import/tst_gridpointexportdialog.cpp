@@ -1,5 +1,6 @@
 #include "../views/editorfixture.h"
 #include "fileanswer.h"
+#include "formwidget.h"
 #include "messagecapture.h"
 #include "testfiles.h"
 
@@ -23,14 +24,6 @@
 #include <cmath>
 
 namespace {
-
-template<class T> T *widget(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    if (!found)
-        qFatal("the form has no %s", name);
-    return found;
-}
 
 QPolygonF imported(const QString &path, int format)
 {

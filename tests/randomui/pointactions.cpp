@@ -65,9 +65,8 @@ bool RandomUser::addPoint()
     } else if (description->pointAt(master)) {
         m_outcome.title = QString::fromUtf8(MasterTaken);
     } else {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = QStringLiteral("Füge Bewegungspunkt [%1,%2] hinzu")
-                             .arg(QString::number(master, 'g', 6), QString::number(slave, 'g', 6));
+        expectPush(QStringLiteral("Füge Bewegungspunkt [%1,%2] hinzu")
+                       .arg(QString::number(master, 'g', 6), QString::number(slave, 'g', 6)));
     }
     QTest::mouseClick(m_tree->addButton(), Qt::LeftButton);
     return true;
@@ -84,9 +83,8 @@ bool RandomUser::removePoint()
     const int row = pick(count);
     selectRow(row);
     const MotionPoint *point = model->motionPointAt(row);
-    m_outcome.kind = Outcome::Pushed;
-    m_outcome.text = QStringLiteral("Entferne Bewegungspunkt [%1,%2] hinzu")
-                         .arg(QString::number(point->master(), 'g', 6), QString::number(point->slave(), 'g', 6));
+    expectPush(QStringLiteral("Entferne Bewegungspunkt [%1,%2] hinzu")
+                   .arg(QString::number(point->master(), 'g', 6), QString::number(point->slave(), 'g', 6)));
     const int way = pick(3);
     m_log << QStringLiteral("remove row %1 by %2").arg(row).arg(QStringList { "button", "Delete", "Entfernen" }.at(way));
     if (way == 0) {
@@ -255,8 +253,7 @@ bool RandomUser::dragPoint()
     if ((master != from.x() || slave != from.y()) && (outside(master) || outside(slave))) {
         m_outcome.title = QStringLiteral("Bewegungspunkt nicht verschoben");
     } else if (master != from.x() || slave != from.y()) {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = editText(from, point->type(), master, slave, point->type());
+        expectPush(editText(from, point->type(), master, slave, point->type()));
     }
     QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
     return true;
@@ -284,9 +281,8 @@ bool RandomUser::insertOnCurve()
     if (slave < PositionMinimum || slave > PositionMaximum || master < PositionMinimum || master > PositionMaximum)
         return false;
     m_log << QStringLiteral("insert on the curve at pixel %1,%2").arg(at.x()).arg(at.y());
-    m_outcome.kind = Outcome::Pushed;
-    m_outcome.text = QStringLiteral("Füge Bewegungspunkt [%1,%2] hinzu")
-                         .arg(QString::number(master, 'g', 6), QString::number(slave, 'g', 6));
+    expectPush(QStringLiteral("Füge Bewegungspunkt [%1,%2] hinzu")
+                   .arg(QString::number(master, 'g', 6), QString::number(slave, 'g', 6)));
     bool chosen = false;
     QTimer::singleShot(0, canvas, [&chosen] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());

@@ -137,6 +137,12 @@ QString RandomUser::slaveText(double value) const
     return fixed(value, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
 }
 
+void RandomUser::expectPush(const QString &text)
+{
+    m_outcome.kind = Outcome::Pushed;
+    m_outcome.text = text;
+}
+
 void RandomUser::step()
 {
     using Action = bool (RandomUser::*)();
@@ -213,10 +219,8 @@ QString RandomUser::editText(const QPointF &from, int fromType, double master, d
 // A push when the new values differ from the point's.
 void RandomUser::expectEdit(const MotionPoint *point, double master, double slave, int type)
 {
-    if (master == point->master() && slave == point->slave() && type == point->type())
-        return;
-    m_outcome.kind = Outcome::Pushed;
-    m_outcome.text = editText(point->position(), point->type(), master, slave, type);
+    if (master != point->master() || slave != point->slave() || type != point->type())
+        expectPush(editText(point->position(), point->type(), master, slave, type));
 }
 
 // Mostly a valid new position; else a master of another point, a value

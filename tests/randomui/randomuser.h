@@ -97,6 +97,8 @@ private:
     void expectEdit(const MotionPoint *point, double master, double slave, int type);
     QString masterText(double value) const;
     QString slaveText(double value) const;
+    // The action must push one command with this undo text.
+    void expectPush(const QString &text);
     QString panelProblem() const;
     QString storedProblem() const;
 

@@ -40,11 +40,9 @@ bool RandomUser::switchLaw()
     const int index = pick(2);
     const int current = model->motionLaw()->law() == MotionLaw::Vdi ? 0 : 1;
     m_log << QStringLiteral("law %1").arg(index);
-    if (index != current) {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = QStringLiteral("Ändere Bewegungsgesetz von %1 -> %2")
-                             .arg(QString::fromUtf8(LawNames[current]), QString::fromUtf8(LawNames[index]));
-    }
+    if (index != current)
+        expectPush(QStringLiteral("Ändere Bewegungsgesetz von %1 -> %2")
+                       .arg(QString::fromUtf8(LawNames[current]), QString::fromUtf8(LawNames[index])));
     choose(m_tree->settingsView()->motionLawBox(), index);
     return true;
 }
@@ -53,9 +51,7 @@ bool RandomUser::toggleCyclic()
 {
     const bool cyclic = m_editor.camDescription()->isCyclic();
     m_log << QStringLiteral("cyclic box clicked");
-    m_outcome.kind = Outcome::Pushed;
-    m_outcome.text = cyclic ? QStringLiteral("Deaktiviere zyklische Umlauflänge")
-                            : QStringLiteral("Aktiviere zyklische Umlauflänge");
+    expectPush(cyclic ? QStringLiteral("Deaktiviere zyklische Umlauflänge") : QStringLiteral("Aktiviere zyklische Umlauflänge"));
     click(m_tree->settingsView()->cyclicBox());
     return true;
 }
@@ -87,9 +83,8 @@ bool RandomUser::editCircularLength()
         if (length != current && count > 0 && model->motionPointAt(count - 1)->master() >= length) {
             m_outcome.title = QStringLiteral("Ungültige Umlauflänge");  // the last point lies beyond it
         } else if (length != current) {
-            m_outcome.kind = Outcome::Pushed;
-            m_outcome.text = QStringLiteral("Ändere Umlauflänge %1 -> %2")
-                                 .arg(QString::number(current, 'g', 6), QString::number(length, 'g', 6));
+            expectPush(QStringLiteral("Ändere Umlauflänge %1 -> %2")
+                           .arg(QString::number(current, 'g', 6), QString::number(length, 'g', 6)));
         }
     }
     m_log << QStringLiteral("circular length typed \"%1\"").arg(text);
@@ -102,11 +97,9 @@ bool RandomUser::switchStepMode()
     const bool dynamic = m_editor.implementation()->editorModel()->steps()->isDynamicStepSize();
     const bool toDynamic = chance(0.5);
     m_log << QStringLiteral("%1 clicked").arg(toDynamic ? "Dynamisch" : "Statisch");
-    if (toDynamic != dynamic) {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = toDynamic ? QStringLiteral("Aktiviere dynamische Schrittweite")
-                                   : QStringLiteral("Aktiviere statische Schrittweite");
-    }
+    if (toDynamic != dynamic)
+        expectPush(toDynamic ? QStringLiteral("Aktiviere dynamische Schrittweite")
+                             : QStringLiteral("Aktiviere statische Schrittweite"));
     CamSettingsView *settings = m_tree->settingsView();
     click(toDynamic ? settings->dynamicButton() : settings->staticButton());
     return true;
@@ -120,12 +113,10 @@ bool RandomUser::editResolution()
     const int current = m_editor.implementation()->editorModel()->steps()->dynamicStepResolution();
     const int resolution = chance(0.1) ? current : 2 + pick(1500);
     m_log << QStringLiteral("resolution typed %1").arg(resolution);
-    if (resolution != current) {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = QStringLiteral("Ändere Auflösung der dynamischen Schrittweite von %1 Punkten -> %2 Punkten")
-                             .arg(current)
-                             .arg(resolution);
-    }
+    if (resolution != current)
+        expectPush(QStringLiteral("Ändere Auflösung der dynamischen Schrittweite von %1 Punkten -> %2 Punkten")
+                       .arg(current)
+                       .arg(resolution));
     type(box, QString::number(resolution));
     return true;
 }
@@ -148,9 +139,8 @@ bool RandomUser::editStepSize()
         if (stepSize < minimum || stepSize <= 0.0) {
             m_outcome.title = QStringLiteral("Schrittweite zu klein");
         } else if (stepSize != current) {
-            m_outcome.kind = Outcome::Pushed;
-            m_outcome.text = QStringLiteral("Ändere Schrittweite von %1 -> %2")
-                                 .arg(QString::number(current, 'g', 6), QString::number(stepSize, 'g', 6));
+            expectPush(QStringLiteral("Ändere Schrittweite von %1 -> %2")
+                           .arg(QString::number(current, 'g', 6), QString::number(stepSize, 'g', 6)));
         }
     }
     // A text as shown is no edit at all.
@@ -168,14 +158,11 @@ bool RandomUser::chooseScaling()
     const int index = pick(masterAxis ? 2 : 3);
     const int current = masterAxis ? scaling->masterAxisScaling() : scaling->velocityScaling();
     m_log << QStringLiteral("%1 scaling %2").arg(masterAxis ? "master axis" : "velocity").arg(index);
-    if (index != current) {
-        m_outcome.kind = Outcome::Pushed;
-        m_outcome.text = masterAxis
-            ? QStringLiteral("Ändere Master-Skala von %1 zu %2")
-                  .arg(QString::fromUtf8(MasterAxisNames[current]), QString::fromUtf8(MasterAxisNames[index]))
-            : QStringLiteral("Ändere Geschwindigkeitsskala von %1 zu %2")
-                  .arg(QString::fromUtf8(VelocityNames[current]), QString::fromUtf8(VelocityNames[index]));
-    }
+    if (index != current)
+        expectPush(masterAxis ? QStringLiteral("Ändere Master-Skala von %1 zu %2")
+                                    .arg(QString::fromUtf8(MasterAxisNames[current]), QString::fromUtf8(MasterAxisNames[index]))
+                              : QStringLiteral("Ändere Geschwindigkeitsskala von %1 zu %2")
+                                    .arg(QString::fromUtf8(VelocityNames[current]), QString::fromUtf8(VelocityNames[index])));
     choose(masterAxis ? m_scaling->masterAxisBox() : m_scaling->velocityBox(), index);
     return true;
 }
@@ -195,11 +182,9 @@ bool RandomUser::editCycleTime()
     } else {
         const double seconds = value(0.01, 10.0, 4);
         text = QString::number(seconds, 'f', 4) + (chance(0.3) ? QStringLiteral(" s") : QString());
-        if (seconds != current) {
-            m_outcome.kind = Outcome::Pushed;
-            m_outcome.text = QStringLiteral("Ändere Zykluszeit von %1 zu %2")
-                                 .arg(QString::number(current, 'g', 6), QString::number(seconds, 'g', 6));
-        }
+        if (seconds != current)
+            expectPush(QStringLiteral("Ändere Zykluszeit von %1 zu %2")
+                           .arg(QString::number(current, 'g', 6), QString::number(seconds, 'g', 6)));
     }
     m_log << QStringLiteral("cycle time typed \"%1\"").arg(text);
     type(edit, text);
