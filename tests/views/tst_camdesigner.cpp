@@ -1,17 +1,11 @@
 #include "editorfixture.h"
 
 #include "camdesigner/camdesignerbutton.h"
-#include "camdesigner/controller.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
-#include "model/motionpoint.h"
-#include "parameters/parametermodelimplementation.h"
 #include "plots/previewview.h"
 #include "resources/camdesignerresources.h"
 #include "views/camsettingsview.h"
 #include "views/motionplantreeeditor.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLocale>
 #include <QMenu>
@@ -19,7 +13,6 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTranslator>
 
 #include <qwt_plot_curve.h>
@@ -132,13 +125,13 @@ void tst_CamDesigner::previewFollowsCamAndTable()
     auto *preview = qobject_cast<PreviewView *>(widget.get());
     QVERIFY(preview);
     QCOMPARE(preview->toolTip(), QStringLiteral("lalalal"));
-    CamEditorModel *model = editor.implementation()->editorModel();
+    CamEditorModel *model = editor.model();
     QCOMPARE(int(preview->calculatedCurve()->dataSize()), model->motionPlan()->positions().size());
     QCOMPARE(int(preview->storedCurve()->dataSize()), 0);
 
     editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
     QCOMPARE(preview->calculatedCurve()->sample(int(preview->calculatedCurve()->dataSize()) - 1).x(), 270.0);
-    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    editor.parameters()->writeGridPoints(model->motionPlan()->positions());
     QCOMPARE(int(preview->storedCurve()->dataSize()), model->motionPlan()->positions().size());
     QVERIFY(preview->toolTipText().contains(QStringLiteral("Anzahl: %1").arg(preview->storedCurve()->dataSize())));
 }
@@ -229,7 +222,6 @@ void tst_CamDesigner::windowOpenedAfterInstallingEnglishSpeaksEnglish()
         QCOMPARE(window->undoStack()->count(), 1);
         QCOMPARE(window->undoStack()->text(0),
                  QStringLiteral("Change motion law from Fifth-degree polynomial -> Cubic spline"));
-        window->close();
     }
 
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::German)));
@@ -237,7 +229,6 @@ void tst_CamDesigner::windowOpenedAfterInstallingEnglishSpeaksEnglish()
     CamDesignerViewImplementation *window = editor.open();
     QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Kurve"), QStringLiteral("&Ansicht"), QStringLiteral("&Bearbeiten")}));
     QVERIFY(menuTexts(window, QStringLiteral("&Ansicht")).contains(QStringLiteral("Skalierung")));
-    window->close();
 }
 
 QTEST_MAIN(tst_CamDesigner)

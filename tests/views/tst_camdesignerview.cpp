@@ -1,22 +1,15 @@
 #include "editorfixture.h"
 #include "fileanswer.h"
-#include "messagecapture.h"
 #include "testfiles.h"
 
-#include "camdesigner/controller.h"
 #include "camdesigner/filedialog.h"
 #include "commands/undoview.h"
 #include "views/curvereportview.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
-#include "parameters/parametermodelimplementation.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QStatusBar>
-#include <QTest>
 #include <QToolBar>
 #include <QPushButton>
 #include <QTableView>
@@ -101,7 +94,6 @@ void tst_CamDesignerView::actions()
         }
         QVERIFY(owner && owner->actions().contains(action));
     }
-    window->close();
 }
 
 // Empty settings: the docks of construction, three plots shown, jerk hidden.
@@ -127,7 +119,6 @@ void tst_CamDesignerView::constructionArrangement()
     QVERIFY(window->testAttribute(Qt::WA_DeleteOnClose));
     QVERIFY(window->dockManager()->styleSheet().endsWith(
         QStringLiteral("ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}")));
-    window->close();
 }
 
 void tst_CamDesignerView::layoutPersistsAndResets()
@@ -148,7 +139,6 @@ void tst_CamDesignerView::layoutPersistsAndResets()
     QVERIFY(window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
     actionNamed(window, QStringLiteral("Zurücksetzen"))->trigger();
     QVERIFY(!window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
-    window->close();
 }
 
 // The report dock is listed like the others, follows an edit, and a layout
@@ -183,7 +173,6 @@ void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
     dock = window->dock(CamDesignerViewImplementation::ReportDock);
     QVERIFY(!dock->isClosed());
     QCOMPARE(dock->dockAreaWidget(), window->dock(CamDesignerViewImplementation::ParameterDock)->dockAreaWidget());
-    window->close();
 }
 
 void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
@@ -227,7 +216,6 @@ void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
             QCOMPARE(actionNamed(window, text)->isEnabled(), !readOnly);
         QCOMPARE(window->writeButton()->isEnabled(), !readOnly);
     }
-    window->close();
 }
 
 // The table read back equals the calculated points rounded to the drive's
@@ -236,7 +224,7 @@ void tst_CamDesignerView::writeStoresTheCalculatedPoints()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    ParameterModelImplementation *parameters = editor.parameters();
     // While the write runs, nothing else writes and the window stays open.
     int checked = 0;
     connect(parameters, &ParameterModelImplementation::saveProgressed, this, [&] {
@@ -251,7 +239,7 @@ void tst_CamDesignerView::writeStoresTheCalculatedPoints()
     QTest::keyClick(window, Qt::Key_V, Qt::ControlModifier);
     QVERIFY(checked > 0);
     QVERIFY(window->writeButton()->isEnabled());
-    const QPolygonF calculated = editor.implementation()->editorModel()->motionPlan()->positions();
+    const QPolygonF calculated = editor.model()->motionPlan()->positions();
     const QPolygonF stored = parameters->storedGridPoints();
     QCOMPARE(stored.size(), calculated.size());
     const auto rounded = [](double value, int decimals) {
@@ -263,7 +251,6 @@ void tst_CamDesignerView::writeStoresTheCalculatedPoints()
     }
     QVERIFY(!parameters->storedTableSummary().contains(QStringLiteral("nicht vom Kurvenscheibeneditor")));
     QVERIFY(parameters->storedTableSummary().contains(QStringLiteral("Anzahl: %1").arg(stored.size())));
-    window->close();
 }
 
 // The drive runs a cyclic table round and round: a jump where its end meets
@@ -299,17 +286,16 @@ void tst_CamDesignerView::writeAsksAboutAJumpAtTheSeam()
                      && !messages.last().text.contains(QStringLiteral("Position springt")),
                  qPrintable(messages.last().text));
     }
-    const bool written = !editor.implementation()->parameterModel()->storedGridPoints().isEmpty();
+    const bool written = !editor.parameters()->storedGridPoints().isEmpty();
     QCOMPARE(written, !asked || answer == QMessageBox::Yes);
-    window->close();
 }
 
 void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
-    parameters->writeGridPoints(editor.implementation()->editorModel()->motionPlan()->positions());
+    ParameterModelImplementation *parameters = editor.parameters();
+    parameters->writeGridPoints(editor.model()->motionPlan()->positions());
     const int stored = parameters->storedGridPointCount();
     QVERIFY(stored > 2);
     QAction *remove = actionNamed(window, QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)"));
@@ -328,7 +314,6 @@ void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
     remove->trigger();
     QCOMPARE(messages.count(), 3);
     QVERIFY(parameters->storedGridPointCount() < 2);
-    window->close();
 }
 
 void tst_CamDesignerView::exportAndImportCamFiles()
@@ -381,7 +366,6 @@ void tst_CamDesignerView::exportAndImportCamFiles()
              qPrintable(messages.last().text));
     QCOMPARE(editor.description->toJson(), before);
     QCOMPARE(window->undoStack()->count(), undoCount);
-    window->close();
 }
 
 void tst_CamDesignerView::undoActionsAndOverview()
@@ -408,7 +392,6 @@ void tst_CamDesignerView::undoActionsAndOverview()
     QVERIFY(popUp && popUp->isVisible());
     popUp->hide();
     QVERIFY(!overview->isChecked());
-    window->close();
 }
 
 // The box is window-modal and does not block; its button closes the editor.

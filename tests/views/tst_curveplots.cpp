@@ -1,24 +1,16 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
 #include "commands/changemotionlawcommand.h"
 #include "commands/setmasteraxisscalingcommand.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
-#include "parameters/parametermodelimplementation.h"
 #include "commands/editmotionpointcommand.h"
 #include "plots/curveplotstack.h"
 #include "plots/densecurve.h"
 #include "plots/motionpointdragger.h"
 
-#include <QApplication>
 #include <QMap>
 #include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
@@ -67,8 +59,8 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     CurvePlotStack *plots = window->plots();
-    CamEditorModel *model = editor.implementation()->editorModel();
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    CamEditorModel *model = editor.model();
+    ParameterModelImplementation *parameters = editor.parameters();
     const auto check = [&] {
         const MotionPlan *plan = model->motionPlan();
         const QPolygonF stored[] = { parameters->storedGridPoints(), parameters->storedVelocities(),
@@ -153,7 +145,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
     QVERIFY(plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
     QVERIFY(!plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
-    window->close();
 }
 
 void tst_CurvePlots::dragPushesOneEdit_data()
@@ -195,7 +186,7 @@ void tst_CurvePlots::dragPushesOneEdit()
     QVERIFY(QTest::qWaitForWindowExposed(window));
     CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
     plot->replot();
-    CamEditorModel *model = editor.implementation()->editorModel();
+    CamEditorModel *model = editor.model();
     QWidget *canvas = plot->canvas();
     const auto pixel = [plot](double master, double slave) {
         return QPoint(int(std::lround(plot->transform(QwtPlot::xBottom, master))),
@@ -226,7 +217,6 @@ void tst_CurvePlots::dragPushesOneEdit()
     if (escape || slaveLimit > 0) {
         QCOMPARE(window->undoStack()->count(), 0);
         QVERIFY(editor.camDescription()->pointAt(90));
-        window->close();
         return;
     }
     QCOMPARE(window->undoStack()->count(), 1);
@@ -240,7 +230,6 @@ void tst_CurvePlots::dragPushesOneEdit()
     QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
     window->undoStack()->redo();
     QCOMPARE(model->motionPointAt(1)->master(), master);
-    window->close();
 }
 
 void tst_CurvePlots::exportWritesEachFormat_data()
@@ -269,7 +258,6 @@ void tst_CurvePlots::exportWritesEachFormat()
     if (suffix == QLatin1String("png"))
         QCOMPARE(QImage(single).size(), QSize(800, 300));
     QVERIFY(!window->plots()->exportTo(directory.filePath(QStringLiteral("fehlt/kurven.png")), QSize(10, 10)));
-    window->close();
 }
 
 QTEST_MAIN(tst_CurvePlots)
@@ -337,8 +325,8 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    CamEditorModel *model = editor.implementation()->editorModel();
-    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    CamEditorModel *model = editor.model();
+    editor.parameters()->writeGridPoints(model->motionPlan()->positions());
     CurvePlot *position = window->plots()->plot(CurvePlot::Position);
     auto *stored = static_cast<DenseCurve *>(position->storedCurve());
     QVERIFY(stored->keepsPicture());
@@ -361,7 +349,7 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
     position->repaint();
     QCOMPARE(stored->pictureDrawCount(), drawn + 1);
     window->undoStack()->undo();
-    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    editor.parameters()->writeGridPoints(model->motionPlan()->positions());
     QTRY_VERIFY(!window->plots()->isReplotPending());
     position->repaint();
     QCOMPARE(stored->pictureDrawCount(), drawn + 2);
@@ -393,5 +381,4 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
     }
     // Blending the copy onto the canvas rounds once more than drawing directly.
     QVERIFY2(largest <= 3, qPrintable(QString::number(largest)));
-    window->close();
 }

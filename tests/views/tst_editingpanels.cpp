@@ -1,14 +1,8 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
 #include "commands/changemotionlawcommand.h"
 #include "commands/loadnewmotionplancommand.h"
-#include "curves/motionplan.h"
-#include "model/motionpoint.h"
-#include "model/cameditormodel.h"
 #include "model/scaling.h"
-#include "parameters/parametermodelimplementation.h"
 #include "views/camsettingsview.h"
 #include "views/comparisontablemodel.h"
 #include "views/comparisonview.h"
@@ -23,13 +17,11 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QComboBox>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTest>
 #include <QTreeView>
 
 #include <functional>
@@ -75,8 +67,8 @@ void choose(QComboBox *box, int index)
 // Everything a panel can change: the cam definition data and the scaling.
 QString state(const EditorFixture &editor)
 {
-    const Scaling *scaling = editor.implementation()->editorModel()->scaling();
-    return QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson(QJsonDocument::Compact))
+    const Scaling *scaling = editor.model()->scaling();
+    return editor.state()
         + QStringLiteral(" axis=%1 cycle=%2 velocity=%3")
               .arg(scaling->masterAxisScaling())
               .arg(scaling->cycleTime())
@@ -105,9 +97,8 @@ struct Panels {
     {
         QVERIFY(QTest::qWaitForWindowActive(window));
     }
-    ~Panels() { window->close(); }
-    CamEditorModel *model() const { return editor.implementation()->editorModel(); }
-    ParameterModelImplementation *parameters() const { return editor.implementation()->parameterModel(); }
+    CamEditorModel *model() const { return editor.model(); }
+    ParameterModelImplementation *parameters() const { return editor.parameters(); }
     QString cell(int row, int column) const { return tree->pointTree()->model()->index(row, column).data().toString(); }
 };
 

@@ -1,11 +1,6 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
 #include "model/decimaltext.h"
-#include "model/motionpoint.h"
 #include "model/scaling.h"
 #include "model/steps.h"
 #include "plots/curveplot.h"
@@ -25,7 +20,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -33,7 +27,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
-#include <QTest>
 #include <QTreeView>
 
 namespace {
@@ -130,21 +123,20 @@ void tst_EditorFirstUse::fieldsTakeCommaAndPoint()
     tree->selectRow(1);
     type(tree->pointEditView()->masterEdit(), text);
     QCOMPARE(messages.count(), 0);
-    QCOMPARE(editor.implementation()->editorModel()->motionPointAt(1)->master(), 45.5);
+    QCOMPARE(editor.model()->motionPointAt(1)->master(), 45.5);
 
     type(tree->pointEditView()->slaveEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("12")));
-    QCOMPARE(editor.implementation()->editorModel()->motionPointAt(1)->slave(), 12.5);
+    QCOMPARE(editor.model()->motionPointAt(1)->slave(), 12.5);
 
     type(tree->settingsView()->circularLengthEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("400")));
     QCOMPARE(editor.camDescription()->circularLength(), 400.5);
 
     // The cycle time counts (and its field is enabled) under time scaling.
-    Scaling *scaling = editor.implementation()->editorModel()->scaling();
+    Scaling *scaling = editor.model()->scaling();
     scaling->setMasterAxisScaling(Scaling::CycleTime);
     type(window->scalingView()->cycleTimeEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("0")));
     QCOMPARE(scaling->cycleTime(), 0.5);
     QCOMPARE(messages.count(), 0);
-    window->close();
 }
 
 void tst_EditorFirstUse::ambiguousNumbersAreRefusedWithAHint()
@@ -154,7 +146,7 @@ void tst_EditorFirstUse::ambiguousNumbersAreRefusedWithAHint()
     CamDesignerViewImplementation *window = editor.open();
     MotionPlanTreeEditor *tree = window->motionPlanEditor();
     tree->selectRow(1);
-    const QString before = QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson());
+    const QString before = editor.state();
     for (const QString &text : { QStringLiteral("1.000,5"), QStringLiteral("1,000.5") }) {
         type(tree->pointEditView()->masterEdit(), text);
         QCOMPARE(messages.last().title, QStringLiteral("Ungültige Eingabe"));
@@ -162,9 +154,8 @@ void tst_EditorFirstUse::ambiguousNumbersAreRefusedWithAHint()
         QCOMPARE(tree->pointEditView()->masterEdit()->text(), QStringLiteral("90.000"));
     }
     QCOMPARE(messages.count(), 2);
-    QCOMPARE(QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson()), before);
+    QCOMPARE(editor.state(), before);
     QCOMPARE(window->undoStack()->count(), 0);
-    window->close();
 }
 
 void tst_EditorFirstUse::shownNumbersHaveNoGroupSeparators()
@@ -179,7 +170,6 @@ void tst_EditorFirstUse::shownNumbersHaveNoGroupSeparators()
         const CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
         QCOMPARE(plot->axisScaleDraw(QwtPlot::xBottom)->label(1000.0).text(), QStringLiteral("1000"));
         QCOMPARE(plot->axisScaleDraw(QwtPlot::yLeft)->label(-1500.0).text(), QStringLiteral("-1500"));
-        window->close();
     }
     QLocale::setDefault(previous);
 }
@@ -189,7 +179,7 @@ void tst_EditorFirstUse::gridPointCountShowsWhatTheSettingsGive()
     EditorFixture editor(Cam);
     CamDesignerViewImplementation *window = editor.open();
     CamSettingsView *settings = window->motionPlanEditor()->settingsView();
-    const CamEditorModel *model = editor.implementation()->editorModel();
+    const CamEditorModel *model = editor.model();
     const auto shown = [settings] { return settings->gridPointCountLabel()->text(); };
     const auto expected = [model] { return QStringLiteral("ergibt %1 Stützstellen").arg(model->motionPlan()->positions().size()); };
     QCOMPARE(shown(), expected());
@@ -205,7 +195,6 @@ void tst_EditorFirstUse::gridPointCountShowsWhatTheSettingsGive()
     QCOMPARE(shown(), expected());
     window->undoStack()->undo();
     QCOMPARE(shown(), expected());
-    window->close();
 }
 
 void tst_EditorFirstUse::windowFitsTheScreen_data()
@@ -240,7 +229,6 @@ void tst_EditorFirstUse::windowFitsTheScreen()
     // Small, the fields keep their size and the panel scrolls.
     PointEditView *point = window->motionPlanEditor()->pointEditView();
     QVERIFY(point->masterEdit()->height() >= point->masterEdit()->minimumSizeHint().height());
-    window->close();
 
     QCOMPARE(WindowPlacement::fitted(QRect(0, 215, 1280, 800), QRect(0, 0, 1920, 1000)), QRect(0, 200, 1280, 800));
     QCOMPARE(WindowPlacement::fitted(QRect(100, 100, 400, 300), QRect(0, 0, 1920, 1000)), QRect(100, 100, 400, 300));
@@ -284,7 +272,6 @@ void tst_EditorFirstUse::openEditorFollowsALanguageChange()
     QCOMPARE(tree->addButton()->text(), QStringLiteral("Hinzufügen"));
     QCOMPARE(points->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master-Position [°]"));
     QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Ganze Kurve anzeigen"));
-    window->close();
 }
 
 QTEST_MAIN(tst_EditorFirstUse)

@@ -1,15 +1,9 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
-#include "model/motionpoint.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "plots/curveplot.h"
 #include "plots/curveplotstack.h"
-#include "parameters/parametermodelimplementation.h"
 #include "parameterelementlist.h"
 #include "views/comparisonview.h"
 #include "views/camsettingsview.h"
@@ -19,22 +13,14 @@
 
 #include <qtadvanceddocking/DockWidget.h>
 
-#include <QApplication>
 #include <QClipboard>
-#include <QJsonDocument>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTableView>
-#include <QTest>
 #include <QTreeView>
 #include <QTreeWidget>
 
 namespace {
-
-QString stateOf(const EditorFixture &editor)
-{
-    return QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson(QJsonDocument::Compact));
-}
 
 // The clipboard's lines without the header.
 QStringList copiedRows()
@@ -108,15 +94,14 @@ void tst_PointClipboard::copyMotionPoints()
     window->motionPlanEditor()->copyAction()->trigger();
     QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "90.000\t40.000\tspeed\tModifiedSine\t0.25\t-1.5",
                                          "180.000\t0.000\trest\tPoly5\t\t" }));
-    const QString copied = stateOf(editor);
+    const QString copied = editor.state();
 
     MessageCapture messages;
     editor.description->loadWithUndo(parseJson(R"({"MotionPoints": []})"), QStringLiteral("leer"));
     typeKey(tree, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(messages.count(), 0);
-    QCOMPARE(stateOf(editor), copied);
+    QCOMPARE(editor.state(), copied);
     QCOMPARE(window->undoStack()->text(window->undoStack()->count() - 1), QStringLiteral("Füge 3 Bewegungspunkte ein"));
-    window->close();
 }
 
 // The calculated table, the stored list and the comparison copy through
@@ -126,8 +111,8 @@ void tst_PointClipboard::copyGridPointTables()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     QVERIFY(QTest::qWaitForWindowExposed(window));
-    const QPolygonF points = editor.implementation()->editorModel()->motionPlan()->positions();
-    editor.implementation()->parameterModel()->writeGridPoints(points);
+    const QPolygonF points = editor.model()->motionPlan()->positions();
+    editor.parameters()->writeGridPoints(points);
 
     auto *calculated = qobject_cast<CalculatedTableView *>(window->dock(CamDesignerViewImplementation::CalculatedDock)->widget());
     QVERIFY(calculated);
@@ -153,7 +138,6 @@ void tst_PointClipboard::copyGridPointTables()
     typeKey(comparison, Qt::Key_C, Qt::ControlModifier);
     const QString row = QStringLiteral("%1\t%2").arg(points.at(4).x(), 0, 'f', 3).arg(points.at(4).y(), 0, 'f', 3);
     QCOMPARE(copiedRows(), QStringList(row + QLatin1Char('\t') + row + QStringLiteral("\t0.000\t0.000")));
-    window->close();
 }
 
 void tst_PointClipboard::paste_data()
@@ -192,8 +176,8 @@ void tst_PointClipboard::paste()
     if (slaveLimit > 0)
         QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
                                              -slaveLimit, slaveLimit));
-    const QString before = stateOf(editor);
-    const CamEditorModel *model = editor.implementation()->editorModel();
+    const QString before = editor.state();
+    const CamEditorModel *model = editor.model();
     QList<const MotionPoint *> old;
     for (int row = 0; row < model->motionPointCount(); ++row)
         old.append(model->motionPointAt(row));
@@ -216,9 +200,8 @@ void tst_PointClipboard::paste()
     QCOMPARE(window->undoStack()->count(), added.isEmpty() ? 0 : 1);
     if (!added.isEmpty()) {
         window->undoStack()->undo();
-        QCOMPARE(stateOf(editor), before);
+        QCOMPARE(editor.state(), before);
     }
-    window->close();
 }
 
 namespace {
@@ -298,7 +281,7 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     };
     const QString before = text();
     QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    ParameterModelImplementation *parameters = editor.parameters();
     const int stored = parameters->storedGridPoints().size();
     const int commands = window->undoStack()->count();
 
@@ -318,7 +301,6 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
         QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
     if (outcome == WordDeleted)
         QVERIFY2(after != before && before.startsWith(after), qPrintable(after));
-    window->close();
 }
 
 QTEST_MAIN(tst_PointClipboard)
