@@ -4,6 +4,7 @@
 #include "commands/setmasteraxisscalingcommand.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
+#include "model/steps.h"
 #include "commands/editmotionpointcommand.h"
 #include "plots/curveplotstack.h"
 #include "plots/densecurve.h"
@@ -75,6 +76,7 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
             const CurvePlot *plot = plots->plot(CurvePlot::Quantity(quantity));
             const QPolygonF shown = samplesOf(plot->calculatedCurve());
             QCOMPARE(shown.isEmpty(), plot->isHidden());
+            QVERIFY(quantity == CurvePlot::Position || shown.isEmpty() || shown.size() >= plot->canvas()->width());
             for (const QPointF &point : shown)
                 QCOMPARE(point.y(), (plan->*exact[quantity])(point.x()) * plots->valueFactor(quantity));
             QCOMPARE(samplesOf(plot->storedCurve()), stored[quantity]);
@@ -83,6 +85,11 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
                      + plots->markers(-1)->dataSize()),
                  model->motionPointCount());
     };
+    check();
+    // A coarse static step: still the plan's derivatives at every pixel
+    // column, not the grid's difference quotients, with a spike at a joint.
+    editor.camDescription()->steps()->setIsDynamicStepSize(false);
+    editor.camDescription()->steps()->setStaticStepSize(7.0);
     check();
     // Drawn once (the axes report their range back), then a shorter cam:
     // the master axis follows it, as nobody zoomed.

@@ -133,7 +133,6 @@ private slots:
     void insertRefusals();
     void removeFromContextMenu();
     void measuringCursors();
-    void derivativesFromThePlan();
     void timeAxis();
     void warningsMarked();
 };
@@ -363,31 +362,6 @@ void tst_LinkedViews::measuringCursors()
     // The window closes with the cursors on.
     tool->setActive(true);
     tool->placeAt(10.0);
-}
-
-// The acceleration is drawn from the plan at every pixel column, not from
-// difference quotients of the grid: with a coarse static step there is no
-// spike at a joint.
-void tst_LinkedViews::derivativesFromThePlan()
-{
-    Editor e(example(QStringLiteral("cyclic-cam.json")));
-    e.editor.camDescription()->steps()->setIsDynamicStepSize(false);
-    e.editor.camDescription()->steps()->setStaticStepSize(7.0);
-    e.plots->replotNow();
-    const MotionPlan *plan = e.model->motionPlan();
-    for (int quantity = CurvePlot::Velocity; quantity < CurvePlot::Jerk; ++quantity) {
-        const QwtPlotCurve *curve = e.plots->plot(CurvePlot::Quantity(quantity))->calculatedCurve();
-        QVERIFY(int(curve->dataSize()) >= e.position->canvas()->width());
-        const double factor = e.plots->valueFactor(quantity);
-        for (size_t i = 0; i < curve->dataSize(); ++i) {
-            const QPointF sample = curve->sample(i);
-            const double exact = quantity == CurvePlot::Velocity ? plan->velocity(sample.x())
-                                                                 : plan->acceleration(sample.x());
-            QCOMPARE(sample.y(), exact * factor);
-        }
-    }
-    // The table's own list is still the difference quotients.
-    QCOMPARE(plan->accelerations(), MotionPlan::differenceQuotient(plan->velocities()));
 }
 
 // "Zykluszeit" shows the master axis in seconds: plots, measuring box, report.
