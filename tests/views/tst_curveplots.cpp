@@ -9,12 +9,14 @@
 #include "plots/curveplotstack.h"
 #include "plots/densecurve.h"
 #include "plots/motionpointdragger.h"
+#include "views/motionplantreeeditor.h"
 
 #include <QMap>
 #include <QMouseEvent>
 
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
+#include <qwt_plot_picker.h>
 #include <qwt_scale_map.h>
 
 #include <algorithm>
@@ -207,6 +209,9 @@ void tst_CurvePlots::dragPushesOneEdit()
     QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(90, 40));
     QVERIFY(window->plots()->dragger()->isDragging());
     QVERIFY(model->isCoarseSteps());
+    // The pressed marker's row is selected; the tracker's label stays off while it moves.
+    QCOMPARE(window->motionPlanEditor()->currentRow(), 1);
+    QCOMPARE(plot->tracker()->trackerMode(), QwtPicker::AlwaysOff);
     // What the user points at, on the scales the press found.
     const double pointedMaster = std::round(plot->invTransform(QwtPlot::xBottom, target.x()) * 1000.0) / 1000.0;
     const double pointedSlave = std::round(plot->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
@@ -220,6 +225,7 @@ void tst_CurvePlots::dragPushesOneEdit()
     else
         QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
     QVERIFY(!model->isCoarseSteps());
+    QCOMPARE(plot->tracker()->trackerMode(), QwtPicker::AlwaysOn);
     QCOMPARE(messages.count(), slaveLimit > 0 ? 1 : 0);
     if (escape || slaveLimit > 0) {
         QCOMPARE(window->undoStack()->count(), 0);
@@ -233,6 +239,8 @@ void tst_CurvePlots::dragPushesOneEdit()
     QCOMPARE(moved->slave(), pointedSlave);
     QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
     QCOMPARE(moved->velocity(), 0.5);
+    QCOMPARE(window->motionPlanEditor()->currentRow(), 1);
+    QCOMPARE(window->plots()->highlight(CurvePlot::Position)->sample(0), moved->position());
     window->undoStack()->undo();
     QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
     window->undoStack()->redo();

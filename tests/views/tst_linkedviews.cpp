@@ -17,7 +17,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QStatusBar>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -25,7 +24,6 @@
 #include <QTreeView>
 
 #include <qwt_plot_curve.h>
-#include <qwt_plot_picker.h>
 #include <qwt_scale_div.h>
 #include <qwt_text.h>
 
@@ -126,7 +124,7 @@ class tst_LinkedViews : public QObject
     Q_OBJECT
 private slots:
     void cleanup();
-    void selectionBothWays();
+    void tableSelectionRingsTheMarkers();
     void insertKeepsCurve_data();
     void insertKeepsCurve();
     void insertRefusals_data();
@@ -142,9 +140,9 @@ void tst_LinkedViews::cleanup()
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
 }
 
-// A row selected in the table rings its marker in every plot; a marker
-// pressed in the plot selects its row; the label stays off while it moves.
-void tst_LinkedViews::selectionBothWays()
+// A row selected in the table rings its marker in every plot (the other way,
+// a marker pressed in the plot, in tst_curveplots' drag).
+void tst_LinkedViews::tableSelectionRingsTheMarkers()
 {
     Editor e;
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
@@ -164,24 +162,6 @@ void tst_LinkedViews::selectionBothWays()
     QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0).y(), 0.0);
     QCOMPARE(e.plots->highlight(CurvePlot::Velocity)->sample(0).y(),
              plan->velocity(180.0) * e.plots->valueFactor(CurvePlot::Velocity));
-
-    // The other way: a press on the marker at 90 selects row 1.
-    QWidget *canvas = e.position->canvas();
-    QTest::mousePress(canvas, Qt::LeftButton, {}, pixel(e.position, 90, 40));
-    QVERIFY(e.plots->dragger()->isDragging());
-    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0).x(), 90.0);
-    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOff);
-    const QPoint target = pixel(e.position, 100, 45);
-    QMouseEvent move(QEvent::MouseMove, target, canvas->mapToGlobal(target), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(canvas, &move);
-    QTest::mouseRelease(canvas, Qt::LeftButton, {}, pixel(e.position, 100, 45));
-    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOn);
-    QCOMPARE(e.window->undoStack()->count(), 1);
-    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0),
-             e.model->motionPointAt(1)->position());
 }
 
 void tst_LinkedViews::insertKeepsCurve_data()
