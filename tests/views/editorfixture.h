@@ -15,9 +15,11 @@
 #include "parameters/parametermodelimplementation.h"
 #include "views/camdesignerviewimplementation.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QJsonDocument>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -82,4 +84,17 @@ inline QAction *actionNamed(QWidget *window, const QString &text)
             return action;
     }
     return nullptr;
+}
+
+// Typed over the field's text and finished as the user finishes it.
+inline void type(QWidget *field, const QString &text, Qt::Key finish = Qt::Key_Return)
+{
+    field->setFocus();
+    if (auto *edit = qobject_cast<QLineEdit *>(field))
+        edit->selectAll();
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(field))
+        spin->selectAll();
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, finish);
+    QCoreApplication::processEvents();  // an item view commits its editor queued
 }

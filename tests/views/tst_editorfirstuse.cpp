@@ -34,14 +34,6 @@ namespace {
 const char Cam[] = R"({"Cyclic": true, "CircularLength": 360,
     "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 100, "turningPoint"], [270, 40, "acceleration"]]})";
 
-void type(QLineEdit *field, const QString &text)
-{
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, text);
-    QTest::keyClick(field, Qt::Key_Return);
-}
-
 // The editor's and Qt's translations for a language, removed at the end.
 struct Language {
     explicit Language(QLocale::Language language)
@@ -186,11 +178,7 @@ void tst_EditorFirstUse::gridPointCountShowsWhatTheSettingsGive()
     // The setting asks for 500; the motion points and the spacing give fewer.
     QVERIFY(model->motionPlan()->positions().size() != settings->resolutionBox()->value());
 
-    QSpinBox *resolution = settings->resolutionBox();
-    resolution->setFocus();
-    resolution->selectAll();
-    QTest::keyClicks(resolution, QStringLiteral("100"));
-    QTest::keyClick(resolution, Qt::Key_Return);
+    type(settings->resolutionBox(), QStringLiteral("100"));
     QCOMPARE(editor.camDescription()->steps()->dynamicStepResolution(), 100);
     QCOMPARE(shown(), expected());
     window->undoStack()->undo();
