@@ -127,8 +127,10 @@ void tst_EditingPanels::commands_data()
                                 << "\"MotionLaw\":\"Spline\"";
     QTest::newRow("cyclic off") << cyclic << Action([](Panels &p) { click(p.settings->cyclicBox()); })
                                 << "Deaktiviere zyklische Umlauflänge" << "\"Cyclic\":false";
-    QTest::newRow("circular length") << cyclic << Action([](Panels &p) { type(p.settings->circularLengthEdit(), "400 °"); })
-                                     << "Ändere Umlauflänge 360 -> 400" << "\"CircularLength\":400";
+    // Decimal commas and points alike: the test runs under the C locale, where
+    // a comma was no decimal mark before.
+    QTest::newRow("circular length") << cyclic << Action([](Panels &p) { type(p.settings->circularLengthEdit(), "400,5 °"); })
+                                     << "Ändere Umlauflänge 360 -> 400.5" << "\"CircularLength\":400.5";
     QTest::newRow("static steps") << cyclic << Action([](Panels &p) { click(p.settings->staticButton()); })
                                   << "Aktiviere statische Schrittweite" << "\"isDynamicStepSize\":false";
     QTest::newRow("resolution") << cyclic << Action([](Panels &p) { type(p.settings->resolutionBox(), "800"); })
@@ -174,8 +176,8 @@ void tst_EditingPanels::commands_data()
     }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [100.000;40.000;Konstante Geschwindigkeit]" << "[100,40,\"speed\"]";
     QTest::newRow("point master keeps the section") << QByteArray(LawCam) << Action([](Panels &p) {
         p.tree->selectRow(0);
-        type(p.point->masterEdit(), "5");
-    }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [5.000;0.000;Rast]" << "[5,0,\"rest\",{\"law\":\"Cycloid\"}]";
+        type(p.point->masterEdit(), "4,5");
+    }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [4.500;0.000;Rast]" << "[4.5,0,\"rest\",{\"law\":\"Cycloid\"}]";
     QTest::newRow("point type") << cyclic << Action([](Panels &p) {
         p.tree->selectRow(1);
         choose(p.point->typeBox(), 3);
@@ -184,7 +186,7 @@ void tst_EditingPanels::commands_data()
                                  << "Ändere Master-Skala von Master-Einheit zu Zykluszeit" << "axis=1";
     QTest::newRow("velocity") << cyclic << Action([](Panels &p) { choose(p.scaling->velocityBox(), 2); })
                               << "Ändere Geschwindigkeitsskala von Upm-Abtrieb zu Upm-Motor" << "velocity=2";
-    QTest::newRow("cycle time") << cyclic << Action([](Panels &p) { type(p.scaling->cycleTimeEdit(), "0.25 s"); }) << "Ändere Zykluszeit von 1 zu 0.25" << "cycle=0.25";
+    QTest::newRow("cycle time") << cyclic << Action([](Panels &p) { type(p.scaling->cycleTimeEdit(), "0,25 s"); }) << "Ändere Zykluszeit von 1 zu 0.25" << "cycle=0.25";
 }
 
 void tst_EditingPanels::commands()
@@ -228,6 +230,10 @@ void tst_EditingPanels::refusals_data()
         << cyclic << int(Master) << "180"
         << "Es gibt schon einen Bewegungspunkt auf der Master-Position 180 schon vorhanden. Überschreiben nicht möglich.";
     QTest::newRow("no number") << cyclic << int(Slave) << "abc" << "\"abc\" ist keine gültige Slave-Position. " + PositionLineEdit::numberHint();
+    // With grouping, a number could be read two ways: refused, with the hint.
+    for (const char *input : { "1.000,5", "1,000.5" })
+        QTest::newRow(input) << cyclic << int(Master) << input
+                             << QStringLiteral("\"%1\" ist keine gültige Master-Position. ").arg(input) + PositionLineEdit::numberHint();
     // round(360 / 15996 * 1000) / 1000 = 0.023
     QTest::newRow("step below minimum") << QByteArray(StaticCam) << int(StepSize) << "0.022"
                                         << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";

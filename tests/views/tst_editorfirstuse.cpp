@@ -57,9 +57,6 @@ private slots:
     void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void decimalText_data();
     void decimalText();
-    void fieldsTakeCommaAndPoint_data();
-    void fieldsTakeCommaAndPoint();
-    void ambiguousNumbersAreRefusedWithAHint();
     void shownNumbersHaveNoGroupSeparators();
     void gridPointCountShowsWhatTheSettingsGive();
     void windowFitsTheScreen_data();
@@ -94,60 +91,6 @@ void tst_EditorFirstUse::decimalText()
     double parsed = 0.0;
     QCOMPARE(DecimalText::parse(text, &parsed), ok);
     QCOMPARE(parsed, value);
-}
-
-void tst_EditorFirstUse::fieldsTakeCommaAndPoint_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("comma") << "45,5";
-    QTest::newRow("point") << "45.5";
-}
-
-// Whatever the locale: the test runs under the C locale, where a comma was
-// no decimal mark before.
-void tst_EditorFirstUse::fieldsTakeCommaAndPoint()
-{
-    QFETCH(QString, text);
-    MessageCapture messages;
-    EditorFixture editor(Cam);
-    CamDesignerViewImplementation *window = editor.open();
-    MotionPlanTreeEditor *tree = window->motionPlanEditor();
-    tree->selectRow(1);
-    type(tree->pointEditView()->masterEdit(), text);
-    QCOMPARE(messages.count(), 0);
-    QCOMPARE(editor.model()->motionPointAt(1)->master(), 45.5);
-
-    type(tree->pointEditView()->slaveEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("12")));
-    QCOMPARE(editor.model()->motionPointAt(1)->slave(), 12.5);
-
-    type(tree->settingsView()->circularLengthEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("400")));
-    QCOMPARE(editor.camDescription()->circularLength(), 400.5);
-
-    // The cycle time counts (and its field is enabled) under time scaling.
-    Scaling *scaling = editor.model()->scaling();
-    scaling->setMasterAxisScaling(Scaling::CycleTime);
-    type(window->scalingView()->cycleTimeEdit(), QString(text).replace(QStringLiteral("45"), QStringLiteral("0")));
-    QCOMPARE(scaling->cycleTime(), 0.5);
-    QCOMPARE(messages.count(), 0);
-}
-
-void tst_EditorFirstUse::ambiguousNumbersAreRefusedWithAHint()
-{
-    MessageCapture messages;
-    EditorFixture editor(Cam);
-    CamDesignerViewImplementation *window = editor.open();
-    MotionPlanTreeEditor *tree = window->motionPlanEditor();
-    tree->selectRow(1);
-    const QString before = editor.state();
-    for (const QString &text : { QStringLiteral("1.000,5"), QStringLiteral("1,000.5") }) {
-        type(tree->pointEditView()->masterEdit(), text);
-        QCOMPARE(messages.last().title, QStringLiteral("Ungültige Eingabe"));
-        QVERIFY2(messages.last().text.contains(PositionLineEdit::numberHint()), qPrintable(messages.last().text));
-        QCOMPARE(tree->pointEditView()->masterEdit()->text(), QStringLiteral("90.000"));
-    }
-    QCOMPARE(messages.count(), 2);
-    QCOMPARE(editor.state(), before);
-    QCOMPARE(window->undoStack()->count(), 0);
 }
 
 void tst_EditorFirstUse::shownNumbersHaveNoGroupSeparators()
