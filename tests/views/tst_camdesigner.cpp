@@ -1,12 +1,19 @@
 #include "editorfixture.h"
 
 #include "camdesigner/camdesignerbutton.h"
+#include "plots/curveplotstack.h"
 #include "plots/previewview.h"
 #include "resources/camdesignerresources.h"
 #include "views/camsettingsview.h"
 #include "views/motionplantreeeditor.h"
+#include "views/pointeditview.h"
+#include "views/scalingview.h"
 
 #include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeView>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,6 +22,8 @@
 #include <QSignalSpy>
 #include <QTranslator>
 
+#include <qtadvanceddocking/DockWidget.h>
+#include <qtadvanceddocking/DockWidgetTab.h>
 #include <qwt_plot_curve.h>
 
 class tst_CamDesigner : public QObject
@@ -29,7 +38,7 @@ private slots:
     void foreignDescriptionLeavesTheEditorWithout();
     void installTranslatorAnswersPerLanguage_data();
     void installTranslatorAnswersPerLanguage();
-    void windowOpenedAfterInstallingEnglishSpeaksEnglish();
+    void windowsSpeakTheInstalledLanguage();
 };
 
 namespace {
@@ -188,11 +197,11 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage()
 }
 
 // The expected texts come from the compiled translation itself; a few are
-// spelt out, so that a translation that is no English fails too.
-void tst_CamDesigner::windowOpenedAfterInstallingEnglishSpeaksEnglish()
+// spelt out, so that a translation that is no English fails too. An open
+// window follows the change; one opened after it speaks English from the start.
+void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
 {
     GermanAtTheEnd german;
-    QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
     initializeCamDesignerResources();
     QTranslator reference;
     QVERIFY(reference.load(QStringLiteral(":/translations/mxcamdesigner_en.qm")));
@@ -200,35 +209,60 @@ void tst_CamDesigner::windowOpenedAfterInstallingEnglishSpeaksEnglish()
         const QString text = reference.translate(context, source);
         return text.isEmpty() ? QStringLiteral("<no translation of %1>").arg(QLatin1String(source)) : text;
     };
+    EditorFixture editor;
+    CamDesignerViewImplementation *window = editor.open();
+    window->setWindowTitle(QStringLiteral("Host title"));
+    MotionPlanTreeEditor *tree = window->motionPlanEditor();
+    ads::CDockWidget *scaling = window->dock(CamDesignerViewImplementation::ScalingDock);
+    const auto tab = [scaling] { return scaling->tabWidget()->findChild<QLabel *>()->text(); };
+    QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+    QCOMPARE(scaling->windowTitle(), QStringLiteral("Scaling"));
+    QCOMPARE(tab(), QStringLiteral("Scaling"));
+    QCOMPARE(window->writeButton()->text(), QStringLiteral("Writes the calculated grid points into the parameters"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("Host title"));
+    QCOMPARE(tree->pointTree()->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master position [°]"));
+    QCOMPARE(tree->findChildren<QGroupBox *>().first()->title(), QStringLiteral("Cam"));
+    QCOMPARE(tree->addButton()->text(), QStringLiteral("Add"));
+    QCOMPARE(tree->pointEditView()->typeBox()->itemText(0), QStringLiteral("Dwell"));
+    QCOMPARE(window->scalingView()->masterAxisBox()->itemText(1), QStringLiteral("Cycle time"));
+    QVERIFY(tree->settingsView()->gridPointCountLabel()->text().startsWith(QStringLiteral("gives ")));
+    const CurvePlot *plot = window->plots()->plot(CurvePlot::Acceleration);
+    QCOMPARE(plot->axisTitle(QwtPlot::xBottom).text(), QStringLiteral("Master [°]"));
+    QVERIFY(plot->axisTitle(QwtPlot::yLeft).text().startsWith(QStringLiteral("a ")));
+    QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Show whole curve"));
+    QCOMPARE(plot->calculatedCurve()->title().text(), QStringLiteral("calculated"));
 
-    {
-        EditorFixture editor;
-        CamDesignerViewImplementation *window = editor.open();
-        QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Cam"), QStringLiteral("&View"), QStringLiteral("&Edit")}));
-        const QStringList camMenu = menuTexts(window, QStringLiteral("&Cam"));
+    EditorFixture later;
+    for (QMainWindow *each : { static_cast<QMainWindow *>(window), static_cast<QMainWindow *>(later.open()) }) {
+        QCOMPARE(menuTitles(each), QStringList({QStringLiteral("&Cam"), QStringLiteral("&View"), QStringLiteral("&Edit")}));
+        const QStringList camMenu = menuTexts(each, QStringLiteral("&Cam"));
         QVERIFY2(camMenu.contains(english("CamDesignerView", "&Kurvendefinitionsdaten exportieren")), qPrintable(camMenu.join(", ")));
         QVERIFY(camMenu.contains(QStringLiteral("&Close")));
-        const QStringList viewMenu = menuTexts(window, QStringLiteral("&View"));
+        const QStringList viewMenu = menuTexts(each, QStringLiteral("&View"));
         for (const char *dock : {"Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Kurvenscheibe"})
             QVERIFY2(viewMenu.contains(english("CamDesignerViewImplementation", dock)), dock);
         QVERIFY(viewMenu.contains(QStringLiteral("Grid point parameters")));
-
-        // A named placeholder filled after translation, with the motion
-        // laws' own English names.
-        QComboBox *law = window->motionPlanEditor()->settingsView()->motionLawBox();
-        QCOMPARE(law->itemText(1), english("MotionLaw", "Kubischer Spline"));
-        law->setFocus();
-        QTest::keyClick(law, Qt::Key_Down);
-        QCOMPARE(window->undoStack()->count(), 1);
-        QCOMPARE(window->undoStack()->text(0),
-                 QStringLiteral("Change motion law from Fifth-degree polynomial -> Cubic spline"));
+        QVERIFY(actionNamed(each, QStringLiteral("&Undo")));
     }
 
+    // A named placeholder filled after translation, with the motion laws'
+    // own English names.
+    QComboBox *law = tree->settingsView()->motionLawBox();
+    QCOMPARE(law->currentText(), QStringLiteral("Fifth-degree polynomial"));
+    QCOMPARE(law->itemText(1), english("MotionLaw", "Kubischer Spline"));
+    law->setFocus();
+    QTest::keyClick(law, Qt::Key_Down);
+    QCOMPARE(window->undoStack()->count(), 1);
+    QCOMPARE(window->undoStack()->text(0), QStringLiteral("Change motion law from Fifth-degree polynomial -> Cubic spline"));
+
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::German)));
-    EditorFixture editor;
-    CamDesignerViewImplementation *window = editor.open();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+    QCOMPARE(scaling->windowTitle(), QStringLiteral("Skalierung"));
+    QCOMPARE(tab(), QStringLiteral("Skalierung"));
+    QCOMPARE(tree->addButton()->text(), QStringLiteral("Hinzufügen"));
     QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Kurve"), QStringLiteral("&Ansicht"), QStringLiteral("&Bearbeiten")}));
-    QVERIFY(menuTexts(window, QStringLiteral("&Ansicht")).contains(QStringLiteral("Skalierung")));
+    QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Ganze Kurve anzeigen"));
 }
 
 QTEST_MAIN(tst_CamDesigner)

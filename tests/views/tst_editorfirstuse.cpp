@@ -1,7 +1,6 @@
 #include "editorfixture.h"
 
 #include "model/decimaltext.h"
-#include "model/scaling.h"
 #include "model/steps.h"
 #include "plots/curveplot.h"
 #include "plots/curveplotstack.h"
@@ -9,44 +8,19 @@
 #include "views/motionplantreeeditor.h"
 #include "views/pointeditview.h"
 #include "views/positionlineedit.h"
-#include "views/scalingview.h"
 #include "views/windowplacement.h"
 
-#include <qtadvanceddocking/DockWidget.h>
-#include <qtadvanceddocking/DockWidgetTab.h>
-#include <qwt_plot_curve.h>
 #include <qwt_scale_draw.h>
 
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
-#include <QTreeView>
 
 namespace {
 
 const char Cam[] = R"({"Cyclic": true, "CircularLength": 360,
     "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 100, "turningPoint"], [270, 40, "acceleration"]]})";
-
-// The editor's and Qt's translations for a language, removed at the end.
-struct Language {
-    explicit Language(QLocale::Language language)
-    {
-        QVERIFY(CamDesigner::installTranslator(QLocale(language)) || language == QLocale::German);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    }
-    ~Language()
-    {
-        CamDesigner::installTranslator(QLocale(QLocale::German));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    }
-};
 
 } // namespace
 
@@ -61,7 +35,6 @@ private slots:
     void gridPointCountShowsWhatTheSettingsGive();
     void windowFitsTheScreen_data();
     void windowFitsTheScreen();
-    void openEditorFollowsALanguageChange();
 };
 
 void tst_EditorFirstUse::decimalText_data()
@@ -163,46 +136,6 @@ void tst_EditorFirstUse::windowFitsTheScreen()
 
     QCOMPARE(WindowPlacement::fitted(QRect(0, 215, 1280, 800), QRect(0, 0, 1920, 1000)), QRect(0, 200, 1280, 800));
     QCOMPARE(WindowPlacement::fitted(QRect(100, 100, 400, 300), QRect(0, 0, 1920, 1000)), QRect(100, 100, 400, 300));
-}
-
-void tst_EditorFirstUse::openEditorFollowsALanguageChange()
-{
-    EditorFixture editor(Cam);
-    CamDesignerViewImplementation *window = editor.open();
-    window->setWindowTitle(QStringLiteral("Host title"));
-    MotionPlanTreeEditor *tree = window->motionPlanEditor();
-    QTreeView *points = tree->pointTree();
-    const auto tab = [window](CamDesignerViewImplementation::Dock dock) {
-        return window->dock(dock)->tabWidget()->findChild<QLabel *>()->text();
-    };
-    QCOMPARE(window->dock(CamDesignerViewImplementation::ScalingDock)->windowTitle(), QStringLiteral("Skalierung"));
-    {
-        Language english(QLocale::English);
-        QCOMPARE(window->dock(CamDesignerViewImplementation::ScalingDock)->windowTitle(), QStringLiteral("Scaling"));
-        QCOMPARE(window->dock(CamDesignerViewImplementation::ScalingDock)->toggleViewAction()->text(), QStringLiteral("Scaling"));
-        QCOMPARE(tab(CamDesignerViewImplementation::ScalingDock), QStringLiteral("Scaling"));
-        QVERIFY(actionNamed(window, QStringLiteral("&Undo")));
-        QCOMPARE(window->menuBar()->actions().first()->text(), QStringLiteral("&Cam"));
-        QCOMPARE(window->writeButton()->text(), QStringLiteral("Writes the calculated grid points into the parameters"));
-        QCOMPARE(window->windowTitle(), QStringLiteral("Host title"));
-        QCOMPARE(points->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master position [°]"));
-        QCOMPARE(tree->findChildren<QGroupBox *>().first()->title(), QStringLiteral("Cam"));
-        QCOMPARE(tree->addButton()->text(), QStringLiteral("Add"));
-        QCOMPARE(tree->settingsView()->motionLawBox()->currentText(), QStringLiteral("Fifth-degree polynomial"));
-        QCOMPARE(tree->pointEditView()->typeBox()->itemText(0), QStringLiteral("Dwell"));
-        QCOMPARE(window->scalingView()->masterAxisBox()->itemText(1), QStringLiteral("Cycle time"));
-        QVERIFY(tree->settingsView()->gridPointCountLabel()->text().startsWith(QStringLiteral("gives ")));
-        const CurvePlot *plot = window->plots()->plot(CurvePlot::Acceleration);
-        QCOMPARE(plot->axisTitle(QwtPlot::xBottom).text(), QStringLiteral("Master [°]"));
-        QVERIFY(plot->axisTitle(QwtPlot::yLeft).text().startsWith(QStringLiteral("a ")));
-        QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Show whole curve"));
-        QCOMPARE(plot->calculatedCurve()->title().text(), QStringLiteral("calculated"));
-    }
-    QCOMPARE(window->dock(CamDesignerViewImplementation::ScalingDock)->windowTitle(), QStringLiteral("Skalierung"));
-    QCOMPARE(tab(CamDesignerViewImplementation::ScalingDock), QStringLiteral("Skalierung"));
-    QCOMPARE(tree->addButton()->text(), QStringLiteral("Hinzufügen"));
-    QCOMPARE(points->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master-Position [°]"));
-    QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Ganze Kurve anzeigen"));
 }
 
 QTEST_MAIN(tst_EditorFirstUse)
