@@ -1,6 +1,5 @@
 #include "editorfixture.h"
 
-#include "commands/changemotionlawcommand.h"
 #include "commands/loadnewmotionplancommand.h"
 #include "model/scaling.h"
 #include "views/camsettingsview.h"
@@ -391,22 +390,15 @@ void tst_EditingPanels::changedRefreshesEveryPanelWithoutPushing()
     QCOMPARE(panels.comparison->model()->calculatedCount(), calculated);
 }
 
-// Undo, a load and a law switch made elsewhere show in every panel; the
-// selected point is found again after the load.
+// A load made elsewhere and its undo show in every panel; the selected point
+// is found again after the load. (A law switch and its undo: the random user
+// test checks every panel after each step.)
 void tst_EditingPanels::changesElsewhereShowInEveryPanel()
 {
     Panels panels;
     panels.tree->selectRow(1);
     QSignalSpy pushes(panels.stack, &QUndoStack::indexChanged);
     CamDescriptionImplementation *description = panels.editor.camDescription();
-    panels.stack->push(new ChangeMotionLawCommand(description->motionLaw(), MotionLaw::Spline));
-    QCOMPARE(panels.settings->motionLawBox()->currentText(), QStringLiteral("Kubischer Spline"));
-    QVERIFY(panels.tree->pointTree()->isColumnHidden(2));
-    QVERIFY(!panels.point->typeBox()->isVisibleTo(panels.point));
-    panels.stack->undo();
-    QVERIFY(!panels.tree->pointTree()->isColumnHidden(2));
-    QVERIFY(panels.point->typeBox()->isVisibleTo(panels.point));
-
     panels.stack->push(new LoadNewMotionPlanCommand(
         description,
         parseJson(R"({"Steps": {"isDynamicStepSize": false, "staticStepSize": 2},
@@ -422,7 +414,7 @@ void tst_EditingPanels::changesElsewhereShowInEveryPanel()
     panels.stack->undo();
     QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("40.000"));
     QVERIFY(panels.settings->cyclicBox()->isChecked());
-    QCOMPARE(pushes.count(), 4);  // the two pushes and the two undos only
+    QCOMPARE(pushes.count(), 2);  // the push and the undo only
 }
 
 void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
