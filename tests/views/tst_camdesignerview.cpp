@@ -5,6 +5,10 @@
 #include "camdesigner/filedialog.h"
 #include "commands/undoview.h"
 #include "views/curvereportview.h"
+#include "views/motionplantreeeditor.h"
+#include "views/pointeditview.h"
+#include "views/positionlineedit.h"
+#include "views/windowplacement.h"
 
 #include <QLabel>
 #include <QMenuBar>
@@ -12,6 +16,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 
 #include <qtadvanceddocking/DockAreaWidget.h>
@@ -38,6 +43,8 @@ private slots:
     void exportAndImportCamFiles();
     void undoOverviewPopsUp();
     void decimalPlacesChangeClosesTheEditor();
+    void windowFitsTheScreen_data();
+    void windowFitsTheScreen();
 };
 
 void tst_CamDesignerView::cleanup()
@@ -395,6 +402,38 @@ void tst_CamDesignerView::decimalPlacesChangeClosesTheEditor()
     QCOMPARE(messages.last().title, QStringLiteral("Nachkommastellen wurden geändert"));
     QCOMPARE(closed.count(), 1);
     QTRY_VERIFY(!editor.implementation()->view());
+}
+
+void tst_CamDesignerView::windowFitsTheScreen_data()
+{
+    QTest::addColumn<QRect>("saved");
+    QTest::newRow("default size") << QRect();
+    QTest::newRow("below the screen") << QRect(0, 215, 1280, 800);
+    QTest::newRow("on a screen since removed") << QRect(3000, 2000, 640, 480);
+}
+
+// The offscreen screen is 800 × 600, smaller than the default window.
+void tst_CamDesignerView::windowFitsTheScreen()
+{
+    QFETCH(QRect, saved);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    QVERIFY(available.width() < 1280 && available.height() < 800);
+    EditorFixture editor;
+    if (saved.isValid()) {
+        // A geometry as an earlier run on another screen saved it.
+        QWidget other;
+        other.setGeometry(saved);
+        QSettings().setValue(QStringLiteral("CamDesigner/geometry"), other.saveGeometry());
+    }
+    CamDesignerViewImplementation *window = editor.open();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QCOMPARE(available.united(window->frameGeometry()), available);
+    // Small, the fields keep their size and the panel scrolls.
+    PointEditView *point = window->motionPlanEditor()->pointEditView();
+    QVERIFY(point->masterEdit()->height() >= point->masterEdit()->minimumSizeHint().height());
+
+    QCOMPARE(WindowPlacement::fitted(QRect(0, 215, 1280, 800), QRect(0, 0, 1920, 1000)), QRect(0, 200, 1280, 800));
+    QCOMPARE(WindowPlacement::fitted(QRect(100, 100, 400, 300), QRect(0, 0, 1920, 1000)), QRect(100, 100, 400, 300));
 }
 
 QTEST_MAIN(tst_CamDesignerView)

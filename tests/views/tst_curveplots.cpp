@@ -2,6 +2,7 @@
 
 #include "commands/changemotionlawcommand.h"
 #include "commands/setmasteraxisscalingcommand.h"
+#include "model/decimaltext.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
 #include "model/steps.h"
@@ -17,6 +18,7 @@
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_picker.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
 
 #include <algorithm>
@@ -48,6 +50,7 @@ private slots:
     void denseLineKeepsEachColumnsSpan_data();
     void denseLineKeepsEachColumnsSpan();
     void storedCurveKeepsItsPicture();
+    void shownNumbersHaveNoGroupSeparators();
 };
 
 void tst_CurvePlots::cleanup()
@@ -387,4 +390,21 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
     }
     // Blending the copy onto the canvas rounds once more than drawing directly.
     QVERIFY2(largest <= 3, qPrintable(QString::number(largest)));
+}
+
+// Numbers as the panels and the plot scales show them, in either language.
+void tst_CurvePlots::shownNumbersHaveNoGroupSeparators()
+{
+    const QLocale previous;
+    for (QLocale::Language language : { QLocale::German, QLocale::English }) {
+        QLocale::setDefault(QLocale(language));
+        QVERIFY(!DecimalText::toString(1500.0).contains(QLocale().groupSeparator()));
+        QCOMPARE(DecimalText::toString(1500.25), QStringLiteral("1500") + QLocale().decimalPoint() + QStringLiteral("25"));
+        EditorFixture editor;
+        CamDesignerViewImplementation *window = editor.open();
+        const CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
+        QCOMPARE(plot->axisScaleDraw(QwtPlot::xBottom)->label(1000.0).text(), QStringLiteral("1000"));
+        QCOMPARE(plot->axisScaleDraw(QwtPlot::yLeft)->label(-1500.0).text(), QStringLiteral("-1500"));
+    }
+    QLocale::setDefault(previous);
 }

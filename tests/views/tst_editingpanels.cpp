@@ -104,6 +104,7 @@ private slots:
     void changesElsewhereShowInEveryPanel();
     void comparisonMarksWhatAWriteWouldChange();
     void cyclicCamKeepsEveryPointInsideTheCycle();
+    void gridPointCountShowsWhatTheSettingsGive();
 };
 
 // Each user action pushes exactly one command; redo and undo move the model
@@ -417,6 +418,22 @@ void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
     QVERIFY(model->index(3, 0).data(Qt::BackgroundRole).isValid());
     QVERIFY(!model->index(3, 0).data(Qt::ToolTipRole).toString().isEmpty());
     QCOMPARE(panels.comparison->summaryLabel()->text(), panels.parameters()->storedTableSummary());
+}
+
+// The label under the resolution says how many grid points the settings
+// give: for 500 asked, the motion points and the spacing give fewer.
+void tst_EditingPanels::gridPointCountShowsWhatTheSettingsGive()
+{
+    Panels panels;
+    const CamEditorModel *model = panels.model();
+    const auto shown = [&panels] { return panels.settings->gridPointCountLabel()->text(); };
+    const auto expected = [model] { return QStringLiteral("ergibt %1 Stützstellen").arg(model->motionPlan()->positions().size()); };
+    QCOMPARE(shown(), expected());
+    QVERIFY(model->motionPlan()->positions().size() != panels.settings->resolutionBox()->value());
+    type(panels.settings->resolutionBox(), QStringLiteral("100"));
+    QCOMPARE(shown(), expected());
+    panels.stack->undo();
+    QCOMPARE(shown(), expected());
 }
 
 QTEST_MAIN(tst_EditingPanels)

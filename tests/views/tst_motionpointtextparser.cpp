@@ -1,3 +1,4 @@
+#include "model/decimaltext.h"
 #include "model/motionpoint.h"
 #include "views/motionpointtextparser.h"
 
@@ -9,6 +10,8 @@ class tst_MotionPointTextParser : public QObject
 private slots:
     void parse_data();
     void parse();
+    void decimalText_data();
+    void decimalText();
 };
 
 void tst_MotionPointTextParser::parse_data()
@@ -58,6 +61,35 @@ void tst_MotionPointTextParser::parse()
         QCOMPARE(parser.rows().constLast().slave, slave);
         QCOMPARE(parser.rows().constLast().type, type);
     }
+}
+
+void tst_MotionPointTextParser::decimalText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<double>("value");
+    QTest::newRow("comma") << "45,5" << true << 45.5;
+    QTest::newRow("point") << "45.5" << true << 45.5;
+    QTest::newRow("blanks") << " -3,25 " << true << -3.25;
+    QTest::newRow("three decimals") << "1,000" << true << 1.0;
+    QTest::newRow("whole") << "1000" << true << 1000.0;
+    QTest::newRow("german grouping") << "1.000,5" << false << 0.0;
+    QTest::newRow("english grouping") << "1,000.5" << false << 0.0;
+    QTest::newRow("two commas") << "1,000,5" << false << 0.0;
+    QTest::newRow("blank grouping") << "1 000" << false << 0.0;
+    QTest::newRow("nan") << "nan" << false << 0.0;
+    QTest::newRow("infinity") << "inf" << false << 0.0;
+    QTest::newRow("empty") << "" << false << 0.0;
+}
+
+void tst_MotionPointTextParser::decimalText()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, ok);
+    QFETCH(double, value);
+    double parsed = 0.0;
+    QCOMPARE(DecimalText::parse(text, &parsed), ok);
+    QCOMPARE(parsed, value);
 }
 
 QTEST_APPLESS_MAIN(tst_MotionPointTextParser)
