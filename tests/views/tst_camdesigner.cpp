@@ -30,7 +30,7 @@ class tst_CamDesigner : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void buttonOpensOneWindowAtATime();
     void destroyedDesignerTakesItsWindowSilently();
     void previewFollowsCamAndTable();
@@ -69,10 +69,6 @@ QStringList menuTexts(QMainWindow *window, const QString &title)
 }
 } // namespace
 
-void tst_CamDesigner::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 void tst_CamDesigner::buttonOpensOneWindowAtATime()
 {

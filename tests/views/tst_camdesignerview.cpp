@@ -2,7 +2,6 @@
 #include "fileanswer.h"
 #include "testfiles.h"
 
-#include "camdesigner/filedialog.h"
 #include "commands/undoview.h"
 #include "views/curvereportview.h"
 #include "views/motionplantreeeditor.h"
@@ -29,7 +28,7 @@ class tst_CamDesignerView : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void actions_data();
     void actions();
     void constructionArrangement();
@@ -47,10 +46,6 @@ private slots:
     void windowFitsTheScreen();
 };
 
-void tst_CamDesignerView::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 void tst_CamDesignerView::actions_data()
 {

@@ -15,7 +15,6 @@
 #include <QMap>
 #include <QMouseEvent>
 
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_picker.h>
 #include <qwt_scale_draw.h>
@@ -41,7 +40,7 @@ class tst_CurvePlots : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void plotsHoldTheModelsLists();
     void dragPushesOneEdit_data();
     void dragPushesOneEdit();
@@ -53,10 +52,6 @@ private slots:
     void shownNumbersHaveNoGroupSeparators();
 };
 
-void tst_CurvePlots::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 // Calculated and stored lists of every quantity, after a write, an undo, a
 // load and a law switch; the plot actions show and hide the plots.

@@ -5,8 +5,6 @@
 #include "plots/cursoroverlay.h"
 #include "plots/measuringtool.h"
 #include "plots/motionpointdragger.h"
-#include "plots/pointinsertion.h"
-#include "plots/sectionwarnings.h"
 #include "views/curvereportview.h"
 #include "views/motionplantreeeditor.h"
 #include "views/motionpointediting.h"
@@ -18,7 +16,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
-#include <QStandardItemModel>
 #include <QTableView>
 #include <QTimer>
 #include <QTreeView>
@@ -123,7 +120,7 @@ class tst_LinkedViews : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void tableSelectionRingsTheMarkers();
     void insertKeepsCurve_data();
     void insertKeepsCurve();
@@ -135,10 +132,6 @@ private slots:
     void warningsMarked();
 };
 
-void tst_LinkedViews::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 // A row selected in the table rings its marker in every plot (the other way,
 // a marker pressed in the plot, in tst_curveplots' drag).

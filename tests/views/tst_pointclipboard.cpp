@@ -2,7 +2,6 @@
 
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
-#include "plots/curveplot.h"
 #include "plots/curveplotstack.h"
 #include "parameterelementlist.h"
 #include "views/comparisonview.h"
@@ -58,7 +57,7 @@ class tst_PointClipboard : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void copyMotionPoints();
     void copyGridPointTables();
     void paste_data();
@@ -67,10 +66,6 @@ private slots:
     void editingKeysBelongToTheFocusedField();
 };
 
-void tst_PointClipboard::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 // Ctrl+C on the tree: the selected points, else all, with a decimal point
 // and the data names, the section's too; pasted into an empty cam they are
