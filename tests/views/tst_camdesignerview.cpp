@@ -118,9 +118,6 @@ void tst_CamDesignerView::constructionArrangement()
     QVERIFY(actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
     QVERIFY(actionNamed(window, QStringLiteral("&Beschleunigung ein-/ausblenden"))->isChecked());
     QVERIFY(!actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
-    QVERIFY(window->testAttribute(Qt::WA_DeleteOnClose));
-    QVERIFY(window->dockManager()->styleSheet().endsWith(
-        QStringLiteral("ads--CDockWidgetTab[activeTab=\"false\"] QLabel{color: palette(foreground);}")));
 }
 
 void tst_CamDesignerView::layoutPersistsAndResets()

@@ -1,7 +1,6 @@
 #include "editorfixture.h"
 
 #include "commands/changemotionlawcommand.h"
-#include "commands/setmasteraxisscalingcommand.h"
 #include "model/decimaltext.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
@@ -116,17 +115,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     check();
     // Under the spline the segment types do not apply: one plain symbol.
     QCOMPARE(int(plots->markers(-1)->dataSize()), 3);
-
-    // Derivatives over time, as the scaling view sets them: through the
-    // scaling's one conversion.
-    Scaling *scaling = model->scaling();
-    window->undoStack()->push(new SetMasterAxisScalingCommand(scaling, Scaling::CycleTime));
-    const double factor = scaling->derivativeFactor(1, model->motionPlan()->masterRange());
-    QVERIFY(factor != 1.0);
-    const QPointF shown = plots->plot(CurvePlot::Velocity)->calculatedCurve()->sample(7);
-    QCOMPARE(shown.y(), model->motionPlan()->velocity(shown.x()) * factor);
-    QVERIFY(plots->plot(CurvePlot::Velocity)->axisTitle(QwtPlot::yLeft).text().contains(scaling->derivativeUnit(1)));
-    window->undoStack()->undo();
 
     // The tracker names each visible curve's value under the mouse.
     CurvePlot *velocity = plots->plot(CurvePlot::Velocity);

@@ -358,6 +358,11 @@ void tst_LinkedViews::timeAxis()
     QCOMPARE(e.plots->secondsPerMaster(), 1.0 / 180.0);
     QVERIFY2(velocity->axisTitle(QwtPlot::yLeft).text().endsWith(QStringLiteral("/s]")),
              qPrintable(velocity->axisTitle(QwtPlot::yLeft).text()));
+    // The derivatives over time through the scaling's one conversion.
+    const double factor = e.model->scaling()->derivativeFactor(1, e.model->motionPlan()->masterRange());
+    QVERIFY(factor != 1.0);
+    const QPointF sample = velocity->calculatedCurve()->sample(7);
+    QCOMPARE(sample.y(), e.model->motionPlan()->velocity(sample.x()) * factor);
     // Ticks on round seconds.
     for (double tick : lowest->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick)) {
         const double seconds = tick / 180.0;

@@ -108,6 +108,9 @@ void tst_PointClipboard::copyGridPointTables()
     QVERIFY(QTest::qWaitForWindowExposed(window));
     const QPolygonF points = editor.model()->motionPlan()->positions();
     editor.parameters()->writeGridPoints(points);
+    const auto gridRow = [&points](int i) {
+        return QStringLiteral("%1\t%2").arg(points.at(i).x(), 0, 'f', 3).arg(points.at(i).y(), 0, 'f', 3);
+    };
 
     auto *calculated = qobject_cast<CalculatedTableView *>(window->dock(CamDesignerViewImplementation::CalculatedDock)->widget());
     QVERIFY(calculated);
@@ -116,8 +119,7 @@ void tst_PointClipboard::copyGridPointTables()
     typeKey(calculated, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0),
              QStringLiteral("Master-Position\tSlave-Position"));
-    QCOMPARE(copiedRows(), QStringList({ QStringLiteral("%1\t%2").arg(points.at(1).x(), 0, 'f', 3).arg(points.at(1).y(), 0, 'f', 3),
-                                         QStringLiteral("%1\t%2").arg(points.at(2).x(), 0, 'f', 3).arg(points.at(2).y(), 0, 'f', 3) }));
+    QCOMPARE(copiedRows(), QStringList({ gridRow(1), gridRow(2) }));
 
     auto *storedView = qobject_cast<GridPointParameterView *>(window->dock(CamDesignerViewImplementation::ParameterDock)->widget());
     QVERIFY(storedView);
@@ -131,8 +133,7 @@ void tst_PointClipboard::copyGridPointTables()
     showDock(window, CamDesignerViewImplementation::ComparisonDock);
     selectRows(comparison, { 4 });
     typeKey(comparison, Qt::Key_C, Qt::ControlModifier);
-    const QString row = QStringLiteral("%1\t%2").arg(points.at(4).x(), 0, 'f', 3).arg(points.at(4).y(), 0, 'f', 3);
-    QCOMPARE(copiedRows(), QStringList(row + QLatin1Char('\t') + row + QStringLiteral("\t0.000\t0.000")));
+    QCOMPARE(copiedRows(), QStringList(gridRow(4) + QLatin1Char('\t') + gridRow(4) + QStringLiteral("\t0.000\t0.000")));
 }
 
 void tst_PointClipboard::paste_data()
