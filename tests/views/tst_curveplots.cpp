@@ -8,14 +8,10 @@
 #include "commands/editmotionpointcommand.h"
 #include "plots/curveplotstack.h"
 #include "plots/densecurve.h"
-#include "plots/motionpointdragger.h"
-#include "views/motionplantreeeditor.h"
 
 #include <QMap>
-#include <QMouseEvent>
 
 #include <qwt_plot_curve.h>
-#include <qwt_plot_picker.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
 
@@ -41,8 +37,6 @@ class tst_CurvePlots : public QObject
 private slots:
     void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void plotsHoldTheModelsLists();
-    void dragPushesOneEdit_data();
-    void dragPushesOneEdit();
     void exportWritesEachFormat_data();
     void exportWritesEachFormat();
     void denseLineKeepsEachColumnsSpan_data();
@@ -140,88 +134,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
     QVERIFY(plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
     QVERIFY(!plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
-}
-
-// A plain move within the neighbours and Escape are the random user test's
-// (tst_randomuseractions); here the limits of a drag.
-void tst_CurvePlots::dragPushesOneEdit_data()
-{
-    QTest::addColumn<double>("toMaster");
-    QTest::addColumn<double>("expectedMaster");
-    QTest::addColumn<qint64>("slaveLimit");
-    QTest::addColumn<QByteArray>("cam");
-    const QByteArray plain = R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
-    // Held one step of the drive's resolution before the next point.
-    QTest::newRow("past the next point") << 250.0 << 179.999 << qint64(0) << plain;
-    // The drive takes slave positions up to 50.000: refused, the point returns.
-    QTest::newRow("beyond the slave limit") << 120.0 << 90.0 << qint64(50000) << plain;
-    // The last point of a cyclic cam stays below the circular length.
-    QTest::newRow("past the circular length")
-        << 150.0 << 119.999 << qint64(0)
-        << QByteArray(R"({"Cyclic": true, "CircularLength": 120, "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"]]})");
-}
-
-void tst_CurvePlots::dragPushesOneEdit()
-{
-    QFETCH(double, toMaster);
-    QFETCH(double, expectedMaster);
-    QFETCH(qint64, slaveLimit);
-    QFETCH(QByteArray, cam);
-    EditorFixture editor(cam.constData());
-    MessageCapture messages;
-    CamDesignerViewImplementation *window = editor.open();
-    if (slaveLimit > 0)
-        QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
-                                             -slaveLimit, slaveLimit));
-    window->resize(1200, 900);
-    QVERIFY(QTest::qWaitForWindowExposed(window));
-    CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
-    plot->replot();
-    CamEditorModel *model = editor.model();
-    QWidget *canvas = plot->canvas();
-    const auto pixel = [plot](double master, double slave) {
-        return QPoint(int(std::lround(plot->transform(QwtPlot::xBottom, master))),
-                      int(std::lround(plot->transform(QwtPlot::yLeft, slave))));
-    };
-    const QPoint target = pixel(toMaster, 60.0);
-    // The section that starts at the point goes with it.
-    editor.camDescription()->pointAt(90)->setSectionLaw(MotionPoint::Cycloid);
-    editor.camDescription()->pointAt(90)->setVelocity(0.5);
-
-    QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(90, 40));
-    QVERIFY(window->plots()->dragger()->isDragging());
-    QVERIFY(model->isCoarseSteps());
-    // The pressed marker's row is selected; the tracker's label stays off while it moves.
-    QCOMPARE(window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(plot->tracker()->trackerMode(), QwtPicker::AlwaysOff);
-    // What the user points at, on the scales the press found.
-    const double pointedSlave = std::round(plot->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
-    // QTest moves the cursor instead, which sends nothing offscreen.
-    QMouseEvent move(QEvent::MouseMove, target, canvas->mapToGlobal(target), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(canvas, &move);
-    QVERIFY(editor.camDescription()->pointAt(90) == nullptr);
-    QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
-    QVERIFY(!model->isCoarseSteps());
-    QCOMPARE(plot->tracker()->trackerMode(), QwtPicker::AlwaysOn);
-    QCOMPARE(messages.count(), slaveLimit > 0 ? 1 : 0);
-    if (slaveLimit > 0) {
-        QCOMPARE(window->undoStack()->count(), 0);
-        QVERIFY(editor.camDescription()->pointAt(90));
-        return;
-    }
-    QCOMPARE(window->undoStack()->count(), 1);
-    const MotionPoint *moved = model->motionPointAt(1);
-    QCOMPARE(moved->master(), expectedMaster);
-    QCOMPARE(moved->slave(), pointedSlave);
-    QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
-    QCOMPARE(moved->velocity(), 0.5);
-    QCOMPARE(window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(window->plots()->highlight(CurvePlot::Position)->sample(0), moved->position());
-    window->undoStack()->undo();
-    QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
-    window->undoStack()->redo();
-    QCOMPARE(model->motionPointAt(1)->master(), expectedMaster);
 }
 
 void tst_CurvePlots::exportWritesEachFormat_data()

@@ -15,12 +15,14 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <QTreeView>
 
 #include <qwt_plot_curve.h>
+#include <qwt_plot_picker.h>
 #include <qwt_scale_div.h>
 #include <qwt_text.h>
 
@@ -122,6 +124,8 @@ class tst_LinkedViews : public QObject
 private slots:
     void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void tableSelectionRingsTheMarkers();
+    void dragPushesOneEdit_data();
+    void dragPushesOneEdit();
     void insertKeepsCurve_data();
     void insertKeepsCurve();
     void insertRefusals_data();
@@ -134,7 +138,7 @@ private slots:
 
 
 // A row selected in the table rings its marker in every plot (the other way,
-// a marker pressed in the plot, in tst_curveplots' drag).
+// a marker pressed in the plot, in the drag test).
 void tst_LinkedViews::tableSelectionRingsTheMarkers()
 {
     Editor e;
@@ -155,6 +159,76 @@ void tst_LinkedViews::tableSelectionRingsTheMarkers()
     QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0).y(), 0.0);
     QCOMPARE(e.plots->highlight(CurvePlot::Velocity)->sample(0).y(),
              plan->velocity(180.0) * e.plots->valueFactor(CurvePlot::Velocity));
+}
+
+// A plain move within the neighbours and Escape are the random user test's
+// (tst_randomuseractions); here the limits of a drag.
+void tst_LinkedViews::dragPushesOneEdit_data()
+{
+    QTest::addColumn<double>("toMaster");
+    QTest::addColumn<double>("expectedMaster");
+    QTest::addColumn<qint64>("slaveLimit");
+    QTest::addColumn<QByteArray>("cam");
+    // Held one step of the drive's resolution before the next point.
+    QTest::newRow("past the next point") << 250.0 << 179.999 << qint64(0) << QByteArray();
+    // The drive takes slave positions up to 50.000: refused, the point returns.
+    QTest::newRow("beyond the slave limit") << 120.0 << 90.0 << qint64(50000) << QByteArray();
+    // The last point of a cyclic cam stays below the circular length.
+    QTest::newRow("past the circular length")
+        << 150.0 << 119.999 << qint64(0)
+        << QByteArray(R"({"Cyclic": true, "CircularLength": 120, "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"]]})");
+}
+
+void tst_LinkedViews::dragPushesOneEdit()
+{
+    QFETCH(double, toMaster);
+    QFETCH(double, expectedMaster);
+    QFETCH(qint64, slaveLimit);
+    QFETCH(QByteArray, cam);
+    Editor e(cam);
+    if (slaveLimit > 0)
+        QVERIFY(e.editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
+                                               -slaveLimit, slaveLimit));
+    QWidget *canvas = e.position->canvas();
+    const QPoint target = pixel(e.position, toMaster, 60.0);
+    // The section that starts at the point goes with it.
+    e.editor.camDescription()->pointAt(90)->setSectionLaw(MotionPoint::Cycloid);
+    e.editor.camDescription()->pointAt(90)->setVelocity(0.5);
+
+    QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(e.position, 90, 40));
+    QVERIFY(e.plots->dragger()->isDragging());
+    QVERIFY(e.model->isCoarseSteps());
+    // The pressed marker's row is selected; the tracker's label stays off while it moves.
+    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
+    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOff);
+    // What the user points at, on the scales the press found.
+    const double pointedSlave = std::round(e.position->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
+    // QTest moves the cursor instead, which sends nothing offscreen.
+    QMouseEvent move(QEvent::MouseMove, target, canvas->mapToGlobal(target), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(canvas, &move);
+    QVERIFY(e.editor.camDescription()->pointAt(90) == nullptr);
+    QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
+    QVERIFY(!e.model->isCoarseSteps());
+    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOn);
+    QCOMPARE(e.messages.count(), slaveLimit > 0 ? 1 : 0);
+    if (slaveLimit > 0) {
+        QCOMPARE(e.window->undoStack()->count(), 0);
+        QVERIFY(e.editor.camDescription()->pointAt(90));
+        return;
+    }
+    QCOMPARE(e.window->undoStack()->count(), 1);
+    const MotionPoint *moved = e.model->motionPointAt(1);
+    QCOMPARE(moved->master(), expectedMaster);
+    QCOMPARE(moved->slave(), pointedSlave);
+    QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
+    QCOMPARE(moved->velocity(), 0.5);
+    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
+    QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0), moved->position());
+    e.window->undoStack()->undo();
+    QCOMPARE(e.model->motionPointAt(1)->position(), QPointF(90, 40));
+    e.window->undoStack()->redo();
+    QCOMPARE(e.model->motionPointAt(1)->master(), expectedMaster);
 }
 
 void tst_LinkedViews::insertKeepsCurve_data()
