@@ -452,10 +452,6 @@ void tst_LinkedViews::timeAxis()
     report->refreshNow();
     const QString end = report->sectionTable()->model()->index(0, 1).data().toString();
     QVERIFY2(end.contains(QLocale().toString(0.5, 'f', 4) + QStringLiteral(" s")), qPrintable(end));
-    // Back to the master unit.
-    QTest::keyClick(box, Qt::Key_Up);
-    e.plots->replotNow();
-    QVERIFY(lowest->axisTitle(QwtPlot::xBottom).text().startsWith(QStringLiteral("Master")));
 }
 
 // A section law that cannot apply marks its row and its range in the plots at once.
