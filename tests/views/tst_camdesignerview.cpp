@@ -329,9 +329,8 @@ void tst_CamDesignerView::exportAndImportCamFiles()
         // The directory of the last file is where the next dialog starts.
         QCOMPARE(answer.requests.first().directory, files.path());
     }
+    // Loaded with undo (its text: tst_camdatafile).
     QCOMPARE(editor.description->toJson(), exported);
-    QCOMPARE(window->undoStack()->count(), 1);
-    QCOMPARE(window->undoStack()->text(0), QStringLiteral("Lade Kurvendefinitionsdaten : nocke.json"));
     window->undoStack()->undo();
     QVERIFY(editor.camDescription()->isCyclic());
 
@@ -343,20 +342,16 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     QCOMPARE(messages.last().title, QStringLiteral("Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt."));
     QVERIFY(!messages.last().text.isEmpty());
 
-    // A damaged file is refused with a message; the cam and the undo stack stay.
+    // A damaged file is refused with a box; what it says and that the cam and
+    // the undo stack stay: tst_camdatafile.
     const QString damaged = files.filePath(QStringLiteral("kaputt.json"));
     QVERIFY(writeFile(damaged, R"({"MotionPoints": [[0, 0], [90, 5)"));
-    const QJsonObject before = editor.description->toJson();
-    const int undoCount = window->undoStack()->count();
     FileAnswer damagedAnswer(damaged);
     actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten aus Datei importieren"))->trigger();
     QCOMPARE(messages.count(), 2);
     QCOMPARE(messages.last().icon, QMessageBox::Warning);
     QCOMPARE(messages.last().title, QStringLiteral("Kurvendefinitionsdaten nicht geladen"));
-    QVERIFY2(messages.last().text.startsWith(QStringLiteral("Die Datei „kaputt.json“ enthält keine gültigen")),
-             qPrintable(messages.last().text));
-    QCOMPARE(editor.description->toJson(), before);
-    QCOMPARE(window->undoStack()->count(), undoCount);
+    QVERIFY(messages.last().text.startsWith(QStringLiteral("Die Datei „kaputt.json“ enthält keine gültigen")));
 }
 
 // Undo and redo by their actions: tst_randomuseractions, after every step.
