@@ -67,7 +67,6 @@ QStringList menuTexts(QMainWindow *window, const QString &title)
 }
 } // namespace
 
-
 void tst_CamDesigner::buttonOpensOneWindowAtATime()
 {
     EditorFixture editor;

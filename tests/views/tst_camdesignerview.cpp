@@ -46,7 +46,6 @@ private slots:
     void windowFitsTheScreen();
 };
 
-
 void tst_CamDesignerView::actions_data()
 {
     QTest::addColumn<QString>("menu");

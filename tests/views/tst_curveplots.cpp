@@ -45,7 +45,6 @@ private slots:
     void shownNumbersHaveNoGroupSeparators();
 };
 
-
 // Calculated and stored lists of every quantity, after a write, an undo, a
 // load and a law switch; the plot actions show and hide the plots.
 void tst_CurvePlots::plotsHoldTheModelsLists()

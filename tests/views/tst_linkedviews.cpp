@@ -136,7 +136,6 @@ private slots:
     void warningsMarked();
 };
 
-
 // A row selected in the table rings its marker in every plot (the other way,
 // a marker pressed in the plot, in the drag test).
 void tst_LinkedViews::tableSelectionRingsTheMarkers()

@@ -72,7 +72,6 @@ private slots:
     void editingKeysBelongToTheFocusedField();
 };
 
-
 // Ctrl+C on the tree: the selected points, else all, with a decimal point
 // and the data names, the section's too; pasted into an empty cam they are
 // the same points.
