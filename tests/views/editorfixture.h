@@ -2,22 +2,34 @@
 
 #include "binaryjson.h"
 #include "jsontext.h"
+#include "messagecapture.h"
 #include "simulateddrive.h"
 
 #include "camdesigner/camdescriptionimplementation.h"
 #include "camdesigner/camdesigner.h"
 #include "camdesigner/camdesignerimplementation.h"
+#include "camdesigner/controller.h"
+#include "curves/motionplan.h"
+#include "model/cameditormodel.h"
+#include "model/motionpoint.h"
+#include "parameters/parametermodelimplementation.h"
 #include "views/camdesignerviewimplementation.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
+#include <QApplication>
+#include <QJsonDocument>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <memory>
 
 // A host's set-up of one cam table: a simulated drive, the description from
 // binary JSON bytes, and an initialised designer for table 5, with the
-// settings kept in a scratch directory.
+// settings kept in a scratch directory. A window still open at the end is
+// closed as the user closes it.
 struct EditorFixture {
     static constexpr unsigned short Table = 5;
     static constexpr int LivingSpace = 1;
@@ -34,6 +46,13 @@ struct EditorFixture {
         designer.reset(CamDesigner::createCamDesigner(nullptr, Table));
         designer->initialize(&drive, LivingSpace, description.get());
     }
+    ~EditorFixture()
+    {
+        if (designer && implementation()->view())
+            implementation()->view()->close();
+    }
+    EditorFixture(const EditorFixture &) = delete;
+    EditorFixture &operator=(const EditorFixture &) = delete;
 
     CamDesignerImplementation *implementation() const
     {
@@ -43,10 +62,17 @@ struct EditorFixture {
     {
         return static_cast<CamDescriptionImplementation *>(description.get());
     }
+    CamEditorModel *model() const { return implementation()->editorModel(); }
+    ParameterModelImplementation *parameters() const { return implementation()->parameterModel(); }
     CamDesignerViewImplementation *open()
     {
         designer->show();
         return implementation()->view();
+    }
+    // The cam definition data, to compare before and after an action.
+    QString state() const
+    {
+        return QString::fromUtf8(QJsonDocument(camDescription()->toJson()).toJson(QJsonDocument::Compact));
     }
 };
 
@@ -58,4 +84,17 @@ inline QAction *actionNamed(QWidget *window, const QString &text)
             return action;
     }
     return nullptr;
+}
+
+// Typed over the field's text and finished as the user finishes it.
+inline void type(QWidget *field, const QString &text, Qt::Key finish = Qt::Key_Return)
+{
+    field->setFocus();
+    if (auto *edit = qobject_cast<QLineEdit *>(field))
+        edit->selectAll();
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(field))
+        spin->selectAll();
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, finish);
+    QCoreApplication::processEvents();  // an item view commits its editor queued
 }

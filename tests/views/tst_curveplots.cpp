@@ -1,27 +1,18 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
 #include "commands/changemotionlawcommand.h"
-#include "commands/setmasteraxisscalingcommand.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
+#include "model/decimaltext.h"
 #include "model/motionlaw.h"
 #include "model/scaling.h"
-#include "parameters/parametermodelimplementation.h"
+#include "model/steps.h"
 #include "commands/editmotionpointcommand.h"
 #include "plots/curveplotstack.h"
 #include "plots/densecurve.h"
-#include "plots/motionpointdragger.h"
 
-#include <QApplication>
 #include <QMap>
-#include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
 
 #include <algorithm>
@@ -44,21 +35,15 @@ class tst_CurvePlots : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
     void plotsHoldTheModelsLists();
-    void dragPushesOneEdit_data();
-    void dragPushesOneEdit();
     void exportWritesEachFormat_data();
     void exportWritesEachFormat();
     void denseLineKeepsEachColumnsSpan_data();
     void denseLineKeepsEachColumnsSpan();
     void storedCurveKeepsItsPicture();
+    void shownNumbersHaveNoGroupSeparators();
 };
-
-void tst_CurvePlots::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 // Calculated and stored lists of every quantity, after a write, an undo, a
 // load and a law switch; the plot actions show and hide the plots.
@@ -67,8 +52,8 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     CurvePlotStack *plots = window->plots();
-    CamEditorModel *model = editor.implementation()->editorModel();
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    CamEditorModel *model = editor.model();
+    ParameterModelImplementation *parameters = editor.parameters();
     const auto check = [&] {
         const MotionPlan *plan = model->motionPlan();
         const QPolygonF stored[] = { parameters->storedGridPoints(), parameters->storedVelocities(),
@@ -83,6 +68,7 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
             const CurvePlot *plot = plots->plot(CurvePlot::Quantity(quantity));
             const QPolygonF shown = samplesOf(plot->calculatedCurve());
             QCOMPARE(shown.isEmpty(), plot->isHidden());
+            QVERIFY(quantity == CurvePlot::Position || shown.isEmpty() || shown.size() >= plot->canvas()->width());
             for (const QPointF &point : shown)
                 QCOMPARE(point.y(), (plan->*exact[quantity])(point.x()) * plots->valueFactor(quantity));
             QCOMPARE(samplesOf(plot->storedCurve()), stored[quantity]);
@@ -91,6 +77,11 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
                      + plots->markers(-1)->dataSize()),
                  model->motionPointCount());
     };
+    check();
+    // A coarse static step: still the plan's derivatives at every pixel
+    // column, not the grid's difference quotients, with a spike at a joint.
+    editor.camDescription()->steps()->setIsDynamicStepSize(false);
+    editor.camDescription()->steps()->setStaticStepSize(7.0);
     check();
     // Drawn once (the axes report their range back), then a shorter cam:
     // the master axis follows it, as nobody zoomed.
@@ -118,17 +109,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     // Under the spline the segment types do not apply: one plain symbol.
     QCOMPARE(int(plots->markers(-1)->dataSize()), 3);
 
-    // Derivatives over time, as the scaling view sets them: through the
-    // scaling's one conversion.
-    Scaling *scaling = model->scaling();
-    window->undoStack()->push(new SetMasterAxisScalingCommand(scaling, Scaling::CycleTime));
-    const double factor = scaling->derivativeFactor(1, model->motionPlan()->masterRange());
-    QVERIFY(factor != 1.0);
-    const QPointF shown = plots->plot(CurvePlot::Velocity)->calculatedCurve()->sample(7);
-    QCOMPARE(shown.y(), model->motionPlan()->velocity(shown.x()) * factor);
-    QVERIFY(plots->plot(CurvePlot::Velocity)->axisTitle(QwtPlot::yLeft).text().contains(scaling->derivativeUnit(1)));
-    window->undoStack()->undo();
-
     // The tracker names each visible curve's value under the mouse.
     CurvePlot *velocity = plots->plot(CurvePlot::Velocity);
     const QString tracked = velocity->trackerText(45.0);
@@ -153,94 +133,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
     actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->trigger();
     QVERIFY(plots->plot(CurvePlot::Jerk)->isVisibleTo(plots));
     QVERIFY(!plots->plot(CurvePlot::Velocity)->isVisibleTo(plots));
-    window->close();
-}
-
-void tst_CurvePlots::dragPushesOneEdit_data()
-{
-    QTest::addColumn<double>("toMaster");
-    QTest::addColumn<double>("toSlave");
-    QTest::addColumn<bool>("escape");
-    QTest::addColumn<double>("expectedMaster");
-    QTest::addColumn<qint64>("slaveLimit");
-    QTest::addColumn<QByteArray>("cam");
-    const QByteArray plain = R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
-    QTest::newRow("within the neighbours") << 120.0 << 60.0 << false << -1.0 << qint64(0) << plain;
-    // Held one step of the drive's resolution before the next point.
-    QTest::newRow("past the next point") << 250.0 << 60.0 << false << 179.999 << qint64(0) << plain;
-    QTest::newRow("escape") << 120.0 << 60.0 << true << 90.0 << qint64(0) << plain;
-    // The drive takes slave positions up to 50.000: refused, the point returns.
-    QTest::newRow("beyond the slave limit") << 120.0 << 60.0 << false << 90.0 << qint64(50000) << plain;
-    // The last point of a cyclic cam stays below the circular length.
-    QTest::newRow("past the circular length")
-        << 150.0 << 60.0 << false << 119.999 << qint64(0)
-        << QByteArray(R"({"Cyclic": true, "CircularLength": 120, "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"]]})");
-}
-
-void tst_CurvePlots::dragPushesOneEdit()
-{
-    QFETCH(double, toMaster);
-    QFETCH(double, toSlave);
-    QFETCH(bool, escape);
-    QFETCH(double, expectedMaster);
-    QFETCH(qint64, slaveLimit);
-    QFETCH(QByteArray, cam);
-    EditorFixture editor(cam.constData());
-    MessageCapture messages;
-    CamDesignerViewImplementation *window = editor.open();
-    if (slaveLimit > 0)
-        QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
-                                             -slaveLimit, slaveLimit));
-    window->resize(1200, 900);
-    QVERIFY(QTest::qWaitForWindowExposed(window));
-    CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
-    plot->replot();
-    CamEditorModel *model = editor.implementation()->editorModel();
-    QWidget *canvas = plot->canvas();
-    const auto pixel = [plot](double master, double slave) {
-        return QPoint(int(std::lround(plot->transform(QwtPlot::xBottom, master))),
-                      int(std::lround(plot->transform(QwtPlot::yLeft, slave))));
-    };
-    const QPoint target = pixel(toMaster, toSlave);
-    // The section that starts at the point goes with it.
-    editor.camDescription()->pointAt(90)->setSectionLaw(MotionPoint::Cycloid);
-    editor.camDescription()->pointAt(90)->setVelocity(0.5);
-
-    QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(90, 40));
-    QVERIFY(window->plots()->dragger()->isDragging());
-    QVERIFY(model->isCoarseSteps());
-    // What the user points at, on the scales the press found.
-    const double pointedMaster = std::round(plot->invTransform(QwtPlot::xBottom, target.x()) * 1000.0) / 1000.0;
-    const double pointedSlave = std::round(plot->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
-    // QTest moves the cursor instead, which sends nothing offscreen.
-    QMouseEvent move(QEvent::MouseMove, target, canvas->mapToGlobal(target), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(canvas, &move);
-    QVERIFY(editor.camDescription()->pointAt(90) == nullptr);
-    if (escape)
-        QTest::keyClick(canvas, Qt::Key_Escape);
-    else
-        QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
-    QVERIFY(!model->isCoarseSteps());
-    QCOMPARE(messages.count(), slaveLimit > 0 ? 1 : 0);
-    if (escape || slaveLimit > 0) {
-        QCOMPARE(window->undoStack()->count(), 0);
-        QVERIFY(editor.camDescription()->pointAt(90));
-        window->close();
-        return;
-    }
-    QCOMPARE(window->undoStack()->count(), 1);
-    const MotionPoint *moved = model->motionPointAt(1);
-    const double master = expectedMaster >= 0.0 ? expectedMaster : pointedMaster;
-    QCOMPARE(moved->master(), master);
-    QCOMPARE(moved->slave(), pointedSlave);
-    QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
-    QCOMPARE(moved->velocity(), 0.5);
-    window->undoStack()->undo();
-    QCOMPARE(model->motionPointAt(1)->position(), QPointF(90, 40));
-    window->undoStack()->redo();
-    QCOMPARE(model->motionPointAt(1)->master(), master);
-    window->close();
 }
 
 void tst_CurvePlots::exportWritesEachFormat_data()
@@ -269,7 +161,6 @@ void tst_CurvePlots::exportWritesEachFormat()
     if (suffix == QLatin1String("png"))
         QCOMPARE(QImage(single).size(), QSize(800, 300));
     QVERIFY(!window->plots()->exportTo(directory.filePath(QStringLiteral("fehlt/kurven.png")), QSize(10, 10)));
-    window->close();
 }
 
 QTEST_MAIN(tst_CurvePlots)
@@ -337,8 +228,8 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    CamEditorModel *model = editor.implementation()->editorModel();
-    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    CamEditorModel *model = editor.model();
+    editor.parameters()->writeGridPoints(model->motionPlan()->positions());
     CurvePlot *position = window->plots()->plot(CurvePlot::Position);
     auto *stored = static_cast<DenseCurve *>(position->storedCurve());
     QVERIFY(stored->keepsPicture());
@@ -361,7 +252,7 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
     position->repaint();
     QCOMPARE(stored->pictureDrawCount(), drawn + 1);
     window->undoStack()->undo();
-    editor.implementation()->parameterModel()->writeGridPoints(model->motionPlan()->positions());
+    editor.parameters()->writeGridPoints(model->motionPlan()->positions());
     QTRY_VERIFY(!window->plots()->isReplotPending());
     position->repaint();
     QCOMPARE(stored->pictureDrawCount(), drawn + 2);
@@ -393,5 +284,21 @@ void tst_CurvePlots::storedCurveKeepsItsPicture()
     }
     // Blending the copy onto the canvas rounds once more than drawing directly.
     QVERIFY2(largest <= 3, qPrintable(QString::number(largest)));
-    window->close();
+}
+
+// Numbers as the panels and the plot scales show them, in either language.
+void tst_CurvePlots::shownNumbersHaveNoGroupSeparators()
+{
+    const QLocale previous;
+    for (QLocale::Language language : { QLocale::German, QLocale::English }) {
+        QLocale::setDefault(QLocale(language));
+        QVERIFY(!DecimalText::toString(1500.0).contains(QLocale().groupSeparator()));
+        QCOMPARE(DecimalText::toString(1500.25), QStringLiteral("1500") + QLocale().decimalPoint() + QStringLiteral("25"));
+        EditorFixture editor;
+        CamDesignerViewImplementation *window = editor.open();
+        const CurvePlot *plot = window->plots()->plot(CurvePlot::Position);
+        QCOMPARE(plot->axisScaleDraw(QwtPlot::xBottom)->label(1000.0).text(), QStringLiteral("1000"));
+        QCOMPARE(plot->axisScaleDraw(QwtPlot::yLeft)->label(-1500.0).text(), QStringLiteral("-1500"));
+    }
+    QLocale::setDefault(previous);
 }

@@ -1,40 +1,27 @@
 #include "editorfixture.h"
-#include "messagecapture.h"
 
-#include "camdesigner/controller.h"
-#include "curves/motionplan.h"
-#include "model/cameditormodel.h"
-#include "model/motionpoint.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
-#include "plots/curveplot.h"
 #include "plots/curveplotstack.h"
-#include "parameters/parametermodelimplementation.h"
 #include "parameterelementlist.h"
+#include "model/decimaltext.h"
 #include "views/comparisonview.h"
 #include "views/camsettingsview.h"
 #include "views/motionplantreeeditor.h"
+#include "views/motionpointtextparser.h"
 #include "views/pointeditview.h"
 #include "views/positionlineedit.h"
 
 #include <qtadvanceddocking/DockWidget.h>
 
-#include <QApplication>
 #include <QClipboard>
-#include <QJsonDocument>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTableView>
-#include <QTest>
 #include <QTreeView>
 #include <QTreeWidget>
 
 namespace {
-
-QString stateOf(const EditorFixture &editor)
-{
-    return QString::fromUtf8(QJsonDocument(editor.camDescription()->toJson()).toJson(QJsonDocument::Compact));
-}
 
 // The clipboard's lines without the header.
 QStringList copiedRows()
@@ -72,7 +59,11 @@ class tst_PointClipboard : public QObject
 {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
+    void parseText_data();
+    void parseText();
+    void decimalText_data();
+    void decimalText();
     void copyMotionPoints();
     void copyGridPointTables();
     void paste_data();
@@ -80,11 +71,6 @@ private slots:
     void editingKeysBelongToTheFocusedField_data();
     void editingKeysBelongToTheFocusedField();
 };
-
-void tst_PointClipboard::cleanup()
-{
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
 
 // Ctrl+C on the tree: the selected points, else all, with a decimal point
 // and the data names, the section's too; pasted into an empty cam they are
@@ -108,15 +94,14 @@ void tst_PointClipboard::copyMotionPoints()
     window->motionPlanEditor()->copyAction()->trigger();
     QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "90.000\t40.000\tspeed\tModifiedSine\t0.25\t-1.5",
                                          "180.000\t0.000\trest\tPoly5\t\t" }));
-    const QString copied = stateOf(editor);
+    const QString copied = editor.state();
 
     MessageCapture messages;
     editor.description->loadWithUndo(parseJson(R"({"MotionPoints": []})"), QStringLiteral("leer"));
     typeKey(tree, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(messages.count(), 0);
-    QCOMPARE(stateOf(editor), copied);
+    QCOMPARE(editor.state(), copied);
     QCOMPARE(window->undoStack()->text(window->undoStack()->count() - 1), QStringLiteral("Füge 3 Bewegungspunkte ein"));
-    window->close();
 }
 
 // The calculated table, the stored list and the comparison copy through
@@ -126,8 +111,11 @@ void tst_PointClipboard::copyGridPointTables()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     QVERIFY(QTest::qWaitForWindowExposed(window));
-    const QPolygonF points = editor.implementation()->editorModel()->motionPlan()->positions();
-    editor.implementation()->parameterModel()->writeGridPoints(points);
+    const QPolygonF points = editor.model()->motionPlan()->positions();
+    editor.parameters()->writeGridPoints(points);
+    const auto gridRow = [&points](int i) {
+        return QStringLiteral("%1\t%2").arg(points.at(i).x(), 0, 'f', 3).arg(points.at(i).y(), 0, 'f', 3);
+    };
 
     auto *calculated = qobject_cast<CalculatedTableView *>(window->dock(CamDesignerViewImplementation::CalculatedDock)->widget());
     QVERIFY(calculated);
@@ -136,8 +124,7 @@ void tst_PointClipboard::copyGridPointTables()
     typeKey(calculated, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0),
              QStringLiteral("Master-Position\tSlave-Position"));
-    QCOMPARE(copiedRows(), QStringList({ QStringLiteral("%1\t%2").arg(points.at(1).x(), 0, 'f', 3).arg(points.at(1).y(), 0, 'f', 3),
-                                         QStringLiteral("%1\t%2").arg(points.at(2).x(), 0, 'f', 3).arg(points.at(2).y(), 0, 'f', 3) }));
+    QCOMPARE(copiedRows(), QStringList({ gridRow(1), gridRow(2) }));
 
     auto *storedView = qobject_cast<GridPointParameterView *>(window->dock(CamDesignerViewImplementation::ParameterDock)->widget());
     QVERIFY(storedView);
@@ -151,9 +138,7 @@ void tst_PointClipboard::copyGridPointTables()
     showDock(window, CamDesignerViewImplementation::ComparisonDock);
     selectRows(comparison, { 4 });
     typeKey(comparison, Qt::Key_C, Qt::ControlModifier);
-    const QString row = QStringLiteral("%1\t%2").arg(points.at(4).x(), 0, 'f', 3).arg(points.at(4).y(), 0, 'f', 3);
-    QCOMPARE(copiedRows(), QStringList(row + QLatin1Char('\t') + row + QStringLiteral("\t0.000\t0.000")));
-    window->close();
+    QCOMPARE(copiedRows(), QStringList(gridRow(4) + QLatin1Char('\t') + gridRow(4) + QStringLiteral("\t0.000\t0.000")));
 }
 
 void tst_PointClipboard::paste_data()
@@ -192,8 +177,8 @@ void tst_PointClipboard::paste()
     if (slaveLimit > 0)
         QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
                                              -slaveLimit, slaveLimit));
-    const QString before = stateOf(editor);
-    const CamEditorModel *model = editor.implementation()->editorModel();
+    const QString before = editor.state();
+    const CamEditorModel *model = editor.model();
     QList<const MotionPoint *> old;
     for (int row = 0; row < model->motionPointCount(); ++row)
         old.append(model->motionPointAt(row));
@@ -216,9 +201,8 @@ void tst_PointClipboard::paste()
     QCOMPARE(window->undoStack()->count(), added.isEmpty() ? 0 : 1);
     if (!added.isEmpty()) {
         window->undoStack()->undo();
-        QCOMPARE(stateOf(editor), before);
+        QCOMPARE(editor.state(), before);
     }
-    window->close();
 }
 
 namespace {
@@ -298,7 +282,7 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     };
     const QString before = text();
     QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
-    ParameterModelImplementation *parameters = editor.implementation()->parameterModel();
+    ParameterModelImplementation *parameters = editor.parameters();
     const int stored = parameters->storedGridPoints().size();
     const int commands = window->undoStack()->count();
 
@@ -318,7 +302,84 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
         QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
     if (outcome == WordDeleted)
         QVERIFY2(after != before && before.startsWith(after), qPrintable(after));
-    window->close();
+}
+
+void tst_PointClipboard::parseText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("invalid");
+    QTest::addColumn<bool>("header");
+    // The last row read: master, slave, type (-1: none given).
+    QTest::addColumn<double>("master");
+    QTest::addColumn<double>("slave");
+    QTest::addColumn<int>("type");
+
+    QTest::newRow("tabs, points, header, types")
+        << "Master-Position [°]\tSlave-Position [mm]\tSegmenttyp\n0.000\t0.000\trest\n90.5\t40.25\tturningPoint\n"
+        << 2 << 0 << true << 90.5 << 40.25 << int(MotionPoint::turningPoint);
+    QTest::newRow("semicolons, decimal commas, no header")
+        << "10,5;-2,75\r\n20;3" << 2 << 0 << false << 20.0 << 3.0 << -1;
+    QTest::newRow("tabs with decimal commas") << "1,5\t2,5\tacceleration" << 1 << 0 << false << 1.5 << 2.5
+                                              << int(MotionPoint::acceleration);
+    QTest::newRow("blank lines and a trailing separator") << "\n1;2;\n\n3;4\n\n" << 2 << 0 << false << 3.0 << 4.0 << -1;
+    QTest::newRow("spaces around cells") << " 1 \t 2 \t speed " << 1 << 0 << false << 1.0 << 2.0
+                                         << int(MotionPoint::speed);
+    // Only the first line may be a header; a name must be a data name exactly.
+    QTest::newRow("bad lines after the first") << "1;2\nx;2\n3;4;Rast\n5;6;turningpoint\n7\n8;9;rest;1\n10;11"
+                                               << 2 << 5 << false << 10.0 << 11.0 << -1;
+    QTest::newRow("grouping is no number") << "1.000,5;2" << 0 << 0 << true << 0.0 << 0.0 << -1;
+    QTest::newRow("no finite number") << "a;b\ninf;1\nnan;1" << 0 << 2 << true << 0.0 << 0.0 << -1;
+    QTest::newRow("nothing") << "" << 0 << 0 << false << 0.0 << 0.0 << -1;
+}
+
+void tst_PointClipboard::parseText()
+{
+    QFETCH(QString, text);
+    QFETCH(int, rows);
+    QFETCH(int, invalid);
+    QFETCH(bool, header);
+    QFETCH(double, master);
+    QFETCH(double, slave);
+    QFETCH(int, type);
+    const MotionPointTextParser parser(text);
+    QCOMPARE(parser.rows().size(), rows);
+    QCOMPARE(parser.invalidLineCount(), invalid);
+    QCOMPARE(parser.hasHeader(), header);
+    if (rows > 0) {
+        QCOMPARE(parser.rows().constLast().master, master);
+        QCOMPARE(parser.rows().constLast().slave, slave);
+        QCOMPARE(parser.rows().constLast().type, type);
+    }
+}
+
+void tst_PointClipboard::decimalText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<double>("value");
+    QTest::newRow("comma") << "45,5" << true << 45.5;
+    QTest::newRow("point") << "45.5" << true << 45.5;
+    QTest::newRow("blanks") << " -3,25 " << true << -3.25;
+    QTest::newRow("three decimals") << "1,000" << true << 1.0;
+    QTest::newRow("whole") << "1000" << true << 1000.0;
+    QTest::newRow("german grouping") << "1.000,5" << false << 0.0;
+    QTest::newRow("english grouping") << "1,000.5" << false << 0.0;
+    QTest::newRow("two commas") << "1,000,5" << false << 0.0;
+    QTest::newRow("blank grouping") << "1 000" << false << 0.0;
+    QTest::newRow("nan") << "nan" << false << 0.0;
+    QTest::newRow("infinity") << "inf" << false << 0.0;
+    QTest::newRow("empty") << "" << false << 0.0;
+}
+
+void tst_PointClipboard::decimalText()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, ok);
+    QFETCH(double, value);
+    double parsed = 0.0;
+    QCOMPARE(DecimalText::parse(text, &parsed), ok);
+    QCOMPARE(parsed, value);
 }
 
 QTEST_MAIN(tst_PointClipboard)
