@@ -11,27 +11,14 @@
 
 #include <functional>
 
-// What a user's hand does to a widget, through QTest's events only.
+// What a user's hand does to a widget, through QTest's events only (typing
+// into a field is the editor fixture's type()).
 namespace UserInput {
 
 // On the box itself, not in the empty width a form gives it.
 inline void click(QAbstractButton *button)
 {
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(4, button->height() / 2));
-}
-
-// The whole text replaced by typing, finished by a key; an item view
-// commits its editor queued, so the events are handled before returning.
-inline void type(QWidget *field, const QString &text, Qt::Key finish = Qt::Key_Return)
-{
-    field->setFocus();
-    if (auto *edit = qobject_cast<QLineEdit *>(field))
-        edit->selectAll();
-    if (auto *spin = qobject_cast<QAbstractSpinBox *>(field))
-        spin->selectAll();
-    QTest::keyClicks(field, text);
-    QTest::keyClick(field, finish);
-    QCoreApplication::processEvents();
 }
 
 // Waits, handling events, until the condition holds; false after the time.
