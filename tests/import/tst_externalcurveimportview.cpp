@@ -401,8 +401,7 @@ void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
     QFETCH(int, format);
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    QAction *action = actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"));
-    action->trigger();
+    actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"))->trigger();
     auto *dialog = window->findChild<ExternalCurveImportView *>();
     QVERIFY(dialog && dialog->isVisible());
     QCOMPARE(dialog->windowModality(), Qt::WindowModal);
@@ -428,9 +427,6 @@ void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
     }
     // The preview and the parameter list follow the stored table in the
     // random user's test, after its imports too.
-
-    editor.drive.setReadOnly(true);
-    QVERIFY(!action->isEnabled());
     window->close();
 }
 
