@@ -40,8 +40,8 @@ void tst_DriveConfigurator::exampleProject()
     QCOMPARE(QLocale::system().toDouble(last), curve.constLast().y());
 }
 
-// The whole way of one cam: edit in the tree and the fields, write, reopen
-// the editor, save, and read the file into a fresh window.
+// The whole way of one cam: edit in the tree, write, reopen the editor,
+// save, and read the file into a fresh window.
 
 void tst_DriveConfigurator::editWriteSaveAndReload()
 {
@@ -67,12 +67,6 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         QTest::mouseClick(tree->addButton(), Qt::LeftButton);
         QCOMPARE(cell->description()->toJson().value(QStringLiteral("MotionPoints")).toArray().size(), 5);
         QVERIFY(window.isWindowModified());
-        PositionLineEdit *slave = editor->findChild<PointEditView *>()->slaveEdit();
-        slave->setFocus();
-        slave->selectAll();
-        QTest::keyClicks(slave, QStringLiteral("12"));
-        QTest::keyClick(slave, Qt::Key_Return);
-        QVERIFY2(pointsOf(cell).contains(QStringLiteral("[45,12,")), qPrintable(pointsOf(cell)));
 
         // Dragging in the plots and undoing are the editor's tests; here the
         // project must follow the edit.
