@@ -91,37 +91,27 @@ private slots:
         QTest::newRow("help") << QStringList{ "--help" } << 0 << "convert";
         QTest::newRow("unknown verb") << QStringList{ "frobnicate" } << 2 << "unknown verb";
         QTest::newRow("show without file") << QStringList{ "show" } << 2 << "Usage";
-        QTest::newRow("show with two files") << QStringList{ "show", "a.json", "b.json" } << 2 << "Usage";
         QTest::newRow("unknown option") << QStringList{ "show", "--bogus", Cyclic } << 2 << "bogus";
         QTest::newRow("show missing file") << QStringList{ "show", missing } << 1 << "No such file";
         QTest::newRow("unparsable --static") << QStringList{ "sample", Cyclic, "--static", "fast" } << 1 << "--static";
         QTest::newRow("--dynamic beyond int") << QStringList{ "sample", Cyclic, "--dynamic", "99999999999" } << 1 << "--dynamic";
-        QTest::newRow("unparsable --decimals") << QStringList{ "sample", Cyclic, "--decimals", "x" } << 1 << "--decimals";
         QTest::newRow("--decimals out of range") << QStringList{ "sample", Cyclic, "--decimals", "400" } << 1 << "--decimals";
         QTest::newRow("both step options") << QStringList{ "sample", Cyclic, "--static", "1", "--dynamic", "10" } << 2 << "exclude";
-        QTest::newRow("eval missing file") << QStringList{ "eval", missing, "--at", "1" } << 1 << missing;
         QTest::newRow("eval without --at") << QStringList{ "eval", Cyclic } << 2 << "--at";
         QTest::newRow("unparsable --at") << QStringList{ "eval", Cyclic, "--at", "1,abc" } << 1 << "abc";
-        QTest::newRow("empty --at entry") << QStringList{ "eval", Cyclic, "--at", "1,,2" } << 1 << "--at";
         QTest::newRow("convert help") << QStringList{ "convert", "--help" } << 0 << "--separator";
         QTest::newRow("unknown format") << QStringList{ "convert", "--format", "excel", "a.txt" } << 2 << "excel";
         QTest::newRow("unknown decimal mark") << QStringList{ "convert", "--decimal", "dot", "a.txt" } << 2 << "dot";
         QTest::newRow("unknown separator") << QStringList{ "convert", "--separator", "pipe", "a.txt" } << 2 << "pipe";
         QTest::newRow("separator with a named format")
             << QStringList{ "convert", "--format", "codesys", "--separator", "tab", "a.txt" } << 2 << "free format only";
-        QTest::newRow("decimal mark with a named format")
-            << QStringList{ "convert", "--decimal", "point", "--format", "servosoft", "a.txt" } << 2 << "free format only";
         QTest::newRow("convert missing file") << QStringList{ "convert", tmp("missing.txt") } << 1 << tmp("missing.txt");
         QTest::newRow("table 16") << QStringList{ "read", "--table", "16" } + drive << 2 << "0 to 15";
-        QTest::newRow("table not a number") << QStringList{ "read", "--table", "five" } + drive << 2 << "five";
         QTest::newRow("no drive") << QStringList{ "read", "--table", "1" } << 2 << "required";
         QTest::newRow("read missing project") << QStringList{ "read", "--table", "1" } + drive << 1 << "no drive project";
-        QTest::newRow("write missing cam file") << QStringList{ "write", missing, "--table", "1" } + drive << 1 << missing;
         QTest::newRow("write one point") << QStringList{ "write", cam(OnePoint), "--table", "1" } + drive << 1
                                          << "two motion points";
-        QTest::newRow("report example") << QStringList{ "report", Cyclic } << 0 << "\"continuity\": 2";
         const QString laws = cam(SectionLaws);
-        QTest::newRow("report asked law") << QStringList{ "report", laws } << 0 << "\"law\": \"Cycloid\"";
         QTest::newRow("report applied law") << QStringList{ "report", laws } << 0 << "\"lawApplied\": \"ModifiedSine\"";
         QTest::newRow("plot without --output") << QStringList{ "plot", Cyclic } << 2 << "--output";
         QTest::newRow("plot to an unknown format") << QStringList{ "plot", Cyclic, "--output", tmp("a.bmp") } << 2 << ".png";
@@ -138,15 +128,13 @@ private slots:
         QTest::newRow("export with decimal comma and comma")
             << QStringList{ "export", Cyclic, "--output", out, "--format", "free", "--decimal", "comma", "--separator", "comma" }
             << 1 << "Das Komma kann nicht zugleich Dezimalzeichen und Trennzeichen sein";
-        QTest::newRow("export from a missing drive project")
-            << QStringList{ "export", Cyclic, "--output", out, "--format", "free", "--table", "1" } + drive << 1
-            << "no drive project";
         QTest::newRow("plot into a missing folder") << QStringList{ "plot", Cyclic, "--output", tmp("no/a.svg") } << 1
                                                     << "cannot write";
         // A damaged cam file is an error that names the file and the fault,
         // never the defaults. Which contents are damaged is the cam data
-        // file's test; here every verb that reads one must refuse (a missing
-        // file takes the same way out of the one loader).
+        // file's test; here the one loader of the tool must refuse, for the
+        // verbs that show a file and for those that sample it (a missing
+        // file takes the same way out).
         const QString textAsDat = tmp("saved.dat");
         const QString broken = tmp("broken.json");
         writeFile(textAsDat, R"({"Cyclic": true})");
@@ -154,10 +142,6 @@ private slots:
         QTest::newRow("show text saved as .dat") << QStringList{ "show", textAsDat } << 1 << "„saved.dat“";
         QTest::newRow("show broken text json") << QStringList{ "show", broken } << 1 << "broken.json";
         QTest::newRow("sample broken text json") << QStringList{ "sample", broken } << 1 << "Position 12";
-        QTest::newRow("plot broken text json") << QStringList{ "plot", broken, "--output", tmp("a.png") } << 1
-                                               << "broken.json";
-        QTest::newRow("export broken text json")
-            << QStringList{ "export", broken, "--output", out, "--format", "free" } << 1 << "broken.json";
     }
 
     void exitCodes()
@@ -187,10 +171,8 @@ private slots:
         const QStringList show{ "show" };
         const QByteArray example = readFile(Cyclic);
         QTest::newRow("show example") << show << "example.json" << example << example;
-        // Defaults, duplicates, order and the suffix's case are the cam
-        // description's and the cam data file's tests.
-        QTest::newRow("show binary .dat")
-            << show << "example.dat" << binaryJsonOf(QJsonDocument::fromJson(example).object()) << example;
+        // Defaults, duplicates, order, the binary form and the suffix's case
+        // are the cam description's and the cam data file's tests.
         // JSON would print them as null.
         const double nan = std::nan(""), inf = HUGE_VAL;
         QTest::newRow("show NaN and infinity from a binary .dat") << show << "odd.dat"
@@ -213,14 +195,8 @@ private slots:
             { "default is free format with point and semicolon", "Master;Slave\n0;0\n1.5;2e1\n1,5;3\n", {}, "[[0,0],[1.5,20]]", "",
               2, 1, "Master;Slave" },
             { "SERVOsoft", "0;0\n10,5;;20,25\n", { "--format", "servosoft" }, "[[0,0],[10.5,20.25]]", "", 0, 0, "" },
-            { "TwinCat2 skips decimal commas", "1,5;2,5", { "--format", "TwinCat2" }, "[]", "", 1, 1, "1,5;2,5" },
-            { "CodeSys", "1.0;  2.0e-3\n1.0;2.0\n", { "--format", "codesys" }, "[[1,0.002]]", "", 1, 2, "1.0;2.0" },
             { "free format with comma and blank", "1,5 2,5\n", { "--decimal", "comma", "--separator", "blank" }, "[[1.5,2.5]]", "",
               0, 0, "" },
-            { "explicit free format with tab", "1\t2\n3\t\t4\n", { "--format", "free", "--separator", "tab" }, "[[1,2]]", "", 1, 2,
-              "3\t\t4" },
-            { "UTF-8 byte order mark and Windows line ends", "\xEF\xBB\xBF" "0,5;1\r\n2;3,25\r\n",
-              { "--format", "free", "--decimal", "comma", "--separator", "semicolon" }, "[[0.5,1],[2,3.25]]", "", 0, 0, "" },
             { "carriage returns alone end lines", "0;0\r1;2\r", {}, "[[0,0],[1,2]]", "", 0, 0, "" },
             // Decoded by the stream, as the import dialog reads it; as plain
             // bytes the zero bytes between the digits would hide every pair.
@@ -278,8 +254,6 @@ private slots:
 
         const QByteArray dynamic500 = R"({"isDynamicStepSize": true, "dynamicSteps": 500})";
         QTest::newRow("cyclic VDI, file's dynamic steps") << Cyclic << QStringList() << 3 << dynamic500 << 50;
-        QTest::newRow("spline, file's static steps")
-            << Spline << QStringList() << 3 << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 0.5})") << 50;
         QTest::newRow("static override, one decimal") << Cyclic << QStringList{ "--static", "2.5", "--decimals", "1" } << 1
                                                       << QByteArray(R"({"isDynamicStepSize": false, "staticStepSize": 2.5})") << 50;
         QTest::newRow("dynamic override")
@@ -317,16 +291,9 @@ private slots:
         QCOMPARE(output.value("jerks").toArray(), toJson(plan.jerks()));
     }
 
-    void eval_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::newRow("cyclic VDI") << Cyclic;
-        QTest::newRow("spline") << Spline;
-    }
-
     void eval()
     {
-        QFETCH(QString, file);
+        const QString file = Spline;
         const CamToolResult run = camtool({ "eval", file, "--at", "0,12.5,90,1e-3,-5,359.99", "--at", "nan" });
         QCOMPARE(run.exitCode, 0);
         FixedScaling scaling(3);
@@ -393,10 +360,7 @@ private slots:
         QTest::addColumn<QStringList>("format");
         QTest::addColumn<int>("decimals");  // -1: the stored table of a drive
         QTest::newRow("SERVOsoft, 2 places") << QStringList{ "--format", "servosoft" } << 2;
-        QTest::newRow("free, comma and tab, no places")
-            << QStringList{ "--format", "free", "--decimal", "comma", "--separator", "tab" } << 0;
         QTest::newRow("CodeSys, stored table") << QStringList{ "--format", "codesys" } << -1;
-        QTest::newRow("free, point and blank, stored table") << QStringList{ "--format", "free", "--separator", "blank" } << -1;
     }
 
     void exportConvertsBack()
@@ -443,16 +407,12 @@ private slots:
         QCOMPARE(read.value("count").toInt(), count);
         const QJsonArray points = read.value("points").toArray();
         QCOMPARE(points.size(), count);
-        QCOMPARE(points.last().toArray().at(0).toDouble(), 360.0);  // the cyclic cam closes at its length
-        QCOMPARE(points.last().toArray().at(1).toDouble(), points.first().toArray().at(1).toDouble());
         // How the stamp is computed is held in the grid point table's test;
         // here the tool must report the one it wrote, and find it again.
         const double crc = written.json().value("crc").toDouble();
         QVERIFY(crc > 0.0);
         QCOMPARE(read.value("storedCrc").toDouble(), crc);
         QCOMPARE(read.value("computedCrc").toDouble(), crc);
-        QVERIFY(read.value("summary").toString().contains(QStringLiteral("Anzahl: %1").arg(count)));
-        QVERIFY(!read.value("summary").toString().contains("nicht vom Kurvenscheibeneditor"));
 
         const QByteArray project = readFile(m_project);
         QCOMPARE(camtool(QStringList{ "write", Cyclic } + table).exitCode, 0);
@@ -473,31 +433,23 @@ private slots:
         QTest::addColumn<QString>("message");
 
         const QStringList write{ "write", Cyclic };
-        const QString tooSmall = QStringLiteral("Die Stützstellen-Arrays müssen vergrößert werden");
         QTest::newRow("read-only") << Project::Written << write << QStringList{ "--read-only" }
                                    << "Antriebsregler ist schreibgeschützt.";
-        QTest::newRow("online, arrays too small")
-            << Project::Written << write << QStringList{ "--online", "--table", "3" } << tooSmall;
         QTest::newRow("first write online creates no project")
-            << Project::Missing << write << QStringList{ "--online" } << tooSmall;
-        QTest::newRow("slave beyond the array limit")
-            << Project::Written
-            << QStringList{ "write", cam(R"([[0, 0, "rest"], [10, 3000000, "rest"]])",
-                                         R"({"isDynamicStepSize": false, "staticStepSize": 5})") }
-            << QStringList()
-            << "Slave-Stützstelle [1] kann nicht geschrieben werden. Wert 3000000000 ist zu groß max: 2147483647";
+            << Project::Missing << write << QStringList{ "--online" }
+            << "Die Stützstellen-Arrays müssen vergrößert werden";
         QTest::newRow("delete online") << Project::Written << QStringList{ "delete" } << QStringList{ "--online" }
                                        << "Bitte gehen Sie Offline";
-        // The model's other refusals (an empty table, a slave that is not
-        // finite) take the same way out; their texts are the grid point
-        // table's test.
+        // The model's other refusals (an empty table, a slave beyond the
+        // array limit or not finite, arrays too small on a written project)
+        // take the same way out; their texts are the grid point table's test.
         const QString onePair = tmp(QStringLiteral("one-pair.txt"));
         writeFile(onePair, "0;1\n");
         QTest::newRow("curve of one pair") << Project::Written << QStringList{ "write", "--curve", onePair }
                                            << QStringList() << "at least two";
-        for (const QStringList &verb : { write, QStringList{ "read" }, QStringList{ "delete" } })
-            QTest::addRow("damaged project, %s", qPrintable(verb.first()))
-                << Project::Damaged << verb << QStringList() << "cannot use drive project";
+        // Every drive verb opens its project through the one session.
+        QTest::newRow("damaged project") << Project::Damaged << QStringList{ "read" } << QStringList()
+                                         << "cannot use drive project";
     }
 
     // A curve text file goes into the drive as the import dialog takes it.
@@ -513,8 +465,6 @@ private slots:
         const QJsonObject read = camtool(QStringList{ "read" } + table).json();
         QCOMPARE(read.value("points").toArray(),
                  (QJsonArray{ QJsonArray{ 0.5, 1 }, QJsonArray{ 1.25, -2.0 }, QJsonArray{ 2, 1.001 } }));
-        QCOMPARE(read.value("storedCrc").toDouble(), written.json().value("crc").toDouble());
-        QCOMPARE(read.value("damage").toString(), QString());
 
         // Either a cam or a curve, and the format options only with a curve.
         QCOMPARE(camtool(QStringList{ "write", Cyclic, "--curve", curve } + table).exitCode, 2);

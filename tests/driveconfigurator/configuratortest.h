@@ -17,14 +17,10 @@
 #include "camdesigner/controller.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
-#include "model/motionpoint.h"
 #include "import/curvetextconverter.h"
-#include "plots/curveplot.h"
 #include "simulateddrive.h"
 #include "views/camdesignerviewimplementation.h"
 #include "views/motionplantreeeditor.h"
-#include "views/pointeditview.h"
-#include "views/positionlineedit.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -42,8 +38,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <cmath>
 
 namespace ConfiguratorTest {
 
@@ -81,12 +75,6 @@ inline CamDesignerViewImplementation *openEditor(DriveConfiguratorWindow &window
             return editor;
     }
     return nullptr;
-}
-
-inline QString pointsOf(const CamTableCell *cell)
-{
-    return QString::fromUtf8(QJsonDocument(cell->description()->toJson().value(QStringLiteral("MotionPoints")).toArray())
-                                 .toJson(QJsonDocument::Compact));
 }
 
 } // namespace ConfiguratorTest

@@ -70,7 +70,6 @@ void TestCurveTextConverter::convert_data()
     const int servoSoft = CurveTextConverter::ServoSoft;
     row("SERVOsoft: repeated semicolons are one separator", servoSoft, "0;0\n10,5;;20,25\n", pairs({ { 0, 0 }, { 10.5, 20.25 } }));
     row("SERVOsoft: slave exponent", servoSoft, "1,5;2,5e2\n-1;2E-1", pairs({ { 1.5, 250 }, { -1, 0.2 } }));
-    row("SERVOsoft: signs", servoSoft, "-1,5;+2\n+3;-4,125", pairs({ { -1.5, 2 }, { 3, -4.125 } }));
     row("SERVOsoft: decimal comma without digits", servoSoft, "7,;8,", pairs({ { 7, 8 } }));
     row("SERVOsoft: empty text", servoSoft, "", none);
     row("SERVOsoft: byte order mark, header, units and Windows line ends", servoSoft,
@@ -105,7 +104,6 @@ void TestCurveTextConverter::convert_data()
     const int blank = CurveTextConverter::Blank;
     freeRow("free: comma decimals, blank separator", comma, blank, "1,5 2,5", pairs({ { 1.5, 2.5 } }));
     freeRow("free: tab separator", point, tab, "1.5\t2.5\n3\t4", pairs({ { 1.5, 2.5 }, { 3, 4 } }));
-    freeRow("free: comma decimals, tab separator", comma, tab, "1,5\t2,5e-1", pairs({ { 1.5, 0.25 } }));
     freeRow("free: point decimals, comma separator", point, CurveTextConverter::Comma, "1.5,2.5E2", pairs({ { 1.5, 250 } }));
     // With a comma for both, the longer master wins, as a search from the
     // left reads it.
@@ -149,7 +147,6 @@ void TestCurveTextConverter::convert_data()
     row("failed: SERVOsoft master underflow", servoSoft, tiny + ";2", pairs({ { 0, 2 } }),
         failedMaster.arg(QString(tiny).replace(QLatin1Char(','), QLatin1Char('.')).left(CurveTextConverter::ShownLineLength)
                          + QChar(0x2026)));
-    row("failed: TwinCat2 master overflow", twinCat2, huge + ",1.5", pairs({ { 0, 1.5 } }), failedMaster.arg(shownHuge));
     row("failed: CodeSys slave underflow", codeSys, "1.0; 1e-999", pairs({ { 1, 0 } }), failedSlave.arg("1e-999"));
     row("failed: the last failure wins, good lines are kept", free, "1;1e999\n2;3e999\n4;5",
         pairs({ { 1, 0 }, { 2, 0 }, { 4, 5 } }), failedSlave.arg("3e999"));

@@ -6,17 +6,12 @@
 
 #include <filedialog.h>
 #include "import/externalcurveimportview.h"
-#include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
-#include "parameterelementlist.h"
-#include "plots/previewview.h"
 
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
-
-#include <qtadvanceddocking/DockWidget.h>
 
 #include <QApplication>
 #include <QComboBox>
@@ -135,12 +130,10 @@ void tst_ExternalCurveImportView::formatsPresetTheSeparators_data()
     QTest::addColumn<QString>("valueRadio");
     QTest::addColumn<QString>("decimalRadio");
     QTest::addColumn<QStringList>("firstRow");
+    // Every named format presets its separators by the same way; which
+    // ones is the converter's and the example files' test.
     QTest::newRow("SERVOsoft") << QList<int> { 0 } << "10,5;;20,25" << "semicolonSeparatorRadio"
                                << "decimalPlacesCommaSeparatorRadio" << QStringList { "10.500", "20.250" };
-    QTest::newRow("TwinCat2") << QList<int> { 1 } << "1.5,2.5" << "commaSeparatorRadio"
-                              << "decimalPlacesDotSeparatorRadio" << QStringList { "1.500", "2.500" };
-    QTest::newRow("CodeSys") << QList<int> { 2 } << "1.0;  2.0e-3" << "semicolonSeparatorRadio"
-                             << "decimalPlacesDotSeparatorRadio" << QStringList { "1.000", "0.002" };
     QTest::newRow("free after SERVOsoft keeps its preset")
         << QList<int> { 0, 3 } << "1,5;2,5" << "semicolonSeparatorRadio" << "decimalPlacesCommaSeparatorRadio"
         << QStringList { "1.500", "2.500" };
@@ -157,12 +150,8 @@ void tst_ExternalCurveImportView::formatsPresetTheSeparators()
     QFETCH(QStringList, firstRow);
     Bound bound;
     ExternalCurveImportView dialog(&bound.model);
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Stützstellentabelle aus Datei importieren"));
     QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
     auto *combo = widget<QComboBox>(&dialog, "formatCombo");
-    QCOMPARE(combo->currentText(), QStringLiteral("Freies Format"));
-    QVERIFY(widget<QRadioButton>(&dialog, "semicolonSeparatorRadio")->isChecked());
-    QVERIFY(widget<QRadioButton>(&dialog, "decimalPlacesDotSeparatorRadio")->isChecked());
     QCOMPARE(compareView(&dialog)->topLevelItemCount(), ExternalCurveImportView::CompareRows);
     QCOMPARE(shownRows(&dialog), 0);
 
@@ -187,7 +176,6 @@ void tst_ExternalCurveImportView::compareRows_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<QStringList>("cells");
     QTest::addColumn<QString>("toolTip");  // empty: the row is not marked
-    QTest::newRow("equal") << 0 << QStringList { "0.000", "0.000", "0.000", "0.000", "0.000", "0.000" } << "";
     QTest::newRow("equal after rounding") << 1 << QStringList { "10.000", "10.000", "0.000", "5.000", "5.000", "0.000" }
                                           << "";
     QTest::newRow("signed differences")
@@ -208,12 +196,10 @@ void tst_ExternalCurveImportView::compareRows()
     setText(&dialog, QStringLiteral("0;0\n10.0004;5\n19.999;10.5\n30;12\n"));
 
     QTreeWidget *view = compareView(&dialog);
-    QCOMPARE(view->headerItem()->text(2), QStringLiteral("Δ Master-Position"));
     QTreeWidgetItem *item = view->topLevelItem(row);
     QStringList texts;
     for (int column = 0; column < view->columnCount(); ++column) {
         texts << item->text(column);
-        QCOMPARE(item->textAlignment(column) & Qt::AlignHorizontal_Mask, int(Qt::AlignRight));
         QCOMPARE(item->toolTip(column), toolTip);
         QCOMPARE(item->background(column).style() != Qt::NoBrush, !toolTip.isEmpty());
     }
@@ -227,7 +213,6 @@ void tst_ExternalCurveImportView::refreshDrawsMoreThanTwoPairs()
     dialog.show();
     QwtPlotCurve *parameter = curveTitled(&dialog, QStringLiteral("Parameter"));
     QVERIFY(parameter && legendEntry(&dialog, parameter)->isChecked());
-    QCOMPARE(parameter->pen().color(), QColor(Qt::darkGreen));
 
     auto *edit = widget<QTextEdit>(&dialog, "importFileEdit");
     auto *count = widget<QLabel>(&dialog, "pairCountLabel");
@@ -363,8 +348,6 @@ void tst_ExternalCurveImportView::fileErrors()
 
     widget<QToolButton>(&dialog, "importButton")->click();
     QCOMPARE(answer.requests.size(), 1);
-    QCOMPARE(answer.requests.first().caption, QStringLiteral("Stützstellendateien öffnen"));
-    QCOMPARE(answer.requests.first().filter, QStringLiteral("Stützstellendateien (*.txt *.csv)"));
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().icon, QMessageBox::Critical);
     QCOMPARE(messages.last().title, QStringLiteral("Fehler beim Öffnen einer Kurvendatei"));
@@ -377,8 +360,9 @@ void tst_ExternalCurveImportView::encodings_data()
 {
     const QString text = QStringLiteral("Master [°];Slave [µm]\r\n0;0\r\n90;45.5\r\n180;0\r\n");
     QTest::addColumn<QByteArray>("bytes");
-    // Plain UTF-8, Latin-1 and UTF-16LE come with the example files, through
-    // the editor window.
+    // Latin-1 and UTF-16LE come with the example files, through the editor
+    // window, plain UTF-8 with the free format's example there and in the
+    // random user's imports.
     QTest::newRow("UTF-8 with BOM") << QByteArray("\xef\xbb\xbf") + text.toUtf8();
     QTest::newRow("UTF-16BE with BOM") << QTextCodec::codecForName("UTF-16BE")->fromUnicode(QChar(QChar::ByteOrderMark) + text);
 }
@@ -407,7 +391,6 @@ void tst_ExternalCurveImportView::examplesThroughTheEditorWindow_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("format");
     QTest::newRow("SERVOsoft, Latin-1") << "curve-servosoft.csv" << 0;
-    QTest::newRow("TwinCat2, UTF-8") << "curve-twincat2.txt" << 1;
     QTest::newRow("CodeSys, UTF-16") << "curve-codesys.txt" << 2;
     QTest::newRow("free format, tab and decimal comma") << "curve-free-tab.txt" << 3;
 }
@@ -417,10 +400,8 @@ void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
     QFETCH(QString, file);
     QFETCH(int, format);
     EditorFixture editor;
-    std::unique_ptr<QWidget> preview(editor.designer->createPreview());
     CamDesignerViewImplementation *window = editor.open();
-    QAction *action = actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"));
-    action->trigger();
+    actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"))->trigger();
     auto *dialog = window->findChild<ExternalCurveImportView *>();
     QVERIFY(dialog && dialog->isVisible());
     QCOMPARE(dialog->windowModality(), Qt::WindowModal);
@@ -444,12 +425,8 @@ void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
         QCOMPARE(stored.at(i).x(), i * 2.5);
         QVERIFY2(std::abs(stored.at(i).y() - exampleCam(i * 2.5)) <= 0.0005 + 1e-9, qPrintable(QString::number(i)));
     }
-    QCOMPARE(static_cast<PreviewView *>(preview.get())->storedCurve()->dataSize(), size_t(145));
-    auto *gridPoints = window->dock(CamDesignerViewImplementation::ParameterDock)->widget();
-    QCOMPARE(static_cast<GridPointParameterView *>(gridPoints)->elementList()->indexes().size(), 145);
-
-    editor.drive.setReadOnly(true);
-    QVERIFY(!action->isEnabled());
+    // The preview and the parameter list follow the stored table in the
+    // random user's test, after its imports too.
     window->close();
 }
 
