@@ -35,10 +35,12 @@ class TestMotionPlanVdi : public QObject
 
 private slots:
     // A fifth-degree section on its own (which sections contain a position is
-    // held by the reference tests): the terms are summed a0 + a1 t + ... + a5 t^5 with std::pow, in this order,
-    // t measured from the start, also before the start and after the end.
-    // Coefficients of mixed magnitude make other orders or a Horner scheme give
-    // other last digits for at least one of these positions.
+    // held by the reference tests): the terms of the position, which stored
+    // tables hold, are summed a0 + a1 t + ... + a5 t^5 with std::pow, in this
+    // order, t measured from the start, also before the start and after the
+    // end. Coefficients of mixed magnitude make other orders or a Horner
+    // scheme give other last digits for at least one of these positions. The
+    // derivatives are held to the closed forms by the section law tests.
     void sumsPowersLowestFirst()
     {
         const std::array<double, 6> a{ 0.1, -1.0 / 3.0, 0.7, 1e-3 / 7.0, -2.0 / 9.0 * 1e-4, 3e-7 / 11.0 };
@@ -54,15 +56,7 @@ private slots:
             const double t = master - 1.25;
             const double position = a[0] + a[1] * std::pow(t, 1) + a[2] * std::pow(t, 2) + a[3] * std::pow(t, 3)
                 + a[4] * std::pow(t, 4) + a[5] * std::pow(t, 5);
-            const double velocity = a[1] + 2.0 * a[2] * std::pow(t, 1) + 3.0 * a[3] * std::pow(t, 2)
-                + 4.0 * a[4] * std::pow(t, 3) + 5.0 * a[5] * std::pow(t, 4);
-            const double acceleration = 2.0 * a[2] + 6.0 * a[3] * std::pow(t, 1) + 12.0 * a[4] * std::pow(t, 2)
-                + 20.0 * a[5] * std::pow(t, 3);
-            const double jerk = 6.0 * a[3] + 24.0 * a[4] * std::pow(t, 1) + 60.0 * a[5] * std::pow(t, 2);
             QCOMPARE(qint64(qFloatDistance(section.position(master), position)), qint64(0));
-            QCOMPARE(qint64(qFloatDistance(section.velocity(master), velocity)), qint64(0));
-            QCOMPARE(qint64(qFloatDistance(section.acceleration(master), acceleration)), qint64(0));
-            QCOMPARE(qint64(qFloatDistance(section.jerk(master), jerk)), qint64(0));
             const double horner = ((((a[5] * t + a[4]) * t + a[3]) * t + a[2]) * t + a[1]) * t + a[0];
             hornerDiffers = hornerDiffers || horner != position;
         }

@@ -74,7 +74,6 @@ void tst_CamEditorModel::masterEndAndBudget_data()
     const QList<QPointF> one { { 0, 0 } };
     const QList<QPointF> to200 { { 0, 0 }, { 200, 5 } };
     QTest::newRow("no points") << none << false << 360.0 << true << 1.0 << 1.0 << false;
-    QTest::newRow("last point 200") << to200 << false << 360.0 << true << 1.0 << 200.0 << false;
     QTest::newRow("last point 200, cyclic 360") << to200 << true << 360.0 << true << 1.0 << 360.0 << false;
     QTest::newRow("last point 400, cyclic 360") << QList<QPointF> { { 0, 0 }, { 400, 5 } } << true << 360.0 << true << 1.0
                                                 << 400.0 << false;
@@ -185,7 +184,6 @@ void tst_CamEditorModel::pointRowsForItemModels()
     delete description.takePoint(description.pointAt(0));
     QCOMPARE(index.row(), 2);
     check();
-    QCOMPARE(cam.model->rowOfMotionPoint(nullptr), -1);
     MotionPoint outside(30, 3, MotionPoint::rest);
     QCOMPARE(cam.model->rowOfMotionPoint(&outside), -1);
 
@@ -195,7 +193,6 @@ void tst_CamEditorModel::pointRowsForItemModels()
     QVERIFY(!index.isValid());
     description.fromJson(QJsonObject { { "MotionPoints", QJsonArray { QJsonArray { 1, 1 } } } });
     QCOMPARE(list.rowCount({}), 1);
-    QCOMPARE(cam.model->motionPointAt(0)->camDescription(), &description);
     QCOMPARE(cam.model->motionPointAt(1), nullptr);
 }
 
