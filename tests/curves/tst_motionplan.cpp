@@ -193,7 +193,6 @@ private slots:
         QTest::newRow("one point") << QVector<double>{ 5.0 } << 1.0 << 16000 << 0;
         // A wanted count not above the motion points only notifies.
         QTest::newRow("count not above the motion points") << QVector<double>{ 0.0, 10.0, 20.0, 30.0 } << 1.0 << 4 << 2;
-        QTest::newRow("negative count") << QVector<double>{ 0.0, 10.0, 20.0, 30.0 } << 1.0 << -3 << 2;
         // The others must end, within the grid point limit.
         QTest::newRow("equal masters, zero step") << QVector<double>{ 5.0, 5.0 } << 0.0 << 16000 << 2;
         QTest::newRow("infinite end") << QVector<double>{ 0.0, inf } << 1.0 << 16000 << 2;

@@ -70,10 +70,8 @@ void tst_CamEditorModel::masterEndAndBudget_data()
     QTest::addColumn<double>("stepSize");
     QTest::addColumn<double>("end");
     QTest::addColumn<bool>("tooMany");
-    const QList<QPointF> none;
     const QList<QPointF> one { { 0, 0 } };
     const QList<QPointF> to200 { { 0, 0 }, { 200, 5 } };
-    QTest::newRow("no points") << none << false << 360.0 << true << 1.0 << 1.0 << false;
     QTest::newRow("last point 200, cyclic 360") << to200 << true << 360.0 << true << 1.0 << 360.0 << false;
     QTest::newRow("last point 400, cyclic 360") << QList<QPointF> { { 0, 0 }, { 400, 5 } } << true << 360.0 << true << 1.0
                                                 << 400.0 << false;
