@@ -265,21 +265,16 @@ void tst_SectionLaws::poly7AndLine()
     // of the quintic plan, met by a polynomial of degree seven.
     PlanPoints general;
     general.add(0, 0, MotionPoint::rest);
-    withLaw(general, 40, 30, MotionPoint::acceleration, MotionPoint::Poly7);
-    withLaw(general, 100, 80, MotionPoint::turningPoint, MotionPoint::Line);
+    general.add(40, 30, MotionPoint::acceleration);
+    general.add(100, 80, MotionPoint::turningPoint);
     general.add(130, 10, MotionPoint::rest);
-    const auto plan = planOf(MotionLaw::Vdi, general);
-    const auto poly5 = planOf(MotionLaw::Vdi, [] {
-        PlanPoints p;
-        p.add(0, 0, MotionPoint::rest);
-        p.add(40, 30, MotionPoint::acceleration);
-        p.add(100, 80, MotionPoint::turningPoint);
-        p.add(130, 10, MotionPoint::rest);
-        return p;
-    }());
+    const auto poly5 = planOf(MotionLaw::Vdi, general);
     const std::array<double, 4> start { 30, poly5->velocity(40), poly5->acceleration(40), 0 };
     const std::array<double, 4> end { 80, 0, poly5->acceleration(100), 0 };
     QVERIFY(start[1] != 0 && start[2] != 0 && end[2] != 0);
+    general.list.at(1)->setSectionLaw(MotionPoint::Poly7);
+    general.list.at(2)->setSectionLaw(MotionPoint::Line);
+    const auto plan = planOf(MotionLaw::Vdi, general);
     compareSection(*plan, 40, 100, [&](double x) { return poly7Section(start, end, 40, 100, x); });
     compareSection(*plan, 100, 130, [](double x) { return Derivatives { 80 - 70 * (x - 100) / 30, -70.0 / 30, 0, 0 }; });
 }

@@ -108,7 +108,6 @@ void tst_CamEditorModel::changedSignals_data()
     QTest::addColumn<int>("change");
     QTest::addColumn<int>("changedSignals");
     QTest::addColumn<int>("rebuilds");
-    QTest::newRow("cyclic flag") << 0 << 1 << 1;
     QTest::newRow("law") << 1 << 2 << 1;
     QTest::newRow("point edited") << 2 << 1 << 1;
     QTest::newRow("point moved") << 3 << 0 << 1;
@@ -131,7 +130,6 @@ void tst_CamEditorModel::changedSignals()
                                { "MotionLaw", "Spline" },
                                { "MotionPoints", QJsonArray { QJsonArray { 0, 5 }, QJsonArray { 45, 1 } } } };
     switch (change) {
-    case 0: cam.description.setCyclic(true); break;
     case 1: cam.description.motionLaw()->setLaw(MotionLaw::Spline); break;
     case 2: point->setFrom(MotionPoint(95, 12, MotionPoint::acceleration)); break;
     case 3: point->setPosition(QPointF(95, 12)); break;
@@ -163,25 +161,17 @@ void tst_CamEditorModel::pointRowsForItemModels()
     CamDescriptionImplementation &description = cam.description;
     MotionPoint *followed = description.pointAt(20);
     QPersistentModelIndex index = list.index(2, 0);
-    const auto check = [&] {
-        for (int row = 0; row < cam.model->motionPointCount(); ++row)
-            QCOMPARE(cam.model->rowOfMotionPoint(cam.model->motionPointAt(row)), row);
-        QCOMPARE(cam.model->motionPointAt(index.row()), followed);
-    };
 
     description.appendPoint(new MotionPoint(5, 0, MotionPoint::rest));
     QCOMPARE(index.row(), 3);
-    check();
     followed->setFrom(MotionPoint(7, 3, MotionPoint::speed));
     QCOMPARE(index.row(), 2);
-    check();
     followed->setPosition(QPointF(30, 3));
     QCOMPARE(index.row(), 3);
-    check();
     followed->setTypeByIndex(2);
     delete description.takePoint(description.pointAt(0));
     QCOMPARE(index.row(), 2);
-    check();
+    QCOMPARE(cam.model->rowOfMotionPoint(followed), 2);
     MotionPoint outside(30, 3, MotionPoint::rest);
     QCOMPARE(cam.model->rowOfMotionPoint(&outside), -1);
 

@@ -213,8 +213,6 @@ void tst_ModelValues::jsonDifference_data()
     QTest::newRow("array element changed, array grows") << QByteArray(R"({"P": [[0, 0, "rest"], [10, 5, "rest"]]})")
                                                         << QByteArray(R"({"P": [[0, 0, "rest"], [10, 6, "rest"], 1]})")
                                                         << QStringList { "P, 1, 1: changed from 5 to 6", "P, 2: created" };
-    QTest::newRow("type change") << QByteArray(R"({"a": "1"})") << QByteArray(R"({"a": 1})")
-                                 << QStringList { "a: changed from 1 to 1" };
 }
 
 void tst_ModelValues::jsonDifference()
