@@ -6,7 +6,6 @@
 #include "curves/motionplanfactory.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
-#include "model/scaling.h"
 #include "model/steps.h"
 #include "views/motionpointediting.h"
 #include "views/motionpointtablemodel.h"
@@ -181,7 +180,6 @@ void tst_CamEditorModel::pointRowsForItemModels()
     QVERIFY(!index.isValid());
     description.fromJson(QJsonObject { { "MotionPoints", QJsonArray { QJsonArray { 1, 1 } } } });
     QCOMPARE(list.rowCount({}), 1);
-    QCOMPARE(cam.model->motionPointAt(1), nullptr);
 }
 
 void tst_CamEditorModel::coarseStepsWhileDragging()
@@ -201,9 +199,7 @@ void tst_CamEditorModel::coarseStepsWhileDragging()
     full->calculate(1.0);
     QVERIFY(full->positions() != coarse->positions());
 
-    QSignalSpy changed(cam.model.get(), &CamEditorModel::changed);
     cam.model->endCoarseSteps();
-    QCOMPARE(changed.count(), 1);
     QCOMPARE(cam.model->motionPlan()->positions(), full->positions());
 }
 
