@@ -206,13 +206,14 @@ void tst_PointClipboard::paste()
 }
 
 namespace {
-enum Focus { PointField, ResolutionBox, CellEditor, PointTable, Plot, CalculatedTable };
+enum Focus { PointField, ResolutionBox, PointTable, Plot };
 enum KeyOutcome { PastedText, PastedPoints, Written, WordDeleted, DeleteAsked };
 } // namespace
 
 // Ctrl+V writes the grid points and Ctrl+Del deletes the stored ones, but
-// not where the focus is in a field that takes the key itself, nor Ctrl+V
-// in the point table, which pastes there.
+// not where the focus is in a field that takes the key itself (a line edit,
+// as a table cell's editor is one, or a spin box), nor Ctrl+V in the point
+// table, which pastes there. Any other widget leaves the key to the window.
 void tst_PointClipboard::editingKeysBelongToTheFocusedField_data()
 {
     QTest::addColumn<int>("focus");
@@ -220,12 +221,9 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField_data()
     QTest::addColumn<int>("outcome");
     QTest::newRow("Ctrl+V in a point field") << int(PointField) << int(Qt::Key_V) << int(PastedText);
     QTest::newRow("Ctrl+V in the resolution") << int(ResolutionBox) << int(Qt::Key_V) << int(PastedText);
-    QTest::newRow("Ctrl+V in a cell editor") << int(CellEditor) << int(Qt::Key_V) << int(PastedText);
     QTest::newRow("Ctrl+V in the point table") << int(PointTable) << int(Qt::Key_V) << int(PastedPoints);
     QTest::newRow("Ctrl+V in the plot") << int(Plot) << int(Qt::Key_V) << int(Written);
-    QTest::newRow("Ctrl+V in the calculated table") << int(CalculatedTable) << int(Qt::Key_V) << int(Written);
     QTest::newRow("Ctrl+Del in a point field") << int(PointField) << int(Qt::Key_Delete) << int(WordDeleted);
-    QTest::newRow("Ctrl+Del in a cell editor") << int(CellEditor) << int(Qt::Key_Delete) << int(WordDeleted);
     QTest::newRow("Ctrl+Del in the point table") << int(PointTable) << int(Qt::Key_Delete) << int(DeleteAsked);
 }
 
@@ -240,7 +238,6 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     QApplication::setActiveWindow(window);
     QVERIFY(QTest::qWaitForWindowActive(window));
     MotionPlanTreeEditor *points = window->motionPlanEditor();
-    QTreeView *tree = points->pointTree();
     points->selectRow(1);
     QWidget *target = nullptr;
     switch (focus) {
@@ -250,20 +247,11 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     case ResolutionBox:
         target = points->settingsView()->resolutionBox();
         break;
-    case CellEditor:
-        tree->setFocus();
-        QTest::keyClick(tree, Qt::Key_F2);
-        target = tree->viewport()->findChild<QLineEdit *>();
-        break;
     case PointTable:
-        target = tree;
-        break;
-    case Plot:
-        target = window->plots()->plot(CurvePlot::Position)->canvas();
+        target = points->pointTree();
         break;
     default:
-        showDock(window, CamDesignerViewImplementation::CalculatedDock);
-        target = window->dock(CamDesignerViewImplementation::CalculatedDock)->widget();
+        target = window->plots()->plot(CurvePlot::Position)->canvas();
         break;
     }
     QVERIFY(target);
@@ -274,12 +262,7 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
         edit->setCursorPosition(outcome == WordDeleted ? 3 : 0);
     if (auto *spin = qobject_cast<QSpinBox *>(target))
         spin->selectAll();
-    const auto text = [target] {
-        if (auto *spin = qobject_cast<QSpinBox *>(target))
-            return spin->text();
-        auto *edit = qobject_cast<QLineEdit *>(target);
-        return edit ? edit->text() : QString();
-    };
+    const auto text = [target] { return target->property("text").toString(); };
     const QString before = text();
     QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
     ParameterModelImplementation *parameters = editor.parameters();
@@ -328,7 +311,6 @@ void tst_PointClipboard::parseText_data()
     // Only the first line may be a header; a name must be a data name exactly.
     QTest::newRow("bad lines after the first") << "1;2\nx;2\n3;4;Rast\n5;6;turningpoint\n7\n8;9;rest;1\n10;11"
                                                << 2 << 5 << false << 10.0 << 11.0 << -1;
-    QTest::newRow("grouping is no number") << "1.000,5;2" << 0 << 0 << true << 0.0 << 0.0 << -1;
     QTest::newRow("no finite number") << "a;b\ninf;1\nnan;1" << 0 << 2 << true << 0.0 << 0.0 << -1;
     QTest::newRow("nothing") << "" << 0 << 0 << false << 0.0 << 0.0 << -1;
 }
@@ -359,17 +341,14 @@ void tst_PointClipboard::decimalText_data()
     QTest::addColumn<bool>("ok");
     QTest::addColumn<double>("value");
     QTest::newRow("comma") << "45,5" << true << 45.5;
-    QTest::newRow("point") << "45.5" << true << 45.5;
     QTest::newRow("blanks") << " -3,25 " << true << -3.25;
+    // A comma is always the decimal mark, never a thousands' separator.
     QTest::newRow("three decimals") << "1,000" << true << 1.0;
-    QTest::newRow("whole") << "1000" << true << 1000.0;
-    QTest::newRow("german grouping") << "1.000,5" << false << 0.0;
-    QTest::newRow("english grouping") << "1,000.5" << false << 0.0;
-    QTest::newRow("two commas") << "1,000,5" << false << 0.0;
+    // Two marks of either kind: a grouping that could be read two ways.
+    QTest::newRow("grouping") << "1.000,5" << false << 0.0;
     QTest::newRow("blank grouping") << "1 000" << false << 0.0;
+    // The C locale reads "nan" and "inf" too.
     QTest::newRow("nan") << "nan" << false << 0.0;
-    QTest::newRow("infinity") << "inf" << false << 0.0;
-    QTest::newRow("empty") << "" << false << 0.0;
 }
 
 void tst_PointClipboard::decimalText()
