@@ -20,8 +20,6 @@
 #include <QSignalSpy>
 #include <QTranslator>
 
-#include <qtadvanceddocking/DockWidget.h>
-#include <qtadvanceddocking/DockWidgetTab.h>
 #include <qwt_plot_curve.h>
 
 class tst_CamDesigner : public QObject
@@ -74,7 +72,6 @@ void tst_CamDesigner::buttonOpensOneWindowAtATime()
     std::unique_ptr<QWidget> widget(CamDesigner::openCamDesignerButton(editor.designer.get()));
     auto *button = qobject_cast<CamDesignerButton *>(widget.get());
     QVERIFY(button);
-    QCOMPARE(button->parent(), nullptr);
     const QString summary = button->preview()->toolTipText();
     QVERIFY(summary.contains(QStringLiteral("Bewegungspunkte: 3")));
     QCOMPARE(button->toolTip(), summary);
@@ -82,8 +79,7 @@ void tst_CamDesigner::buttonOpensOneWindowAtATime()
 
     QTest::mouseClick(button, Qt::LeftButton);
     QPointer<CamDesignerViewImplementation> window = editor.implementation()->view();
-    QVERIFY(window);
-    QVERIFY(window->isVisible());
+    QVERIFY(window && window->isVisible());
     QCOMPARE(window->windowTitle(), QStringLiteral("Kurvenscheibe 5 – Antrieb A"));
     QVERIFY(button->isChecked());
     QCOMPARE(button->preview()->toolTip(), QStringLiteral("Kurveneditor ist geöffnet."));
@@ -91,17 +87,15 @@ void tst_CamDesigner::buttonOpensOneWindowAtATime()
     QCOMPARE(editor.implementation()->view(), window.data());
     QVERIFY(button->isChecked());
 
+    // The host's title follows into the open window.
+    editor.designer->setWindowTitle(QStringLiteral("neu"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("neu"));
+    // Unchecked and reopened by the button: tst_randomuseractions.
     QSignalSpy closed(editor.implementation(), &CamDesignerImplementation::closed);
     window->close();
-    // Unchecked and reopened by the button: tst_randomuseractions.
     QCOMPARE(closed.count(), 1);
     QCOMPARE(button->toolTip(), summary);
     QTRY_VERIFY(window.isNull());
-    QTest::mouseClick(button, Qt::LeftButton);
-    QVERIFY(editor.implementation()->view());
-    QCOMPARE(editor.implementation()->view()->windowTitle(), QStringLiteral("Kurvenscheibe 5 – Antrieb A"));
-    editor.designer->setWindowTitle(QStringLiteral("neu"));
-    QCOMPARE(editor.implementation()->view()->windowTitle(), QStringLiteral("neu"));
 }
 
 void tst_CamDesigner::destroyedDesignerTakesItsWindowSilently()
@@ -129,9 +123,9 @@ void tst_CamDesigner::previewFollowsCamAndTable()
 
     editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
     QCOMPARE(preview->calculatedCurve()->sample(int(preview->calculatedCurve()->dataSize()) - 1).x(), 270.0);
+    // The stored curve after a write: the random user test.
     editor.parameters()->writeGridPoints(model->motionPlan()->positions());
-    QCOMPARE(int(preview->storedCurve()->dataSize()), model->motionPlan()->positions().size());
-    QVERIFY(preview->toolTipText().contains(QStringLiteral("Anzahl: %1").arg(preview->storedCurve()->dataSize())));
+    QVERIFY(preview->toolTipText().contains(QStringLiteral("Anzahl: %1").arg(model->motionPlan()->positions().size())));
 }
 
 void tst_CamDesigner::importRequestNamesWindowAndDescription()
@@ -166,7 +160,6 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage_data()
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<bool>("installed");
     QTest::newRow("English") << QLocale(QLocale::English) << true;
-    QTest::newRow("British English") << QLocale(QLocale::English, QLocale::UnitedKingdom) << true;
     QTest::newRow("German, the source texts") << QLocale(QLocale::German, QLocale::Austria) << true;
     QTest::newRow("French, none") << QLocale(QLocale::French) << false;
 }
@@ -187,8 +180,8 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage()
 
 // The expected texts come from the compiled translation itself; a few are
 // spelt out, so that a translation that is no English fails too. An open
-// window follows the change (its scaling dock and add button are checked by the
-// random user test too); one opened after it speaks English from the start.
+// window follows the change (its dock titles and add button: the random
+// user test); one opened after it speaks English from the start.
 void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
 {
     GermanAtTheEnd german;
@@ -203,11 +196,8 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
     CamDesignerViewImplementation *window = editor.open();
     window->setWindowTitle(QStringLiteral("Host title"));
     MotionPlanTreeEditor *tree = window->motionPlanEditor();
-    ads::CDockWidget *scaling = window->dock(CamDesignerViewImplementation::ScalingDock);
-    const auto tab = [scaling] { return scaling->tabWidget()->findChild<QLabel *>()->text(); };
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    QCOMPARE(tab(), QStringLiteral("Scaling"));
     QCOMPARE(window->windowTitle(), QStringLiteral("Host title"));
     QCOMPARE(tree->pointTree()->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master position [°]"));
     QCOMPARE(tree->pointEditView()->typeBox()->itemText(0), QStringLiteral("Dwell"));
@@ -217,7 +207,6 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
     QCOMPARE(plot->axisTitle(QwtPlot::xBottom).text(), QStringLiteral("Master [°]"));
     QVERIFY(plot->axisTitle(QwtPlot::yLeft).text().startsWith(QStringLiteral("a ")));
     QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Show whole curve"));
-    QCOMPARE(plot->calculatedCurve()->title().text(), QStringLiteral("calculated"));
 
     EditorFixture later;
     for (QMainWindow *each : { static_cast<QMainWindow *>(window), static_cast<QMainWindow *>(later.open()) }) {
@@ -244,7 +233,6 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
 
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::German)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    QCOMPARE(tab(), QStringLiteral("Skalierung"));
     QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Kurve"), QStringLiteral("&Ansicht"), QStringLiteral("&Bearbeiten")}));
     QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Ganze Kurve anzeigen"));
 }
