@@ -215,8 +215,7 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
         QVERIFY2(camMenu.contains(english("CamDesignerView", "&Kurvendefinitionsdaten exportieren")), qPrintable(camMenu.join(", ")));
         QVERIFY(camMenu.contains(QStringLiteral("&Close")));
         const QStringList viewMenu = menuTexts(each, QStringLiteral("&View"));
-        for (const char *dock : {"Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Kurvenscheibe"})
-            QVERIFY2(viewMenu.contains(english("CamDesignerViewImplementation", dock)), dock);
+        QVERIFY(viewMenu.contains(english("CamDesignerViewImplementation", "Stützstellen berechnet")));
         QVERIFY(viewMenu.contains(QStringLiteral("Grid point parameters")));
         QVERIFY(actionNamed(each, QStringLiteral("&Undo")));
     }

@@ -301,17 +301,13 @@ void tst_PointClipboard::parseText_data()
     QTest::newRow("tabs, points, header, types")
         << "Master-Position [°]\tSlave-Position [mm]\tSegmenttyp\n0.000\t0.000\trest\n90.5\t40.25\tturningPoint\n"
         << 2 << 0 << true << 90.5 << 40.25 << int(MotionPoint::turningPoint);
+    // Without a tab the semicolon separates; the cells are trimmed.
     QTest::newRow("semicolons, decimal commas, no header")
-        << "10,5;-2,75\r\n20;3" << 2 << 0 << false << 20.0 << 3.0 << -1;
-    QTest::newRow("tabs with decimal commas") << "1,5\t2,5\tacceleration" << 1 << 0 << false << 1.5 << 2.5
-                                              << int(MotionPoint::acceleration);
+        << "10,5;-2,75\r\n20; 3 ; speed " << 2 << 0 << false << 20.0 << 3.0 << int(MotionPoint::speed);
     QTest::newRow("blank lines and a trailing separator") << "\n1;2;\n\n3;4\n\n" << 2 << 0 << false << 3.0 << 4.0 << -1;
-    QTest::newRow("spaces around cells") << " 1 \t 2 \t speed " << 1 << 0 << false << 1.0 << 2.0
-                                         << int(MotionPoint::speed);
     // Only the first line may be a header; a name must be a data name exactly.
     QTest::newRow("bad lines after the first") << "1;2\nx;2\n3;4;Rast\n5;6;turningpoint\n7\n8;9;rest;1\n10;11"
                                                << 2 << 5 << false << 10.0 << 11.0 << -1;
-    QTest::newRow("no finite number") << "a;b\ninf;1\nnan;1" << 0 << 2 << true << 0.0 << 0.0 << -1;
     QTest::newRow("nothing") << "" << 0 << 0 << false << 0.0 << 0.0 << -1;
 }
 
