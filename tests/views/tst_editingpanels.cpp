@@ -147,7 +147,6 @@ void tst_EditingPanels::commands_data()
         p.tree->selectRow(0);
         type(p.point->masterEdit(), "4,5");
     }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [4.500;0.000;Rast]" << "[4.5,0,\"rest\",{\"law\":\"Cycloid\"}]";
-    QTest::newRow("cycle time") << cyclic << Action([](Panels &p) { type(p.scaling->cycleTimeEdit(), "0,25 s"); }) << "Ändere Zykluszeit von 1 zu 0.25" << "cycle=0.25";
 }
 
 void tst_EditingPanels::commands()
@@ -157,8 +156,6 @@ void tst_EditingPanels::commands()
     QFETCH(QString, undoText);
     QFETCH(QString, after);
     Panels panels(cam.constData());
-    // Revolutions per minute need the cycle time: every scaling field applies.
-    panels.model()->scaling()->setVelocityScaling(Scaling::RpmOutput);
     MessageCapture messages;
     const QString before = state(panels.editor);
     action(panels);

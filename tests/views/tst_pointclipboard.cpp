@@ -99,7 +99,6 @@ void tst_PointClipboard::copyMotionPoints()
     MessageCapture messages;
     editor.description->loadWithUndo(parseJson(R"({"MotionPoints": []})"), QStringLiteral("leer"));
     typeKey(tree, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(messages.count(), 0);
     QCOMPARE(editor.state(), copied);
     QCOMPARE(window->undoStack()->text(window->undoStack()->count() - 1), QStringLiteral("Füge 3 Bewegungspunkte ein"));
 }
@@ -239,22 +238,9 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     QVERIFY(QTest::qWaitForWindowActive(window));
     MotionPlanTreeEditor *points = window->motionPlanEditor();
     points->selectRow(1);
-    QWidget *target = nullptr;
-    switch (focus) {
-    case PointField:
-        target = points->pointEditView()->masterEdit();
-        break;
-    case ResolutionBox:
-        target = points->settingsView()->resolutionBox();
-        break;
-    case PointTable:
-        target = points->pointTree();
-        break;
-    default:
-        target = window->plots()->plot(CurvePlot::Position)->canvas();
-        break;
-    }
-    QVERIFY(target);
+    QWidget *const targets[] = { points->pointEditView()->masterEdit(), points->settingsView()->resolutionBox(),
+                                 points->pointTree(), window->plots()->plot(CurvePlot::Position)->canvas() };
+    QWidget *target = targets[focus];
     target->setFocus();
     QCOMPARE(QApplication::focusWidget(), target);
     // A word deleted from "90.000" leaves "90.", the point's own master.
@@ -265,22 +251,16 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     const auto text = [target] { return target->property("text").toString(); };
     const QString before = text();
     QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
-    ParameterModelImplementation *parameters = editor.parameters();
-    const int stored = parameters->storedGridPoints().size();
-    const int commands = window->undoStack()->count();
 
     QTest::keyClick(target, Qt::Key(key), Qt::ControlModifier);
     const QString after = text();  // before a focus change may finish the edit
     QCoreApplication::processEvents();
 
-    const bool written = parameters->storedGridPoints().size() != stored;
+    // The box asking to delete: tst_camdesignerview; the paste's undo text: copyMotionPoints.
+    const bool written = !editor.parameters()->storedGridPoints().isEmpty();
     QCOMPARE(written, outcome == Written);
     QCOMPARE(messages.count(), outcome == DeleteAsked ? 1 : 0);
-    if (outcome == DeleteAsked)
-        QCOMPARE(messages.last().title, QStringLiteral("Stützstellen Parameter löschen."));
-    QCOMPARE(window->undoStack()->count(), commands + (outcome == PastedPoints ? 1 : 0));
-    if (outcome == PastedPoints)
-        QCOMPARE(window->undoStack()->text(commands), QStringLiteral("Füge 1 Bewegungspunkte ein"));
+    QCOMPARE(window->undoStack()->count(), outcome == PastedPoints ? 1 : 0);
     if (outcome == PastedText)
         QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
     if (outcome == WordDeleted)
