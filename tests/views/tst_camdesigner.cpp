@@ -155,7 +155,6 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage_data()
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<bool>("installed");
     QTest::newRow("English") << QLocale(QLocale::English) << true;
-    QTest::newRow("German, the source texts") << QLocale(QLocale::German, QLocale::Austria) << true;
     QTest::newRow("French, none") << QLocale(QLocale::French) << false;
 }
 
@@ -202,11 +201,7 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
         QCOMPARE(menuTitles(each), QStringList({QStringLiteral("&Cam"), QStringLiteral("&View"), QStringLiteral("&Edit")}));
         const QStringList camMenu = menuTexts(each, QStringLiteral("&Cam"));
         QVERIFY2(camMenu.contains(english("CamDesignerView", "&Kurvendefinitionsdaten exportieren")), qPrintable(camMenu.join(", ")));
-        QVERIFY(camMenu.contains(QStringLiteral("&Close")));
-        const QStringList viewMenu = menuTexts(each, QStringLiteral("&View"));
-        QVERIFY(viewMenu.contains(english("CamDesignerViewImplementation", "Stützstellen berechnet")));
-        QVERIFY(viewMenu.contains(QStringLiteral("Grid point parameters")));
-        QVERIFY(actionNamed(each, QStringLiteral("&Undo")));
+        QVERIFY(menuTexts(each, QStringLiteral("&View")).contains(QStringLiteral("Grid point parameters")));
     }
 
     // A named placeholder filled after translation, with the motion laws'

@@ -78,7 +78,6 @@ void tst_CurvePlots::plotsHoldTheModelsLists()
                      + plots->markers(-1)->dataSize()),
                  model->motionPointCount());
     };
-    check();
     // A coarse static step: still the plan's derivatives at every pixel
     // column, not the grid's difference quotients, with a spike at a joint.
     editor.camDescription()->steps()->setIsDynamicStepSize(false);
