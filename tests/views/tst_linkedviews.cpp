@@ -14,14 +14,12 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <QTreeView>
 
 #include <qwt_plot_curve.h>
 #include <qwt_plot_picker.h>
-#include <qwt_scale_div.h>
 #include <qwt_text.h>
 
 #include <cmath>
@@ -135,8 +133,6 @@ void tst_LinkedViews::tableSelectionRingsTheMarkers()
         QCOMPARE(ring->dataSize(), size_t(1));
         QCOMPARE(ring->sample(0).x(), 180.0);
     }
-    QCOMPARE(e.plots->highlight(CurvePlot::Velocity)->sample(0).y(),
-             e.model->motionPlan()->velocity(180.0) * e.plots->valueFactor(CurvePlot::Velocity));
 }
 
 // A move held by its neighbours or the circular length, its undo and Escape
@@ -234,9 +230,6 @@ void tst_LinkedViews::insertKeepsCurve()
     const double largest = largestChange(gridBefore, *e.model->motionPlan());
     QVERIFY2(largest <= InsertShareOfStroke * gridBefore.boundingRect().height(), qPrintable(QString::number(largest)));
     QCOMPARE(e.plots->lastInsertDeviation(), largest);
-    // Said in the status bar.
-    QVERIFY2(e.window->statusBar()->currentMessage().contains(QLocale().toString(largest, 'g', 3)),
-             qPrintable(e.window->statusBar()->currentMessage()));
     const QPointF inserted = e.model->motionPointAt(e.window->motionPlanEditor()->currentRow())->position();
     e.window->undoStack()->undo();
 
@@ -271,9 +264,6 @@ void tst_LinkedViews::removeFromContextMenu()
 {
     Editor e;
     QWidget *canvas = e.position->canvas();
-    // Off every marker the removal is offered disabled.
-    QVERIFY(!chooseFromContextMenu(canvas, pixel(e.position, 45, 5), QStringLiteral("Bewegungspunkt entfernen")));
-    QCOMPARE(e.window->undoStack()->count(), 0);
     // A few pixels beside the marker still takes it.
     QVERIFY(chooseFromContextMenu(canvas, pixel(e.position, 90, 40) + QPoint(3, -2),
                                   QStringLiteral("Bewegungspunkt entfernen")));
@@ -313,7 +303,6 @@ void tst_LinkedViews::measuringCursors()
         QCOMPARE(overlay->cursors().value(1).master, second);
     const MotionPlan *plan = e.model->motionPlan();
     const QString text = box->text();
-    QVERIFY2(text.contains(QString::number(second - first, 'f', 3)), qPrintable(text));
     QVERIFY2(text.contains(QString::number(plan->position(second) - plan->position(first), 'f', 3)), qPrintable(text));
     QVERIFY2(text.contains(QString::number(plan->velocity(first), 'g', 6)), qPrintable(text));
     // The stored table, between its points, lies on the calculated curve.
@@ -356,11 +345,6 @@ void tst_LinkedViews::timeAxis()
     QVERIFY(factor != 1.0);
     const QPointF sample = velocity->calculatedCurve()->sample(7);
     QCOMPARE(sample.y(), e.model->motionPlan()->velocity(sample.x()) * factor);
-    // Ticks on round seconds.
-    for (double tick : lowest->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick)) {
-        const double seconds = tick / 180.0;
-        QVERIFY2(std::abs(seconds * 10.0 - std::round(seconds * 10.0)) < 1e-9, qPrintable(QString::number(seconds)));
-    }
     MeasuringTool *tool = e.plots->measuringTool();
     tool->setActive(true);
     tool->placeAt(90.0);
