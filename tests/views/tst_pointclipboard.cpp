@@ -83,7 +83,6 @@ void tst_PointClipboard::copyMotionPoints()
     QTreeView *tree = window->motionPlanEditor()->pointTree();
     selectRows(tree, { 0, 2 });
     typeKey(tree, Qt::Key_C, Qt::ControlModifier);
-    QVERIFY(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Master-Position")));
     QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "180.000\t0.000\trest\tPoly5\t\t" }));
 
     MotionPoint *speed = editor.camDescription()->motionPoints().at(1);
@@ -121,8 +120,6 @@ void tst_PointClipboard::copyGridPointTables()
     showDock(window, CamDesignerViewImplementation::CalculatedDock);
     selectRows(calculated, { 1, 2 });
     typeKey(calculated, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QGuiApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0),
-             QStringLiteral("Master-Position\tSlave-Position"));
     QCOMPARE(copiedRows(), QStringList({ gridRow(1), gridRow(2) }));
 
     auto *storedView = qobject_cast<GridPointParameterView *>(window->dock(CamDesignerViewImplementation::ParameterDock)->widget());
