@@ -78,7 +78,6 @@ void tst_CamDesigner::buttonOpensOneWindowAtATime()
     QCOMPARE(button->preview()->toolTip(), QStringLiteral("Kurveneditor ist geöffnet."));
     QTest::mouseClick(button, Qt::LeftButton);
     QCOMPARE(editor.implementation()->view(), window.data());
-    QVERIFY(button->isChecked());
 
     // The host's title follows into the open window.
     editor.designer->setWindowTitle(QStringLiteral("neu"));
@@ -196,7 +195,6 @@ void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
     // A named placeholder filled after translation, with the motion laws'
     // own English names.
     QComboBox *law = tree->settingsView()->motionLawBox();
-    QCOMPARE(law->currentText(), QStringLiteral("Fifth-degree polynomial"));
     QCOMPARE(law->itemText(1), QStringLiteral("Cubic spline"));
     law->setFocus();
     QTest::keyClick(law, Qt::Key_Down);

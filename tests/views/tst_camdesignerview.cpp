@@ -141,7 +141,6 @@ void tst_CamDesignerView::writeHoldsTheWindow()
     });
     window->writeButton()->click();
     QVERIFY(checked > 0);
-    QVERIFY(window->writeButton()->isEnabled());
 }
 
 // The drive runs a cyclic table round and round: a jump where its end meets
@@ -195,7 +194,6 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     {
         FileAnswer answer(path);
         actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten exportieren"))->trigger();
-        QCOMPARE(answer.requests.size(), 1);
     }
     editor.camDescription()->setCyclic(true);
     {

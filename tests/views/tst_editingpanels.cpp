@@ -77,7 +77,6 @@ struct Panels {
         QVERIFY(QTest::qWaitForWindowActive(window));
     }
     CamEditorModel *model() const { return editor.model(); }
-    QString cell(int row, int column) const { return tree->pointTree()->model()->index(row, column).data().toString(); }
 };
 
 using Action = std::function<void(Panels &)>;
@@ -317,7 +316,6 @@ void tst_EditingPanels::changesElsewhereShowInEveryPanel()
         "y"));
     QCOMPARE(panels.tree->currentRow(), 1);
     QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("10.000"));
-    QCOMPARE(panels.cell(2, 0), QStringLiteral("300.000"));
     panels.stack->undo();
     QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("40.000"));
     QCOMPARE(pushes.count(), 2);  // the push and the undo only
@@ -375,7 +373,6 @@ void tst_EditingPanels::cyclicCamKeepsEveryPointInsideTheCycle()
     QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
              QStringLiteral("Die Master-Position 400.000 ° liegt nicht unterhalb der Umlauflänge 360.000 ° der "
                             "zyklischen Kurvenscheibe."));
-    QVERIFY(!table->index(1, 0).data(Qt::DecorationRole).isValid());
     panels.tree->selectRow(2);
     type(panels.point->slaveEdit(), "5");
     QCOMPARE(messages.count(), 2);
