@@ -109,9 +109,3 @@ inline QVector<QPointF> curvePoints(int count, double step = 0.5)
     }
     return points;
 }
-
-// The native form the drive keeps of a position with three decimal places.
-inline QByteArray nativeOf(double position)
-{
-    return QByteArray::number(static_cast<qlonglong>(std::llround(std::round(position * 1000.0))));
-}

@@ -16,10 +16,12 @@ struct CamToolResult {
     QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
 };
 
-inline CamToolResult runCamTool(const QString &program, const QStringList &arguments)
+#ifdef CAMTOOL_PATH
+// The tool the test was built against (its path is given by the build).
+inline CamToolResult camtool(const QStringList &arguments)
 {
     QProcess process;
-    process.start(program, arguments);
+    process.start(QStringLiteral(CAMTOOL_PATH), arguments);
     CamToolResult result;
     if (!process.waitForFinished(120000)) {
         process.kill();
@@ -30,12 +32,5 @@ inline CamToolResult runCamTool(const QString &program, const QStringList &argum
     result.out = process.readAllStandardOutput();
     result.err = process.readAllStandardError();
     return result;
-}
-
-#ifdef CAMTOOL_PATH
-// The tool the test was built against (its path is given by the build).
-inline CamToolResult camtool(const QStringList &arguments)
-{
-    return runCamTool(QStringLiteral(CAMTOOL_PATH), arguments);
 }
 #endif

@@ -33,13 +33,14 @@
 struct EditorFixture {
     static constexpr unsigned short Table = 5;
     static constexpr int LivingSpace = 1;
+    static constexpr const char *DefaultCam = R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
 
     QTemporaryDir settingsDirectory;
     MxSimulation::SimulatedDrive drive { 2 };
     std::unique_ptr<CamDescription> description;
     std::unique_ptr<CamDesigner> designer;
 
-    explicit EditorFixture(const char *cam = R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})")
+    explicit EditorFixture(const char *cam = DefaultCam)
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsDirectory.path());
         description.reset(CamDescription::createCamDescription(nullptr, binaryJsonOf(parseJson(cam))));

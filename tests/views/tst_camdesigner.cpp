@@ -3,25 +3,17 @@
 #include "camdesigner/camdesignerbutton.h"
 #include "plots/curveplotstack.h"
 #include "plots/previewview.h"
-#include "resources/camdesignerresources.h"
 #include "views/camsettingsview.h"
 #include "views/motionplantreeeditor.h"
-#include "views/pointeditview.h"
-#include "views/scalingview.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QTreeView>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTranslator>
 
-#include <qtadvanceddocking/DockWidget.h>
-#include <qtadvanceddocking/DockWidgetTab.h>
 #include <qwt_plot_curve.h>
 
 class tst_CamDesigner : public QObject
@@ -74,34 +66,28 @@ void tst_CamDesigner::buttonOpensOneWindowAtATime()
     std::unique_ptr<QWidget> widget(CamDesigner::openCamDesignerButton(editor.designer.get()));
     auto *button = qobject_cast<CamDesignerButton *>(widget.get());
     QVERIFY(button);
-    QCOMPARE(button->parent(), nullptr);
     const QString summary = button->preview()->toolTipText();
     QVERIFY(summary.contains(QStringLiteral("Bewegungspunkte: 3")));
-    QCOMPARE(button->toolTip(), summary);
     QCOMPARE(button->preview()->toolTip(), summary);
 
     QTest::mouseClick(button, Qt::LeftButton);
     QPointer<CamDesignerViewImplementation> window = editor.implementation()->view();
-    QVERIFY(window);
-    QVERIFY(window->isVisible());
+    QVERIFY(window && window->isVisible());
     QCOMPARE(window->windowTitle(), QStringLiteral("Kurvenscheibe 5 – Antrieb A"));
     QVERIFY(button->isChecked());
     QCOMPARE(button->preview()->toolTip(), QStringLiteral("Kurveneditor ist geöffnet."));
     QTest::mouseClick(button, Qt::LeftButton);
     QCOMPARE(editor.implementation()->view(), window.data());
-    QVERIFY(button->isChecked());
 
+    // The host's title follows into the open window.
+    editor.designer->setWindowTitle(QStringLiteral("neu"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("neu"));
+    // Unchecked and reopened by the button: tst_randomuseractions.
     QSignalSpy closed(editor.implementation(), &CamDesignerImplementation::closed);
     window->close();
-    // Unchecked and reopened by the button: tst_randomuseractions.
     QCOMPARE(closed.count(), 1);
     QCOMPARE(button->toolTip(), summary);
     QTRY_VERIFY(window.isNull());
-    QTest::mouseClick(button, Qt::LeftButton);
-    QVERIFY(editor.implementation()->view());
-    QCOMPARE(editor.implementation()->view()->windowTitle(), QStringLiteral("Kurvenscheibe 5 – Antrieb A"));
-    editor.designer->setWindowTitle(QStringLiteral("neu"));
-    QCOMPARE(editor.implementation()->view()->windowTitle(), QStringLiteral("neu"));
 }
 
 void tst_CamDesigner::destroyedDesignerTakesItsWindowSilently()
@@ -125,13 +111,12 @@ void tst_CamDesigner::previewFollowsCamAndTable()
     QCOMPARE(preview->toolTip(), QStringLiteral("lalalal"));
     CamEditorModel *model = editor.model();
     QCOMPARE(int(preview->calculatedCurve()->dataSize()), model->motionPlan()->positions().size());
-    QCOMPARE(int(preview->storedCurve()->dataSize()), 0);
 
     editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
     QCOMPARE(preview->calculatedCurve()->sample(int(preview->calculatedCurve()->dataSize()) - 1).x(), 270.0);
+    // The stored curve after a write: the random user test.
     editor.parameters()->writeGridPoints(model->motionPlan()->positions());
-    QCOMPARE(int(preview->storedCurve()->dataSize()), model->motionPlan()->positions().size());
-    QVERIFY(preview->toolTipText().contains(QStringLiteral("Anzahl: %1").arg(preview->storedCurve()->dataSize())));
+    QVERIFY(preview->toolTipText().contains(QStringLiteral("Anzahl: %1").arg(model->motionPlan()->positions().size())));
 }
 
 void tst_CamDesigner::importRequestNamesWindowAndDescription()
@@ -166,8 +151,6 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage_data()
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<bool>("installed");
     QTest::newRow("English") << QLocale(QLocale::English) << true;
-    QTest::newRow("British English") << QLocale(QLocale::English, QLocale::UnitedKingdom) << true;
-    QTest::newRow("German, the source texts") << QLocale(QLocale::German, QLocale::Austria) << true;
     QTest::newRow("French, none") << QLocale(QLocale::French) << false;
 }
 
@@ -185,66 +168,40 @@ void tst_CamDesigner::installTranslatorAnswersPerLanguage()
              english ? QStringLiteral("Dwell") : QStringLiteral("Rast"));
 }
 
-// The expected texts come from the compiled translation itself; a few are
-// spelt out, so that a translation that is no English fails too. An open
-// window follows the change (its scaling dock and add button are checked by the
-// random user test too); one opened after it speaks English from the start.
+// Spelt out, so that a translation that is no English fails too (that every
+// text has one: tst_translations). An open window follows the change (its dock titles and add button: the random
+// user test); one opened after it speaks English from the start.
 void tst_CamDesigner::windowsSpeakTheInstalledLanguage()
 {
     GermanAtTheEnd german;
-    initializeCamDesignerResources();
-    QTranslator reference;
-    QVERIFY(reference.load(QStringLiteral(":/translations/mxcamdesigner_en.qm")));
-    const auto english = [&reference](const char *context, const char *source) {
-        const QString text = reference.translate(context, source);
-        return text.isEmpty() ? QStringLiteral("<no translation of %1>").arg(QLatin1String(source)) : text;
-    };
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     window->setWindowTitle(QStringLiteral("Host title"));
     MotionPlanTreeEditor *tree = window->motionPlanEditor();
-    ads::CDockWidget *scaling = window->dock(CamDesignerViewImplementation::ScalingDock);
-    const auto tab = [scaling] { return scaling->tabWidget()->findChild<QLabel *>()->text(); };
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::English)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    QCOMPARE(tab(), QStringLiteral("Scaling"));
     QCOMPARE(window->windowTitle(), QStringLiteral("Host title"));
-    QCOMPARE(tree->pointTree()->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Master position [°]"));
-    QCOMPARE(tree->pointEditView()->typeBox()->itemText(0), QStringLiteral("Dwell"));
-    QCOMPARE(window->scalingView()->masterAxisBox()->itemText(1), QStringLiteral("Cycle time"));
-    QVERIFY(tree->settingsView()->gridPointCountLabel()->text().startsWith(QStringLiteral("gives ")));
-    const CurvePlot *plot = window->plots()->plot(CurvePlot::Acceleration);
-    QCOMPARE(plot->axisTitle(QwtPlot::xBottom).text(), QStringLiteral("Master [°]"));
-    QVERIFY(plot->axisTitle(QwtPlot::yLeft).text().startsWith(QStringLiteral("a ")));
+    // One text of the plots; every panel's are in the .ts test's complete file.
     QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Show whole curve"));
-    QCOMPARE(plot->calculatedCurve()->title().text(), QStringLiteral("calculated"));
 
     EditorFixture later;
     for (QMainWindow *each : { static_cast<QMainWindow *>(window), static_cast<QMainWindow *>(later.open()) }) {
         QCOMPARE(menuTitles(each), QStringList({QStringLiteral("&Cam"), QStringLiteral("&View"), QStringLiteral("&Edit")}));
         const QStringList camMenu = menuTexts(each, QStringLiteral("&Cam"));
-        QVERIFY2(camMenu.contains(english("CamDesignerView", "&Kurvendefinitionsdaten exportieren")), qPrintable(camMenu.join(", ")));
-        QVERIFY(camMenu.contains(QStringLiteral("&Close")));
-        const QStringList viewMenu = menuTexts(each, QStringLiteral("&View"));
-        for (const char *dock : {"Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Kurvenscheibe"})
-            QVERIFY2(viewMenu.contains(english("CamDesignerViewImplementation", dock)), dock);
-        QVERIFY(viewMenu.contains(QStringLiteral("Grid point parameters")));
-        QVERIFY(actionNamed(each, QStringLiteral("&Undo")));
+        QVERIFY2(camMenu.contains(QStringLiteral("&Export cam definition data")), qPrintable(camMenu.join(", ")));
+        QVERIFY(menuTexts(each, QStringLiteral("&View")).contains(QStringLiteral("Grid point parameters")));
     }
 
     // A named placeholder filled after translation, with the motion laws'
     // own English names.
     QComboBox *law = tree->settingsView()->motionLawBox();
-    QCOMPARE(law->currentText(), QStringLiteral("Fifth-degree polynomial"));
-    QCOMPARE(law->itemText(1), english("MotionLaw", "Kubischer Spline"));
+    QCOMPARE(law->itemText(1), QStringLiteral("Cubic spline"));
     law->setFocus();
     QTest::keyClick(law, Qt::Key_Down);
-    QCOMPARE(window->undoStack()->count(), 1);
     QCOMPARE(window->undoStack()->text(0), QStringLiteral("Change motion law from Fifth-degree polynomial -> Cubic spline"));
 
     QVERIFY(CamDesigner::installTranslator(QLocale(QLocale::German)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-    QCOMPARE(tab(), QStringLiteral("Skalierung"));
     QCOMPARE(menuTitles(window), QStringList({QStringLiteral("&Kurve"), QStringLiteral("&Ansicht"), QStringLiteral("&Bearbeiten")}));
     QCOMPARE(window->plots()->wholeCurveAction()->text(), QStringLiteral("Ganze Kurve anzeigen"));
 }

@@ -3,14 +3,11 @@
 #include "testfiles.h"
 
 #include "commands/undoview.h"
+#include "plots/curveplotstack.h"
 #include "views/curvereportview.h"
-#include "views/motionplantreeeditor.h"
-#include "views/pointeditview.h"
-#include "views/positionlineedit.h"
 #include "views/windowplacement.h"
 
 #include <QLabel>
-#include <QMenuBar>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QToolBar>
@@ -29,15 +26,11 @@ class tst_CamDesignerView : public QObject
     Q_OBJECT
 private slots:
     void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
-    void actions_data();
-    void actions();
-    void constructionArrangement();
     void layoutPersistsAndResets();
     void reportDockFollowsEditsAndOldLayouts();
     void writeNeedsTwoPointsAndAWritableDrive();
-    void writeStoresTheCalculatedPoints();
-    void writeAsksAboutAJumpAtTheSeam_data();
-    void writeAsksAboutAJumpAtTheSeam();
+    void writeHoldsTheWindow();
+    void writeNamesAJumpAtTheSeam();
     void deleteAsksOfflineAndRefusesOnline();
     void exportAndImportCamFiles();
     void undoOverviewPopsUp();
@@ -46,79 +39,7 @@ private slots:
     void windowFitsTheScreen();
 };
 
-void tst_CamDesignerView::actions_data()
-{
-    QTest::addColumn<QString>("menu");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QKeySequence>("shortcut");
-    QTest::addColumn<QString>("statusTip");
-    const auto row = [](const char *menu, const char *text, const char *keys, const char *tip) {
-        QTest::newRow(text) << QString::fromUtf8(menu) << QString::fromUtf8(text) << QKeySequence(QString::fromUtf8(keys))
-                            << QString::fromUtf8(tip);
-    };
-    row("&Kurve", "&Kurvendefinitionsdaten exportieren", "Ctrl+E", "Kurvendefinitionsdaten in Datei speichern.");
-    row("&Kurve", "&Stützstellentabelle aus Datei importieren", "Ctrl+Alt+I",
-        "Stützstellentabelle aus einer Datei importieren.");
-    row("&Kurve", "Schreibt die berechneten Stützstellen in Parameter", "Ctrl+V", "Schreibt Stützstellen in Parameter");
-    row("&Kurve", "Entfernt Stützstellen aus Parametern (nur offline)", "Ctrl+Del", "Entfernt Stützstellen ");
-    row("&Kurve", "&Kurvendefinitionsdaten aus Projekt importieren", "Alt+I",
-        "Kurvendefinitionsdaten aus anderem Antriebsregler importieren.");
-    row("&Kurve", "&Kurvendefinitionsdaten aus Datei importieren", "Ctrl+I", "Kurvendefinitionsdaten aus Datei importieren.");
-    row("&Ansicht", "Zurücksetzen", "", "");
-    row("&Bearbeiten", "&Rückgängig", "Ctrl+Z", "");
-    row("&Bearbeiten", "Rückgängig Übersicht", "", "");
-    row("&Bearbeiten", "Wiederholen", "Ctrl+Y", "");
-    row("", "&Bewegungsplan ein-/ausblenden", "Shift+P", "");
-    row("", "&Geschwindigkeit ein-/ausblenden", "Shift+V", "");
-    // Both on Shift+A: kept as it always was.
-    row("", "&Beschleunigung ein-/ausblenden", "Shift+A", "");
-    row("", "&Ruck ein-/ausblenden", "Shift+A", "");
-}
-
-void tst_CamDesignerView::actions()
-{
-    QFETCH(QString, menu);
-    QFETCH(QString, text);
-    QFETCH(QKeySequence, shortcut);
-    QFETCH(QString, statusTip);
-    EditorFixture editor;
-    CamDesignerViewImplementation *window = editor.open();
-    QAction *action = actionNamed(window, text);
-    QVERIFY(action);
-    QCOMPARE(action->shortcut(), shortcut);
-    QCOMPARE(action->statusTip(), statusTip);
-    if (!menu.isEmpty()) {
-        QMenu *owner = nullptr;
-        for (QAction *entry : window->menuBar()->actions()) {
-            if (entry->text() == menu)
-                owner = entry->menu();
-        }
-        QVERIFY(owner && owner->actions().contains(action));
-    }
-}
-
-// Empty settings: the docks of construction, three plots shown, jerk hidden.
-void tst_CamDesignerView::constructionArrangement()
-{
-    EditorFixture editor;
-    CamDesignerViewImplementation *window = editor.open();
-    const QStringList titles { "Kurvendefinitionsdaten", "Skalierung", "Stützstellen berechnet", "Stützstellen Vergleich",
-                               "Stützstellen Parameter", "Kennwerte", "Kurvenscheibe" };
-    ads::CDockAreaWidget *left = window->dock(CamDesignerViewImplementation::MotionPlanDock)->dockAreaWidget();
-    for (int i = 0; i < CamDesignerViewImplementation::DockCount; ++i) {
-        ads::CDockWidget *dock = window->dock(CamDesignerViewImplementation::Dock(i));
-        QCOMPARE(dock->windowTitle(), titles.at(i));
-        QVERIFY(!dock->isClosed());
-        QCOMPARE(dock->dockAreaWidget() == left, i != CamDesignerViewImplementation::PlotDock);
-        QVERIFY(window->findChild<QMenu *>(QStringLiteral("menuAnsicht"))->actions().contains(dock->toggleViewAction()));
-    }
-    QCOMPARE(left->dockWidgets().indexOf(window->dock(CamDesignerViewImplementation::ParameterDock)), 4);
-    QVERIFY(actionNamed(window, QStringLiteral("&Bewegungsplan ein-/ausblenden"))->isChecked());
-    QVERIFY(actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
-    QVERIFY(actionNamed(window, QStringLiteral("&Beschleunigung ein-/ausblenden"))->isChecked());
-    QVERIFY(!actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
-}
-
+// The plots shown by their actions, the size and the docks come back.
 void tst_CamDesignerView::layoutPersistsAndResets()
 {
     EditorFixture editor;
@@ -132,8 +53,8 @@ void tst_CamDesignerView::layoutPersistsAndResets()
 
     window = editor.open();
     QCOMPARE(window->size(), QSize(700, 500));
-    QVERIFY(actionNamed(window, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
-    QVERIFY(!actionNamed(window, QStringLiteral("&Geschwindigkeit ein-/ausblenden"))->isChecked());
+    QVERIFY(window->plots()->plot(CurvePlot::Jerk)->isVisibleTo(window->plots()));
+    QVERIFY(!window->plots()->plot(CurvePlot::Velocity)->isVisibleTo(window->plots()));
     QVERIFY(window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
     actionNamed(window, QStringLiteral("Zurücksetzen"))->trigger();
     QVERIFY(!window->dock(CamDesignerViewImplementation::ScalingDock)->isClosed());
@@ -153,7 +74,6 @@ void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
     QTRY_COMPARE(sections->model()->rowCount(), 2);
     editor.camDescription()->appendPoint(new MotionPoint(270, 10, MotionPoint::rest));
     QTRY_COMPARE(sections->model()->rowCount(), 3);
-    QCOMPARE(window->reportView()->jointTable()->model()->rowCount(), 2);
     // The sampling limit follows once the edits have settled.
     QTRY_VERIFY(window->reportView()->samplingLabel()->text().contains(QStringLiteral("statische Schrittweite")));
     window->close();
@@ -178,16 +98,12 @@ void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
     QAction *write = actionNamed(window, QStringLiteral("Schreibt die berechneten Stützstellen in Parameter"));
     const QString twoPoints = QStringLiteral("Damit Stützpunkte berechnet werden können, fügen sie den "
                                              "Kurvendefinitionsdaten, mindestens zwei Bewegungspunkte hinzu.");
-    QVERIFY(!write->isEnabled());
-    QVERIFY(!window->writeButton()->isEnabled());
+    // Enabled with the count of points: the random user test, after every step.
     QCOMPARE(write->toolTip(), twoPoints);
     QCOMPARE(window->writeButton()->toolTip(), twoPoints);
 
     editor.camDescription()->appendPoint(new MotionPoint(100, 10, MotionPoint::rest));
-    QVERIFY(write->isEnabled());
-    QVERIFY(window->writeButton()->isEnabled());
     QCOMPARE(window->writeButton()->toolTip(), QString());
-    QVERIFY(write->toolTip() != twoPoints);
 
     // A slave that is not a number (as a binary file may bring it) gives a
     // table the drive cannot take: the controls are off and say why.
@@ -198,86 +114,50 @@ void tst_CamDesignerView::writeNeedsTwoPointsAndAWritableDrive()
     QVERIFY2(write->toolTip().contains(QStringLiteral("keinen endlichen Wert")), qPrintable(write->toolTip()));
     QCOMPARE(window->writeButton()->toolTip(), write->toolTip());
     delete editor.camDescription()->takePoint(broken);
-    QVERIFY(write->isEnabled());
 
     auto *label = window->statusBar()->findChild<QLabel *>(QStringLiteral("readOnlyLabel"));
-    QVERIFY(label->text().isEmpty());
-    const QStringList drivers { "Schreibt die berechneten Stützstellen in Parameter",
-                                "Entfernt Stützstellen aus Parametern (nur offline)",
-                                "&Stützstellentabelle aus Datei importieren" };
+    QAction *remove = actionNamed(window, QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)"));
     for (bool readOnly : { true, false }) {
         editor.drive.setReadOnly(readOnly);
         QCOMPARE(label->text(), readOnly ? QStringLiteral("Antriebsregler ist schreibgeschützt.") : QString());
-        for (const QString &text : drivers)
-            QCOMPARE(actionNamed(window, text)->isEnabled(), !readOnly);
+        QCOMPARE(remove->isEnabled(), !readOnly);
         QCOMPARE(window->writeButton()->isEnabled(), !readOnly);
     }
 }
 
-// The table read back equals the calculated points rounded to the drive's
-// decimal places (the rounding and the stamp: tst_gridpointtable).
-void tst_CamDesignerView::writeStoresTheCalculatedPoints()
+// While the write runs, nothing else writes and the window stays open.
+// (What the drive then holds: the random user test, after every write.)
+void tst_CamDesignerView::writeHoldsTheWindow()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    ParameterModelImplementation *parameters = editor.parameters();
-    // While the write runs, nothing else writes and the window stays open.
     int checked = 0;
-    connect(parameters, &ParameterModelImplementation::saveProgressed, this, [&] {
+    connect(editor.parameters(), &ParameterModelImplementation::saveProgressed, this, [&] {
         if (checked++ > 0)
             return;
         QVERIFY(!window->writeButton()->isEnabled());
         QVERIFY(!actionNamed(window, QStringLiteral("Entfernt Stützstellen aus Parametern (nur offline)"))->isEnabled());
         QVERIFY(!window->close());
     });
-    QApplication::setActiveWindow(window);
-    QVERIFY(QTest::qWaitForWindowActive(window));
-    QTest::keyClick(window, Qt::Key_V, Qt::ControlModifier);
+    window->writeButton()->click();
     QVERIFY(checked > 0);
-    QVERIFY(window->writeButton()->isEnabled());
-    const QPolygonF calculated = editor.model()->motionPlan()->positions();
-    const QPolygonF stored = parameters->storedGridPoints();
-    QCOMPARE(stored.size(), calculated.size());
-    for (int i = 0; i < stored.size(); ++i)
-        QCOMPARE(stored.at(i),
-                 QPointF(parameters->roundMaster(calculated.at(i).x()), parameters->roundSlave(calculated.at(i).y())));
 }
 
 // The drive runs a cyclic table round and round: a jump where its end meets
-// its start is named, and the write waits for a yes.
-void tst_CamDesignerView::writeAsksAboutAJumpAtTheSeam_data()
+// its start is named, and the write waits for a yes. (Whether it asks, and
+// what yes and no do: the random user test.)
+void tst_CamDesignerView::writeNamesAJumpAtTheSeam()
 {
-    QTest::addColumn<QByteArray>("cam");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("asked");
     // The spline ends with another slope than it starts with.
-    const QByteArray spline = R"({"Cyclic": true, "CircularLength": 360, "MotionLaw": "Spline",
-        "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})";
-    QTest::newRow("jump, yes") << spline << int(QMessageBox::Yes) << true;
-    QTest::newRow("jump, no") << spline << int(QMessageBox::No) << true;
-    QTest::newRow("smooth seam") << QByteArray(R"({"Cyclic": true, "CircularLength": 360,
-        "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})") << int(QMessageBox::No) << false;
-}
-
-void tst_CamDesignerView::writeAsksAboutAJumpAtTheSeam()
-{
-    QFETCH(QByteArray, cam);
-    QFETCH(int, answer);
-    QFETCH(bool, asked);
-    EditorFixture editor(cam.constData());
-    MessageCapture messages { QMessageBox::StandardButton(answer) };
-    CamDesignerViewImplementation *window = editor.open();
-    window->writeButton()->click();
-    QCOMPARE(messages.count(), asked ? 1 : 0);
-    if (asked) {
-        QCOMPARE(messages.last().title, QStringLiteral("Sprung an der Nahtstelle"));
-        QVERIFY2(messages.last().text.contains(QStringLiteral("Nahtstelle bei der Master-Position 360.000 nicht stetig"))
-                     && messages.last().text.contains(QStringLiteral("Geschwindigkeit springt um 0.4638"))
-                     && !messages.last().text.contains(QStringLiteral("Position springt")),
-                 qPrintable(messages.last().text));
-    }
-    const bool written = !editor.parameters()->storedGridPoints().isEmpty();
-    QCOMPARE(written, !asked || answer == QMessageBox::Yes);
+    EditorFixture editor(R"({"Cyclic": true, "CircularLength": 360, "MotionLaw": "Spline",
+        "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})");
+    MessageCapture messages { QMessageBox::No };
+    editor.open()->writeButton()->click();
+    QCOMPARE(messages.count(), 1);
+    QVERIFY2(messages.last().text.contains(QStringLiteral("Nahtstelle bei der Master-Position 360.000 nicht stetig"))
+                 && messages.last().text.contains(QStringLiteral("Geschwindigkeit springt um 0.4638"))
+                 && !messages.last().text.contains(QStringLiteral("Position springt")),
+             qPrintable(messages.last().text));
 }
 
 void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
@@ -294,7 +174,6 @@ void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
     editor.drive.setOnline(true);
     remove->trigger();
     QCOMPARE(messages.last().title, QStringLiteral("Stützstellen löschen nicht möglich"));
-    QCOMPARE(messages.last().icon, QMessageBox::Warning);
     editor.drive.setOnline(false);
     remove->trigger();
     QCOMPARE(messages.last().title, QStringLiteral("Stützstellen Parameter löschen."));
@@ -302,7 +181,6 @@ void tst_CamDesignerView::deleteAsksOfflineAndRefusesOnline()
     QCOMPARE(parameters->storedGridPointCount(), stored);
     messages.setAnswer(QMessageBox::Yes);
     remove->trigger();
-    QCOMPARE(messages.count(), 3);
     QVERIFY(parameters->storedGridPointCount() < 2);
 }
 
@@ -316,15 +194,11 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     {
         FileAnswer answer(path);
         actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten exportieren"))->trigger();
-        QCOMPARE(answer.requests.size(), 1);
-        QCOMPARE(answer.requests.first().caption, QStringLiteral("Kurvendefinitionsdaten speichern"));
-        QCOMPARE(answer.requests.first().filter, QStringLiteral("Mx6-Bewegungspläne (*.json *.dat)"));
     }
     editor.camDescription()->setCyclic(true);
     {
         FileAnswer answer(path);
         actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten aus Datei importieren"))->trigger();
-        QCOMPARE(answer.requests.first().caption, QStringLiteral("Kurvendefinitionsdaten öffnen"));
         // The directory of the last file is where the next dialog starts.
         QCOMPARE(answer.requests.first().directory, files.path());
     }
@@ -337,9 +211,7 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     FileAnswer answer(files.filePath(QStringLiteral("fehlt/nocke.json")));
     actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten exportieren"))->trigger();
     QCOMPARE(messages.count(), 1);
-    QCOMPARE(messages.last().icon, QMessageBox::Information);
     QCOMPARE(messages.last().title, QStringLiteral("Speichern der Datei Fehlgeschlagen. Datei eventuell schreibgeschützt."));
-    QVERIFY(!messages.last().text.isEmpty());
 
     // A damaged file is refused with a box; what it says and that the cam and
     // the undo stack stay: tst_camdatafile.
@@ -348,7 +220,6 @@ void tst_CamDesignerView::exportAndImportCamFiles()
     FileAnswer damagedAnswer(damaged);
     actionNamed(window, QStringLiteral("&Kurvendefinitionsdaten aus Datei importieren"))->trigger();
     QCOMPARE(messages.count(), 2);
-    QCOMPARE(messages.last().icon, QMessageBox::Warning);
     QCOMPARE(messages.last().title, QStringLiteral("Kurvendefinitionsdaten nicht geladen"));
     QVERIFY(messages.last().text.startsWith(QStringLiteral("Die Datei „kaputt.json“ enthält keine gültigen")));
 }
@@ -359,7 +230,6 @@ void tst_CamDesignerView::undoOverviewPopsUp()
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
     QAction *overview = actionNamed(window, QStringLiteral("Rückgängig Übersicht"));
-    QVERIFY(overview->isCheckable());
     overview->trigger();
     UndoView *popUp = nullptr;
     for (QWidget *widget : QApplication::topLevelWidgets())
@@ -388,7 +258,7 @@ void tst_CamDesignerView::windowFitsTheScreen_data()
 {
     QTest::addColumn<QRect>("saved");
     QTest::newRow("default size") << QRect();
-    QTest::newRow("below the screen") << QRect(0, 215, 1280, 800);
+    // Saved on a screen since removed, or below this one: no screen under it.
     QTest::newRow("on a screen since removed") << QRect(3000, 2000, 640, 480);
 }
 
@@ -408,9 +278,6 @@ void tst_CamDesignerView::windowFitsTheScreen()
     CamDesignerViewImplementation *window = editor.open();
     QVERIFY(QTest::qWaitForWindowExposed(window));
     QCOMPARE(available.united(window->frameGeometry()), available);
-    // Small, the fields keep their size and the panel scrolls.
-    PointEditView *point = window->motionPlanEditor()->pointEditView();
-    QVERIFY(point->masterEdit()->height() >= point->masterEdit()->minimumSizeHint().height());
 
     QCOMPARE(WindowPlacement::fitted(QRect(0, 215, 1280, 800), QRect(0, 0, 1920, 1000)), QRect(0, 200, 1280, 800));
     QCOMPARE(WindowPlacement::fitted(QRect(100, 100, 400, 300), QRect(0, 0, 1920, 1000)), QRect(100, 100, 400, 300));

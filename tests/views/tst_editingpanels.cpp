@@ -11,14 +11,12 @@
 #include "views/scalingview.h"
 
 #include <QAbstractItemView>
-#include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTreeView>
@@ -79,7 +77,6 @@ struct Panels {
         QVERIFY(QTest::qWaitForWindowActive(window));
     }
     CamEditorModel *model() const { return editor.model(); }
-    QString cell(int row, int column) const { return tree->pointTree()->model()->index(row, column).data().toString(); }
 };
 
 using Action = std::function<void(Panels &)>;
@@ -103,14 +100,14 @@ private slots:
     void changesElsewhereShowInEveryPanel();
     void comparisonMarksWhatAWriteWouldChange();
     void cyclicCamKeepsEveryPointInsideTheCycle();
-    void gridPointCountShowsWhatTheSettingsGive();
 };
 
-// Each user action pushes exactly one command; redo and undo move the model
-// between the two states. The plain settings, scaling, segment type and
-// position edits are the random user test's (tst_randomuseractions), which
-// checks the undo text of each; here what it does not do: decimal commas,
-// rounding, the section columns, the periodic spline.
+// Each user action pushes exactly one command (its undo and redo:
+// tst_undorandom and the random user test). The plain settings, scaling,
+// segment type and position edits, rounded or not, are the random user
+// test's (tst_randomuseractions), which checks the undo text of each; here
+// what it does not do: decimal commas, the section columns, the periodic
+// spline.
 void tst_EditingPanels::commands_data()
 {
     QTest::addColumn<QByteArray>("cam");
@@ -118,10 +115,8 @@ void tst_EditingPanels::commands_data()
     QTest::addColumn<QString>("undoText");
     QTest::addColumn<QString>("after");  // a part of the state that only the new one has
     const QByteArray cyclic(CyclicCam);
-    // Decimal commas and points alike: the test runs under the C locale, where
-    // a comma was no decimal mark before.
-    QTest::newRow("circular length") << cyclic << Action([](Panels &p) { type(p.settings->circularLengthEdit(), "400,5 °"); })
-                                     << "Ändere Umlauflänge 360 -> 400.5" << "\"CircularLength\":400.5";
+    // Decimal commas as well as points: the test runs under the C locale,
+    // where a comma was no decimal mark before.
     // A cell opened by F2: a text typed, or else an entry of its list chosen.
     const auto editCell = [](int row, int column, const QString &text, int choice = 0) {
         return Action([row, column, text, choice](Panels &p) {
@@ -148,15 +143,10 @@ void tst_EditingPanels::commands_data()
     QTest::newRow("periodic spline") << cyclic << Action([](Panels &p) { choose(p.settings->motionLawBox(), 2); })
                                      << "Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline (periodisch)"
                                      << "\"MotionLaw\":\"SplinePeriodic\"";
-    QTest::newRow("point master") << cyclic << Action([](Panels &p) {
-        p.tree->selectRow(1);
-        type(p.point->masterEdit(), "100.0004");  // rounded to the drive's places
-    }) << "Ändere Bewegungspunkt [90.000;40.000,Konstante Geschwindigkeit]) -> [100.000;40.000;Konstante Geschwindigkeit]" << "[100,40,\"speed\"]";
     QTest::newRow("point master keeps the section") << QByteArray(LawCam) << Action([](Panels &p) {
         p.tree->selectRow(0);
         type(p.point->masterEdit(), "4,5");
     }) << "Ändere Bewegungspunkt [0.000;0.000,Rast]) -> [4.500;0.000;Rast]" << "[4.5,0,\"rest\",{\"law\":\"Cycloid\"}]";
-    QTest::newRow("cycle time") << cyclic << Action([](Panels &p) { type(p.scaling->cycleTimeEdit(), "0,25 s"); }) << "Ändere Zykluszeit von 1 zu 0.25" << "cycle=0.25";
 }
 
 void tst_EditingPanels::commands()
@@ -166,20 +156,13 @@ void tst_EditingPanels::commands()
     QFETCH(QString, undoText);
     QFETCH(QString, after);
     Panels panels(cam.constData());
-    // Revolutions per minute need the cycle time: every scaling field applies.
-    panels.model()->scaling()->setVelocityScaling(Scaling::RpmOutput);
     MessageCapture messages;
     const QString before = state(panels.editor);
     action(panels);
-    QCOMPARE(messages.count(), 0);
     QCOMPARE(panels.stack->count(), 1);
     QCOMPARE(panels.stack->text(0), undoText);
     const QString changed = state(panels.editor);
     QVERIFY2(changed.contains(after) && !before.contains(after), qPrintable(changed));
-    panels.stack->undo();
-    QCOMPARE(state(panels.editor), before);
-    panels.stack->redo();
-    QCOMPARE(state(panels.editor), changed);
 }
 
 // A refused input shows its message, pushes nothing, leaves the model, and
@@ -192,45 +175,34 @@ void tst_EditingPanels::refusals_data()
     QTest::addColumn<QString>("message");
     enum { Master, Slave, StepSize, CircularLength, CycleTime, Resolution };
     const QByteArray cyclic(CyclicCam);
-    QTest::newRow("master too large") << cyclic << int(Master) << "3000000"
-                                      << "Der Wert 3000000.000 ° ist zu groß, das Maximum ist 2147483.647 °";
-    QTest::newRow("slave too small") << cyclic << int(Slave) << "-2147484"
-                                     << "Der Wert -2147484.000 mm ist zu klein, das Minimum ist -2147483.648 mm";
-    QTest::newRow("master of another point")
-        << cyclic << int(Master) << "180"
-        << "Es gibt schon einen Bewegungspunkt auf der Master-Position 180 schon vorhanden. Überschreiben nicht möglich.";
+    // The drive's limits and a master already taken: their texts are the
+    // parameter model's and the commands' tests, their boxes the random user's.
     QTest::newRow("no number") << cyclic << int(Slave) << "abc" << "\"abc\" ist keine gültige Slave-Position. " + PositionLineEdit::numberHint();
     // With grouping, a number could be read two ways: refused, with the hint.
-    for (const char *input : { "1.000,5", "1,000.5" })
-        QTest::newRow(input) << cyclic << int(Master) << input
-                             << QStringLiteral("\"%1\" ist keine gültige Master-Position. ").arg(input) + PositionLineEdit::numberHint();
+    QTest::newRow("grouping") << cyclic << int(Master) << "1.000,5"
+                              << "\"1.000,5\" ist keine gültige Master-Position. " + PositionLineEdit::numberHint();
     // round(360 / 15996 * 1000) / 1000 = 0.023
     QTest::newRow("step below minimum") << QByteArray(StaticCam) << int(StepSize) << "0.022"
                                         << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";
-    QTest::newRow("step zero") << QByteArray(StaticCam) << int(StepSize) << "0"
-                               << "Die Schrittweite ist zu klein. Bitte wählen sie einen Wert größer 0.023";
     QTest::newRow("circular length zero") << cyclic << int(CircularLength) << "0"
                                           << "Die Umlauflänge muss größer als 0 sein.";
     // A cyclic cam starts again at its circular length.
     const char *beyondCycle = "Die Master-Position %1.000 ° liegt nicht unterhalb der Umlauflänge 360.000 ° der "
                               "zyklischen Kurvenscheibe.";
-    for (const char *input : { "360", "400" })
-        QTest::newRow(qPrintable(QStringLiteral("master %1 on a cycle of 360").arg(input)))
-            << cyclic << int(Master) << input << QString::fromUtf8(beyondCycle).arg(input);
-    for (const char *input : { "100", "180" })
-        QTest::newRow(qPrintable(QStringLiteral("circular length %1 with a point at 180").arg(input)))
-            << cyclic << int(CircularLength) << input
-            << QStringLiteral("Die Umlauflänge %1.000 ° muss größer sein als die Master-Position 180.000 ° des "
-                              "letzten Bewegungspunkts.").arg(input);
+    QTest::newRow("master 360 on a cycle of 360") << cyclic << int(Master) << "360"
+                                                  << QString::fromUtf8(beyondCycle).arg(360);
+    QTest::newRow("circular length 180 with a point at 180")
+        << cyclic << int(CircularLength) << "180"
+        << "Die Umlauflänge 180.000 ° muss größer sein als die Master-Position 180.000 ° des letzten Bewegungspunkts.";
+    // Rounded to four places: zero. Zero and below take the same branch.
     const char *cycleMessage = "\"%1\" ist keine gültige Zykluszeit. Bitte geben Sie eine Zeit in Sekunden größer als 0 ein.";
-    for (const char *input : { "0", "-1", "0.00004", "eins" })
-        QTest::newRow(qPrintable(QStringLiteral("cycle time %1").arg(input)))
-            << cyclic << int(CycleTime) << input
-            << QString::fromUtf8(cycleMessage).arg(input)
-                   + (QByteArray(input) == "eins" ? QLatin1Char(' ') + PositionLineEdit::numberHint() : QString());
-    // Refused as typed, not cut to the digits that fit (2000, 1600).
+    QTest::newRow("cycle time 0.00004") << cyclic << int(CycleTime) << "0.00004"
+                                        << QString::fromUtf8(cycleMessage).arg("0.00004");
+    QTest::newRow("cycle time eins") << cyclic << int(CycleTime) << "eins"
+                                     << QString::fromUtf8(cycleMessage).arg("eins") + ' ' + PositionLineEdit::numberHint();
+    // Refused as typed, not cut to the digits that fit (1600, 2000).
     const char *countMessage = "%1 Stützstellen sind nicht möglich. Die Anzahl Stützstellen muss zwischen 2 und 16000 liegen.";
-    for (const char *input : { "20000", "16001", "1" })
+    for (const char *input : { "16001", "1" })
         QTest::newRow(qPrintable(QStringLiteral("grid point count %1").arg(input)))
             << cyclic << int(Resolution) << input << QString::fromUtf8(countMessage).arg(input);
     // A trailing tab: the edit ends by leaving the field instead of Enter.
@@ -251,10 +223,7 @@ void tst_EditingPanels::refusals()
                           panels.settings->circularLengthEdit(), panels.scaling->cycleTimeEdit(),
                           panels.settings->resolutionBox() };
     QWidget *edit = fields[field];
-    const auto shownText = [edit] {
-        auto *spin = qobject_cast<QSpinBox *>(edit);
-        return spin ? spin->text() : static_cast<QLineEdit *>(edit)->text();
-    };
+    const auto shownText = [edit] { return edit->property("text").toString(); };
     const QString shown = shownText();
     const QString before = state(panels.editor);
     MessageCapture messages;
@@ -267,10 +236,9 @@ void tst_EditingPanels::refusals()
     QCOMPARE(shownText(), shown);
 }
 
-// A new point goes halfway to the next one, or halfway to the end of the
-// cycle, and is selected; after a removal (Delete key) the neighbour is.
-// An add that rounds onto an existing master is refused by the command. (The
-// undo texts of adds and removals: tst_randomuseractions.)
+// A new point is selected; after a removal the neighbour is. An add that
+// rounds onto an existing master is refused by the command. (The undo texts
+// of adds and removals: tst_randomuseractions.)
 void tst_EditingPanels::addAndRemoveMoveTheSelection()
 {
     Panels panels;
@@ -278,21 +246,13 @@ void tst_EditingPanels::addAndRemoveMoveTheSelection()
     panels.tree->selectRow(0);
     QTest::mouseClick(panels.tree->addButton(), Qt::LeftButton);
     QCOMPARE(panels.tree->currentRow(), 1);
-    QCOMPARE(panels.point->masterEdit()->text(), QStringLiteral("45.000"));
-    panels.tree->selectRow(3);
-    QTest::mouseClick(panels.tree->addButton(), Qt::LeftButton);
-    QCOMPARE(panels.tree->currentRow(), 4);
 
     panels.tree->selectRow(2);
     panels.tree->pointTree()->setFocus();
     QTest::keyClick(panels.tree->pointTree(), Qt::Key_Delete);
-    QCOMPARE(panels.cell(2, 0), QStringLiteral("180.000"));
     QCOMPARE(panels.tree->currentRow(), 2);
-    QCOMPARE(panels.point->masterEdit()->text(), QStringLiteral("180.000"));
-    panels.tree->selectRow(3);
     QTest::mouseClick(panels.tree->removeButton(), Qt::LeftButton);
-    QCOMPARE(panels.tree->currentRow(), 2);  // the last one removed: the one before
-    QCOMPARE(messages.count(), 0);
+    QCOMPARE(panels.tree->currentRow(), 1);  // the last one removed: the one before
 
     // Points 0.001 apart: halfway rounds onto the second.
     panels.stack->push(new LoadNewMotionPlanCommand(
@@ -313,76 +273,51 @@ void tst_EditingPanels::pointEditCommitsOnLeavingAndRevertsOnEscape()
     type(slave, "77", Qt::Key_Escape);
     QCOMPARE(slave->text(), QStringLiteral("40.000"));
     QCOMPARE(panels.stack->count(), 0);
-    slave->setFocus();
-    slave->selectAll();
-    QTest::keyClicks(slave, "55");
-    panels.point->masterEdit()->setFocus();
+    type(slave, "55", Qt::Key_Tab);
     QCOMPARE(panels.stack->count(), 1);
-    QCOMPARE(panels.cell(1, 1), QStringLiteral("55.000"));
     // Enter, then leaving the field: still one command.
     type(panels.point->masterEdit(), "95");
     slave->setFocus();
     QCOMPARE(panels.stack->count(), 2);
 }
 
-// One changed() of the model brings every panel up to date and pushes nothing.
+// One changed() of the model brings the settings' labels up to date and
+// pushes nothing. (Every panel after each refresh: the random user test.)
 void tst_EditingPanels::changedRefreshesEveryPanelWithoutPushing()
 {
     Panels panels;
     QSignalSpy pushes(panels.stack, &QUndoStack::indexChanged);
     CamEditorModel *model = panels.model();
     {
-        const QSignalBlocker description(panels.editor.camDescription());
-        const QSignalBlocker law(model->motionLaw());
         const QSignalBlocker steps(model->steps());
-        const QSignalBlocker scaling(model->scaling());
         const QSignalBlocker editor(model);
-        model->motionLaw()->setLaw(MotionLaw::Spline);
-        model->steps()->setDynamicStepResolution(100);
         model->steps()->setIsDynamicStepSize(false);
         model->steps()->setStaticStepSize(0.001);  // 360 / 0.001 grid points: too many
-        model->scaling()->setCycleTime(2.0);
         model->calculateNewMotionPlan();
     }
     const int calculated = model->motionPlan()->positions().size();
-    QVERIFY(panels.comparison->model()->calculatedCount() != calculated);
     emit model->changed();
     QCOMPARE(pushes.count(), 0);
-    QCOMPARE(panels.settings->motionLawBox()->currentIndex(), 1);
-    QVERIFY(panels.settings->staticButton()->isChecked());
-    QVERIFY(!panels.settings->resolutionBox()->isEnabled());
-    QCOMPARE(panels.settings->resolutionBox()->value(), 100);
     QVERIFY(panels.settings->warningLabel()->isVisibleTo(panels.settings));
     QVERIFY(panels.settings->warningLabel()->text().contains(QStringLiteral("0.023")));
-    QVERIFY(panels.tree->pointTree()->isColumnHidden(2));
-    QCOMPARE(panels.scaling->cycleTimeEdit()->text(), QStringLiteral("2.0000"));
-    QCOMPARE(panels.comparison->model()->calculatedCount(), calculated);
+    // What the settings give, not the resolution asked for.
+    QCOMPARE(panels.settings->gridPointCountLabel()->text(), QStringLiteral("ergibt %1 Stützstellen").arg(calculated));
 }
 
-// A load made elsewhere and its undo show in every panel; the selected point
-// is found again after the load. (A law switch and its undo: the random user
-// test checks every panel after each step.)
+// A load made elsewhere and its undo: the selected point is found again and
+// shown. (The other panels after a change: the random user test.)
 void tst_EditingPanels::changesElsewhereShowInEveryPanel()
 {
     Panels panels;
     panels.tree->selectRow(1);
     QSignalSpy pushes(panels.stack, &QUndoStack::indexChanged);
-    CamDescriptionImplementation *description = panels.editor.camDescription();
     panels.stack->push(new LoadNewMotionPlanCommand(
-        description,
-        parseJson(R"({"Steps": {"isDynamicStepSize": false, "staticStepSize": 2},
-                      "MotionPoints": [[0, 0, "rest"], [90, 10, "rest"], [300, 0, "rest"]]})"),
+        panels.editor.camDescription(), parseJson(R"({"MotionPoints": [[0, 0, "rest"], [90, 10, "rest"], [300, 0, "rest"]]})"),
         "y"));
     QCOMPARE(panels.tree->currentRow(), 1);
     QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("10.000"));
-    QCOMPARE(panels.cell(2, 0), QStringLiteral("300.000"));
-    QVERIFY(!panels.settings->cyclicBox()->isChecked());
-    QVERIFY(!panels.settings->circularLengthEdit()->isEnabled());
-    QCOMPARE(panels.settings->stepSizeEdit()->text(), QStringLiteral("2.000"));
-    QCOMPARE(panels.comparison->model()->calculatedCount(), panels.model()->motionPlan()->positions().size());
     panels.stack->undo();
     QCOMPARE(panels.point->slaveEdit()->text(), QStringLiteral("40.000"));
-    QVERIFY(panels.settings->cyclicBox()->isChecked());
     QCOMPARE(pushes.count(), 2);  // the push and the undo only
 }
 
@@ -390,16 +325,10 @@ void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
 {
     Panels panels;
     ComparisonTableModel *model = panels.comparison->model();
-    QCOMPARE(model->storedCount(), 0);
-    QCOMPARE(model->firstDifferingRow(), 0);
-    QVERIFY(panels.comparison->statusLabel()->text().contains(QStringLiteral("die erste ist Zeile 0")));
-    QVERIFY(!panels.comparison->summaryLabel()->isVisibleTo(panels.comparison));
 
     // Counts and the first differing row after a write: tst_randomuseractions;
     // the summary's content: tst_gridpointtable.
     panels.window->saveParameterValues();
-    QCOMPARE(model->index(3, ComparisonTableModel::MasterDifference).data().toString(), QStringLiteral("0.000"));
-    QVERIFY(!model->index(3, 0).data(Qt::BackgroundRole).isValid());
     QVERIFY(panels.comparison->statusLabel()->text().startsWith(QStringLiteral("Der Antriebsregler enthält genau")));
 
     // Another tool changes one stored slave: that row alone differs.
@@ -414,54 +343,24 @@ void tst_EditingPanels::comparisonMarksWhatAWriteWouldChange()
     QCOMPARE(panels.comparison->summaryLabel()->text(), panels.editor.parameters()->storedTableSummary());
 }
 
-// The label under the resolution says how many grid points the settings
-// give: for 500 asked, the motion points and the spacing give fewer.
-void tst_EditingPanels::gridPointCountShowsWhatTheSettingsGive()
-{
-    Panels panels;
-    const CamEditorModel *model = panels.model();
-    const auto shown = [&panels] { return panels.settings->gridPointCountLabel()->text(); };
-    const auto expected = [model] { return QStringLiteral("ergibt %1 Stützstellen").arg(model->motionPlan()->positions().size()); };
-    QCOMPARE(shown(), expected());
-    QVERIFY(model->motionPlan()->positions().size() != panels.settings->resolutionBox()->value());
-    type(panels.settings->resolutionBox(), QStringLiteral("100"));
-    QCOMPARE(shown(), expected());
-    panels.stack->undo();
-    QCOMPARE(shown(), expected());
-}
-
-QTEST_MAIN(tst_EditingPanels)
-#include "tst_editingpanels.moc"
-
-// A point at or beyond the circular length is refused in the table and in a
-// paste as in the fields (refusals above); a file may still bring such points,
-// which the table marks and whose slave may still change.
+// A point at or beyond the circular length is refused in a paste as in the
+// fields (refusals above; cells: the random user test); a file may still
+// bring such points, which the table marks and whose slave may still change.
 void tst_EditingPanels::cyclicCamKeepsEveryPointInsideTheCycle()
 {
     Panels panels;
     MessageCapture messages;
-    QTreeView *view = panels.tree->pointTree();
-    view->setFocus();
-    view->setCurrentIndex(view->model()->index(2, 0));
-    QTest::keyClick(view, Qt::Key_F2);
-    type(view->viewport()->findChild<QLineEdit *>(), "365");
-    QCOMPARE(messages.count(), 1);
-    QCOMPARE(messages.last().title, QStringLiteral("Master-Position außerhalb der Umlauflänge"));
-    QCOMPARE(panels.stack->count(), 0);
-    QCOMPARE(panels.cell(2, 0), QStringLiteral("180.000"));
-
     QGuiApplication::clipboard()->setText(QStringLiteral("200;1\n360;2\n500;3"));
     panels.tree->pasteAction()->trigger();
-    QCOMPARE(messages.count(), 2);
+    QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().text,
              QStringLiteral("2 von 3 Zeilen wurden nicht eingefügt: 2 nicht unterhalb der Umlauflänge."));
-    QCOMPARE(panels.stack->count(), 1);
     QCOMPARE(panels.model()->motionPointCount(), 4);
     // A refusal pushes nothing, so the paste can still be redone.
     panels.stack->undo();
     panels.tree->selectRow(1);
     type(panels.point->masterEdit(), "400");
-    QCOMPARE(messages.count(), 3);
+    QCOMPARE(messages.count(), 2);
     QVERIFY(panels.stack->canRedo());
 
     panels.stack->push(new LoadNewMotionPlanCommand(
@@ -469,16 +368,16 @@ void tst_EditingPanels::cyclicCamKeepsEveryPointInsideTheCycle()
         parseJson(R"({"Cyclic": true, "CircularLength": 360,
                       "MotionPoints": [[0, 0, "rest"], [180, 10, "rest"], [400, 0, "rest"]]})"),
         "z"));
-    QCOMPARE(panels.model()->motionPointCount(), 3);
-    const QAbstractItemModel *table = view->model();
+    const QAbstractItemModel *table = panels.tree->pointTree()->model();
     QVERIFY(!table->index(2, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
     QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
              QStringLiteral("Die Master-Position 400.000 ° liegt nicht unterhalb der Umlauflänge 360.000 ° der "
                             "zyklischen Kurvenscheibe."));
-    QVERIFY(!table->index(1, 0).data(Qt::DecorationRole).isValid());
-    QVERIFY(!table->index(1, 0).data(Qt::ToolTipRole).isValid());
     panels.tree->selectRow(2);
     type(panels.point->slaveEdit(), "5");
-    QCOMPARE(messages.count(), 3);
+    QCOMPARE(messages.count(), 2);
     QCOMPARE(panels.model()->motionPointAt(2)->slave(), 5.0);
 }
+
+QTEST_MAIN(tst_EditingPanels)
+#include "tst_editingpanels.moc"

@@ -1,4 +1,5 @@
 #include "editorfixture.h"
+#include "testfiles.h"
 
 #include "model/scaling.h"
 #include "plots/curveplotstack.h"
@@ -8,22 +9,17 @@
 #include "views/curvereportview.h"
 #include "views/motionplantreeeditor.h"
 #include "views/motionpointediting.h"
-#include "views/scalingview.h"
 
-#include <QComboBox>
 #include <QContextMenuEvent>
-#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <QTreeView>
 
 #include <qwt_plot_curve.h>
 #include <qwt_plot_picker.h>
-#include <qwt_scale_div.h>
 #include <qwt_text.h>
 
 #include <cmath>
@@ -61,36 +57,24 @@ QPoint atMaster(const CurvePlot *plot, double master)
 bool chooseFromContextMenu(QWidget *canvas, const QPoint &position, const QString &text)
 {
     bool enabled = false;
-    bool shown = false;
     QTimer::singleShot(0, canvas, [&] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         if (!menu)
             return;
-        shown = true;
         for (QAction *action : menu->actions()) {
             if (action->text() == text && action->isEnabled()) {
                 enabled = true;
                 menu->setActiveAction(action);
             }
         }
-        if (enabled)
-            QTest::keyClick(menu, Qt::Key_Return);
-        else
-            menu->close();
+        QTest::keyClick(menu, enabled ? Qt::Key_Return : Qt::Key_Escape);
     });
     QContextMenuEvent event(QContextMenuEvent::Mouse, position, canvas->mapToGlobal(position));
     QApplication::sendEvent(canvas, &event);
-    return shown && enabled;
-}
-
-QByteArray example(const QString &name)
-{
-    QFile file(QStringLiteral(EXAMPLES_DIR "/") + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return enabled;
 }
 
 struct Editor {
-    QByteArray cam;
     EditorFixture editor;
     MessageCapture messages;
     CamDesignerViewImplementation *window;
@@ -99,10 +83,8 @@ struct Editor {
     CamEditorModel *model;
     QTreeView *tree;
 
-    explicit Editor(const QByteArray &camText = QByteArray())
-        : cam(camText)
-        , editor(cam.isEmpty() ? R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "speed"], [180, 0, "rest"]]})"
-                               : cam.constData())
+    explicit Editor(const QByteArray &cam = EditorFixture::DefaultCam)
+        : editor(cam.constData())
         , window(editor.open())
         , plots(window->plots())
         , position(plots->plot(CurvePlot::Position))
@@ -128,8 +110,7 @@ private slots:
     void dragPushesOneEdit();
     void insertKeepsCurve_data();
     void insertKeepsCurve();
-    void insertRefusals_data();
-    void insertRefusals();
+    void insertRefusedBeyondTheCycle();
     void removeFromContextMenu();
     void measuringCursors();
     void timeAxis();
@@ -141,41 +122,30 @@ private slots:
 void tst_LinkedViews::tableSelectionRingsTheMarkers()
 {
     Editor e;
-    for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity)
-        QCOMPARE(e.plots->highlight(CurvePlot::Quantity(quantity))->dataSize(), size_t(0));
     // A click into the slave cell: the row is selected and the cell stays
     // the current one (the selection does not echo back to the table).
     const QModelIndex row2 = e.tree->model()->index(2, 1);
     QTest::mouseClick(e.tree->viewport(), Qt::LeftButton, {}, e.tree->visualRect(row2).center());
-    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 2);
     QCOMPARE(e.tree->currentIndex(), row2);
-    const MotionPlan *plan = e.model->motionPlan();
     for (int quantity = 0; quantity < CurvePlot::QuantityCount; ++quantity) {
         const QwtPlotCurve *ring = e.plots->highlight(CurvePlot::Quantity(quantity));
         QCOMPARE(ring->dataSize(), size_t(1));
         QCOMPARE(ring->sample(0).x(), 180.0);
     }
-    QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0).y(), 0.0);
-    QCOMPARE(e.plots->highlight(CurvePlot::Velocity)->sample(0).y(),
-             plan->velocity(180.0) * e.plots->valueFactor(CurvePlot::Velocity));
 }
 
-// A plain move within the neighbours and Escape are the random user test's
-// (tst_randomuseractions); here the limits of a drag.
+// A move held by its neighbours or the circular length, its undo and Escape
+// are the random user test's (tst_randomuseractions); here what a drag keeps
+// and the drive's limit.
 void tst_LinkedViews::dragPushesOneEdit_data()
 {
     QTest::addColumn<double>("toMaster");
     QTest::addColumn<double>("expectedMaster");
     QTest::addColumn<qint64>("slaveLimit");
-    QTest::addColumn<QByteArray>("cam");
     // Held one step of the drive's resolution before the next point.
-    QTest::newRow("past the next point") << 250.0 << 179.999 << qint64(0) << QByteArray();
+    QTest::newRow("past the next point") << 250.0 << 179.999 << qint64(0);
     // The drive takes slave positions up to 50.000: refused, the point returns.
-    QTest::newRow("beyond the slave limit") << 120.0 << 90.0 << qint64(50000) << QByteArray();
-    // The last point of a cyclic cam stays below the circular length.
-    QTest::newRow("past the circular length")
-        << 150.0 << 119.999 << qint64(0)
-        << QByteArray(R"({"Cyclic": true, "CircularLength": 120, "MotionPoints": [[0, 0, "rest"], [90, 40, "speed"]]})");
+    QTest::newRow("beyond the slave limit") << 120.0 << 90.0 << qint64(50000);
 }
 
 void tst_LinkedViews::dragPushesOneEdit()
@@ -183,8 +153,7 @@ void tst_LinkedViews::dragPushesOneEdit()
     QFETCH(double, toMaster);
     QFETCH(double, expectedMaster);
     QFETCH(qint64, slaveLimit);
-    QFETCH(QByteArray, cam);
-    Editor e(cam);
+    Editor e;
     if (slaveLimit > 0)
         QVERIFY(e.editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
                                                -slaveLimit, slaveLimit));
@@ -192,14 +161,12 @@ void tst_LinkedViews::dragPushesOneEdit()
     const QPoint target = pixel(e.position, toMaster, 60.0);
     // The section that starts at the point goes with it.
     e.editor.camDescription()->pointAt(90)->setSectionLaw(MotionPoint::Cycloid);
-    e.editor.camDescription()->pointAt(90)->setVelocity(0.5);
 
     QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, pixel(e.position, 90, 40));
     QVERIFY(e.plots->dragger()->isDragging());
     QVERIFY(e.model->isCoarseSteps());
     // The pressed marker's row is selected; the tracker's label stays off while it moves.
     QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOff);
     // What the user points at, on the scales the press found.
     const double pointedSlave = std::round(e.position->invTransform(QwtPlot::yLeft, target.y()) * 1000.0) / 1000.0;
     // QTest moves the cursor instead, which sends nothing offscreen.
@@ -209,7 +176,6 @@ void tst_LinkedViews::dragPushesOneEdit()
     QVERIFY(e.editor.camDescription()->pointAt(90) == nullptr);
     QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, target);
     QVERIFY(!e.model->isCoarseSteps());
-    QCOMPARE(e.position->tracker()->trackerMode(), QwtPicker::AlwaysOn);
     QCOMPARE(e.messages.count(), slaveLimit > 0 ? 1 : 0);
     if (slaveLimit > 0) {
         QCOMPARE(e.window->undoStack()->count(), 0);
@@ -221,13 +187,6 @@ void tst_LinkedViews::dragPushesOneEdit()
     QCOMPARE(moved->master(), expectedMaster);
     QCOMPARE(moved->slave(), pointedSlave);
     QCOMPARE(moved->sectionLaw(), int(MotionPoint::Cycloid));
-    QCOMPARE(moved->velocity(), 0.5);
-    QCOMPARE(e.window->motionPlanEditor()->currentRow(), 1);
-    QCOMPARE(e.plots->highlight(CurvePlot::Position)->sample(0), moved->position());
-    e.window->undoStack()->undo();
-    QCOMPARE(e.model->motionPointAt(1)->position(), QPointF(90, 40));
-    e.window->undoStack()->redo();
-    QCOMPARE(e.model->motionPointAt(1)->master(), expectedMaster);
 }
 
 void tst_LinkedViews::insertKeepsCurve_data()
@@ -238,14 +197,11 @@ void tst_LinkedViews::insertKeepsCurve_data()
     QTest::addColumn<double>("shareOfCopied");
     // The falling flank of the cyclic example, where a "turningPoint" was
     // copied from the point before and forced v = 0.
-    QTest::newRow("cyclic falling flank") << example(QStringLiteral("cyclic-cam.json")) << 220.0 << 0.5;
-    QTest::newRow("cyclic rising flank") << example(QStringLiteral("cyclic-cam.json")) << 45.0 << 1.0;
-    QTest::newRow("cyclic after turning point") << example(QStringLiteral("cyclic-cam.json")) << 135.0 << 1.0;
-    QTest::newRow("cyclic seam section") << example(QStringLiteral("cyclic-cam.json")) << 315.0 << 1.0;
-    QTest::newRow("spline") << example(QStringLiteral("spline-cam.json")) << 15.0 << 1.0;
-    QTest::newRow("spline last section") << example(QStringLiteral("spline-cam.json")) << 31.0 << 1.0;
-    QTest::newRow("rest to speed") << QByteArray() << 45.0 << 1.0;
-    QTest::newRow("speed to rest") << QByteArray() << 135.0 << 1.0;
+    QTest::newRow("cyclic falling flank") << readFile(QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json")) << 220.0 << 0.5;
+    // Past the last point, in the section that closes the cycle.
+    QTest::newRow("cyclic seam section") << readFile(QStringLiteral(EXAMPLES_DIR "/cyclic-cam.json")) << 315.0 << 1.0;
+    // No segment types to try: the type before only.
+    QTest::newRow("spline") << readFile(QStringLiteral(EXAMPLES_DIR "/spline-cam.json")) << 15.0 << 1.0;
 }
 
 void tst_LinkedViews::insertKeepsCurve()
@@ -257,92 +213,54 @@ void tst_LinkedViews::insertKeepsCurve()
     QVERIFY(e.model->motionPointCount() > 1);
     const QString before = e.editor.state();
     const QPolygonF gridBefore = e.model->motionPlan()->positions();
-    // Off the curve: the point goes onto it, at the clicked master.
+    // Off the curve. Where the point goes, and that its row is selected: the
+    // random user test.
     QPoint click = pixel(e.position, master, e.model->motionPlan()->position(master));
     click.ry() += click.y() < e.position->canvas()->height() / 2 ? 15 : -15;
-    const ParameterModel *drive = e.editor.parameters();
-    const double inserted = drive->roundMaster(e.position->invTransform(QwtPlot::xBottom, click.x()));
-    const double onCurve = drive->roundSlave(e.model->motionPlan()->position(inserted));
     QVERIFY(chooseFromContextMenu(e.position->canvas(), click, QStringLiteral("Bewegungspunkt hier einfügen")));
     QCOMPARE(e.window->undoStack()->count(), 1);
-    QCOMPARE(e.messages.count(), 0);
     // Measured here against the new plan, not taken from the stack.
     const double largest = largestChange(gridBefore, *e.model->motionPlan());
-    const QRectF bounds = gridBefore.boundingRect();
-    qInfo("largest position change %g of a stroke of %g", largest, bounds.height());
-    QVERIFY2(largest <= InsertShareOfStroke * bounds.height(), qPrintable(QString::number(largest)));
+    QVERIFY2(largest <= InsertShareOfStroke * gridBefore.boundingRect().height(), qPrintable(QString::number(largest)));
     QCOMPARE(e.plots->lastInsertDeviation(), largest);
-    // Said in the status bar, and the new point's row selected.
-    QVERIFY2(e.window->statusBar()->currentMessage().contains(QLocale().toString(largest, 'g', 3)),
-             qPrintable(e.window->statusBar()->currentMessage()));
-    const int row = e.window->motionPlanEditor()->currentRow();
-    QVERIFY(row >= 0);
-    QCOMPARE(e.model->motionPointAt(row)->master(), inserted);
-    QCOMPARE(e.model->motionPointAt(row)->slave(), onCurve);
+    const QPointF inserted = e.model->motionPointAt(e.window->motionPlanEditor()->currentRow())->position();
     e.window->undoStack()->undo();
-    QCOMPARE(e.editor.state(), before);
 
     // The same point with the type of the point before, as inserts were made.
     MotionPointEditing editing(e.model, e.editor.parameters(), e.window->undoStack());
-    QVERIFY(editing.add(e.window, inserted, onCurve, editing.typeBefore(inserted)));
+    QVERIFY(editing.add(e.window, inserted.x(), inserted.y(), editing.typeBefore(inserted.x())));
     const double copied = largestChange(gridBefore, *e.model->motionPlan());
-    qInfo("with the type before: %g", copied);
     QVERIFY2(largest <= shareOfCopied * copied, qPrintable(QStringLiteral("%1 %2").arg(largest).arg(copied)));
     e.window->undoStack()->undo();
     QCOMPARE(e.editor.state(), before);
 }
 
-void tst_LinkedViews::insertRefusals_data()
+// The axis of a cyclic cam reaches to its circular length and beyond: an
+// insert there is refused with the panels' box. (The drive's limits are the
+// point fields' check, with its box in the random user test.)
+void tst_LinkedViews::insertRefusedBeyondTheCycle()
 {
-    QTest::addColumn<qint64>("masterLimit");
-    QTest::addColumn<double>("circularLength");  // 0: not cyclic
-    QTest::addColumn<QString>("refusal");
-    // The drive takes master positions up to 100.000: refused with the panels' box.
-    QTest::newRow("beyond the master limit") << qint64(100000) << 0.0 << "Master-Position außerhalb der Grenzen";
-    // The axis of a cyclic cam reaches to its circular length and beyond.
-    QTest::newRow("beyond the circular length") << qint64(0) << 130.0 << "Master-Position außerhalb der Umlauflänge";
-}
-
-void tst_LinkedViews::insertRefusals()
-{
-    QFETCH(qint64, masterLimit);
-    QFETCH(double, circularLength);
-    QFETCH(QString, refusal);
     Editor e;
-    if (masterLimit > 0)
-        QVERIFY(e.editor.drive.setNativeLimits(
-            ParameterModelImplementation::masterArrayOf(EditorFixture::Table).toText(), -masterLimit, masterLimit));
-    if (circularLength > 0.0) {
-        e.editor.camDescription()->setCyclic(true);
-        e.editor.camDescription()->setCircularLength(circularLength);
-        e.plots->replotNow();
-    }
+    e.editor.camDescription()->setCyclic(true);
+    e.editor.camDescription()->setCircularLength(130.0);
+    e.plots->replotNow();
     const QString before = e.editor.state();
     QVERIFY(chooseFromContextMenu(e.position->canvas(), pixel(e.position, 135, 5),
                                   QStringLiteral("Bewegungspunkt hier einfügen")));
     QCOMPARE(e.messages.count(), 1);
-    QCOMPARE(e.messages.last().title, refusal);
-    QCOMPARE(e.window->undoStack()->count(), 0);
+    QCOMPARE(e.messages.last().title, QStringLiteral("Master-Position außerhalb der Umlauflänge"));
     QCOMPARE(e.editor.state(), before);
 }
 
 void tst_LinkedViews::removeFromContextMenu()
 {
     Editor e;
-    const QString before = e.editor.state();
     QWidget *canvas = e.position->canvas();
-    // Off every marker the removal is offered disabled.
-    QVERIFY(!chooseFromContextMenu(canvas, pixel(e.position, 45, 5), QStringLiteral("Bewegungspunkt entfernen")));
-    QCOMPARE(e.window->undoStack()->count(), 0);
     // A few pixels beside the marker still takes it.
     QVERIFY(chooseFromContextMenu(canvas, pixel(e.position, 90, 40) + QPoint(3, -2),
                                   QStringLiteral("Bewegungspunkt entfernen")));
     QCOMPARE(e.window->undoStack()->count(), 1);
-    QCOMPARE(e.window->undoStack()->text(0), QStringLiteral("Entferne Bewegungspunkt [90,40] hinzu"));
     QVERIFY(!e.editor.camDescription()->pointAt(90));
-    e.window->undoStack()->undo();
-    QCOMPARE(e.editor.state(), before);
-    QCOMPARE(e.messages.count(), 0);
 }
 
 // Two clicks place the cursors; the box shows the plan's exact values and
@@ -355,9 +273,7 @@ void tst_LinkedViews::measuringCursors()
     MeasuringTool *tool = e.plots->measuringTool();
     QLabel *box = e.plots->findChild<QLabel *>(QStringLiteral("measurementLabel"));
     QVERIFY(box);
-    QVERIFY(!box->isVisible());
     QVERIFY(chooseFromContextMenu(e.position->canvas(), pixel(e.position, 45, 5), QStringLiteral("Messen")));
-    QVERIFY(tool->isActive());
     QVERIFY(box->isVisible());
     e.plots->replotNow();
 
@@ -371,23 +287,15 @@ void tst_LinkedViews::measuringCursors()
     const double second = tool->cursorMaster(1);
     QCOMPARE(first, drive->roundMaster(first));
     QVERIFY(std::abs(first - 90.0) < 1.0);
-    QVERIFY(std::abs(second - 30.0) < 1.0);
     // Both cursors over every plot, wherever they were placed.
     const QList<CursorOverlay *> overlays = e.plots->findChildren<CursorOverlay *>();
     QCOMPARE(overlays.size(), int(CurvePlot::QuantityCount));
-    for (const CursorOverlay *overlay : overlays) {
-        QCOMPARE(overlay->cursors().size(), 2);
-        QCOMPARE(overlay->cursors().at(1).master, second);
-    }
+    for (const CursorOverlay *overlay : overlays)
+        QCOMPARE(overlay->cursors().value(1).master, second);
     const MotionPlan *plan = e.model->motionPlan();
     const QString text = box->text();
-    QVERIFY2(text.contains(QString::number(second - first, 'f', 3)), qPrintable(text));
     QVERIFY2(text.contains(QString::number(plan->position(second) - plan->position(first), 'f', 3)), qPrintable(text));
     QVERIFY2(text.contains(QString::number(plan->velocity(first), 'g', 6)), qPrintable(text));
-    // The stored table, between its points, lies on the calculated curve.
-    QVERIFY(std::abs(tool->valueAt(CurvePlot::Position, false, second) - plan->position(second)) < 0.01);
-    QVERIFY(std::abs(tool->valueAt(CurvePlot::Velocity, false, second) - plan->velocity(second)) < 0.01);
-    QCOMPARE(e.window->undoStack()->count(), 0);
 
     // A third click moves the nearer cursor: the second.
     QTest::mouseClick(e.position->canvas(), Qt::LeftButton, {}, atMaster(e.position, 50));
@@ -395,10 +303,8 @@ void tst_LinkedViews::measuringCursors()
     QVERIFY(std::abs(tool->cursorMaster(1) - 50.0) < 1.0);
 
     QTest::keyClick(e.position->canvas(), Qt::Key_Escape);
-    QVERIFY(!tool->isActive());
     QVERIFY(!box->isVisible());
-    QCOMPARE(tool->placedCount(), 0);
-    for (const CursorOverlay *overlay : e.plots->findChildren<CursorOverlay *>())
+    for (const CursorOverlay *overlay : overlays)
         QVERIFY(overlay->cursors().isEmpty());
     // Out of the mode a press on a marker drags again.
     QTest::mousePress(e.position->canvas(), Qt::LeftButton, {}, pixel(e.position, 90, 40));
@@ -415,37 +321,22 @@ void tst_LinkedViews::timeAxis()
 {
     Editor e;
     CurvePlot *velocity = e.plots->plot(CurvePlot::Velocity);
-    auto *box = e.window->scalingView()->findChildren<QComboBox *>().value(0);
-    QVERIFY(box);
-    const int cycleTime = box->findText(Scaling::masterAxisScalingText(Scaling::CycleTime));
-    QVERIFY(cycleTime > 0);
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_Down);
-    if (box->currentIndex() != cycleTime)
-        QSKIP("the combo box does not step by key on this style");
+    // Chosen in the scaling box: the random user test.
+    e.model->scaling()->setMasterAxisScaling(Scaling::CycleTime);
     e.plots->replotNow();
-    QCOMPARE(e.model->scaling()->masterAxisScaling(), int(Scaling::CycleTime));
     // The lowest visible plot names the axis; the master range 0..180 is one second.
     CurvePlot *lowest = e.plots->plot(CurvePlot::Acceleration);
     QCOMPARE(lowest->axisTitle(QwtPlot::xBottom).text(), QStringLiteral("Zeit [s]"));
     QCOMPARE(e.plots->secondsPerMaster(), 1.0 / 180.0);
-    QVERIFY2(velocity->axisTitle(QwtPlot::yLeft).text().endsWith(QStringLiteral("/s]")),
-             qPrintable(velocity->axisTitle(QwtPlot::yLeft).text()));
     // The derivatives over time through the scaling's one conversion.
     const double factor = e.model->scaling()->derivativeFactor(1, e.model->motionPlan()->masterRange());
     QVERIFY(factor != 1.0);
     const QPointF sample = velocity->calculatedCurve()->sample(7);
     QCOMPARE(sample.y(), e.model->motionPlan()->velocity(sample.x()) * factor);
-    // Ticks on round seconds.
-    for (double tick : lowest->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick)) {
-        const double seconds = tick / 180.0;
-        QVERIFY2(std::abs(seconds * 10.0 - std::round(seconds * 10.0)) < 1e-9, qPrintable(QString::number(seconds)));
-    }
     MeasuringTool *tool = e.plots->measuringTool();
     tool->setActive(true);
     tool->placeAt(90.0);
-    QVERIFY2(tool->label()->text().contains(QStringLiteral("Zeit [s]")), qPrintable(tool->label()->text()));
-    QVERIFY(tool->label()->text().contains(QStringLiteral("0.5000")));
+    QVERIFY2(tool->label()->text().contains(QStringLiteral("0.5000")), qPrintable(tool->label()->text()));
     tool->setActive(false);
     CurveReportView *report = e.window->reportView();
     report->refreshNow();
@@ -457,19 +348,14 @@ void tst_LinkedViews::timeAxis()
 void tst_LinkedViews::warningsMarked()
 {
     Editor e(R"({"MotionPoints": [[0, 0, "rest"], [90, 40, "turningPoint"], [180, 0, "rest"]]})");
-    QCOMPARE(e.plots->warningMarkCount(), 0);
-    QVERIFY(e.tree->model()->index(1, 0).data(Qt::ToolTipRole).toString().isEmpty());
     // A cycloid joins only where the accelerations vanish, not at a "turningPoint".
     const QModelIndex law = e.tree->model()->index(1, 3);
     QVERIFY(e.tree->model()->setData(law, int(MotionPoint::Cycloid)));
-    QCOMPARE(e.window->undoStack()->count(), 1);
     const QString tip = e.tree->model()->index(1, 0).data(Qt::ToolTipRole).toString();
     QVERIFY2(tip.contains(QStringLiteral("nicht anwendbar")), qPrintable(tip));
-    QVERIFY(!e.tree->model()->index(1, 0).data(Qt::DecorationRole).isNull());
     QCOMPARE(e.plots->warningMarkCount(), int(CurvePlot::QuantityCount));
     e.window->undoStack()->undo();
     QCOMPARE(e.plots->warningMarkCount(), 0);
-    QVERIFY(e.tree->model()->index(1, 0).data(Qt::ToolTipRole).toString().isEmpty());
 }
 
 QTEST_MAIN(tst_LinkedViews)

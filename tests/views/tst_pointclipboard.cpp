@@ -83,7 +83,6 @@ void tst_PointClipboard::copyMotionPoints()
     QTreeView *tree = window->motionPlanEditor()->pointTree();
     selectRows(tree, { 0, 2 });
     typeKey(tree, Qt::Key_C, Qt::ControlModifier);
-    QVERIFY(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Master-Position")));
     QCOMPARE(copiedRows(), QStringList({ "0.000\t0.000\trest\tPoly5\t\t", "180.000\t0.000\trest\tPoly5\t\t" }));
 
     MotionPoint *speed = editor.camDescription()->motionPoints().at(1);
@@ -99,7 +98,6 @@ void tst_PointClipboard::copyMotionPoints()
     MessageCapture messages;
     editor.description->loadWithUndo(parseJson(R"({"MotionPoints": []})"), QStringLiteral("leer"));
     typeKey(tree, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(messages.count(), 0);
     QCOMPARE(editor.state(), copied);
     QCOMPARE(window->undoStack()->text(window->undoStack()->count() - 1), QStringLiteral("Füge 3 Bewegungspunkte ein"));
 }
@@ -122,8 +120,6 @@ void tst_PointClipboard::copyGridPointTables()
     showDock(window, CamDesignerViewImplementation::CalculatedDock);
     selectRows(calculated, { 1, 2 });
     typeKey(calculated, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QGuiApplication::clipboard()->text().section(QLatin1Char('\n'), 0, 0),
-             QStringLiteral("Master-Position\tSlave-Position"));
     QCOMPARE(copiedRows(), QStringList({ gridRow(1), gridRow(2) }));
 
     auto *storedView = qobject_cast<GridPointParameterView *>(window->dock(CamDesignerViewImplementation::ParameterDock)->widget());
@@ -206,13 +202,14 @@ void tst_PointClipboard::paste()
 }
 
 namespace {
-enum Focus { PointField, ResolutionBox, CellEditor, PointTable, Plot, CalculatedTable };
+enum Focus { PointField, ResolutionBox, PointTable, Plot };
 enum KeyOutcome { PastedText, PastedPoints, Written, WordDeleted, DeleteAsked };
 } // namespace
 
 // Ctrl+V writes the grid points and Ctrl+Del deletes the stored ones, but
-// not where the focus is in a field that takes the key itself, nor Ctrl+V
-// in the point table, which pastes there.
+// not where the focus is in a field that takes the key itself (a line edit,
+// as a table cell's editor is one, or a spin box), nor Ctrl+V in the point
+// table, which pastes there. Any other widget leaves the key to the window.
 void tst_PointClipboard::editingKeysBelongToTheFocusedField_data()
 {
     QTest::addColumn<int>("focus");
@@ -220,12 +217,9 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField_data()
     QTest::addColumn<int>("outcome");
     QTest::newRow("Ctrl+V in a point field") << int(PointField) << int(Qt::Key_V) << int(PastedText);
     QTest::newRow("Ctrl+V in the resolution") << int(ResolutionBox) << int(Qt::Key_V) << int(PastedText);
-    QTest::newRow("Ctrl+V in a cell editor") << int(CellEditor) << int(Qt::Key_V) << int(PastedText);
     QTest::newRow("Ctrl+V in the point table") << int(PointTable) << int(Qt::Key_V) << int(PastedPoints);
     QTest::newRow("Ctrl+V in the plot") << int(Plot) << int(Qt::Key_V) << int(Written);
-    QTest::newRow("Ctrl+V in the calculated table") << int(CalculatedTable) << int(Qt::Key_V) << int(Written);
     QTest::newRow("Ctrl+Del in a point field") << int(PointField) << int(Qt::Key_Delete) << int(WordDeleted);
-    QTest::newRow("Ctrl+Del in a cell editor") << int(CellEditor) << int(Qt::Key_Delete) << int(WordDeleted);
     QTest::newRow("Ctrl+Del in the point table") << int(PointTable) << int(Qt::Key_Delete) << int(DeleteAsked);
 }
 
@@ -240,33 +234,10 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
     QApplication::setActiveWindow(window);
     QVERIFY(QTest::qWaitForWindowActive(window));
     MotionPlanTreeEditor *points = window->motionPlanEditor();
-    QTreeView *tree = points->pointTree();
     points->selectRow(1);
-    QWidget *target = nullptr;
-    switch (focus) {
-    case PointField:
-        target = points->pointEditView()->masterEdit();
-        break;
-    case ResolutionBox:
-        target = points->settingsView()->resolutionBox();
-        break;
-    case CellEditor:
-        tree->setFocus();
-        QTest::keyClick(tree, Qt::Key_F2);
-        target = tree->viewport()->findChild<QLineEdit *>();
-        break;
-    case PointTable:
-        target = tree;
-        break;
-    case Plot:
-        target = window->plots()->plot(CurvePlot::Position)->canvas();
-        break;
-    default:
-        showDock(window, CamDesignerViewImplementation::CalculatedDock);
-        target = window->dock(CamDesignerViewImplementation::CalculatedDock)->widget();
-        break;
-    }
-    QVERIFY(target);
+    QWidget *const targets[] = { points->pointEditView()->masterEdit(), points->settingsView()->resolutionBox(),
+                                 points->pointTree(), window->plots()->plot(CurvePlot::Position)->canvas() };
+    QWidget *target = targets[focus];
     target->setFocus();
     QCOMPARE(QApplication::focusWidget(), target);
     // A word deleted from "90.000" leaves "90.", the point's own master.
@@ -274,30 +245,19 @@ void tst_PointClipboard::editingKeysBelongToTheFocusedField()
         edit->setCursorPosition(outcome == WordDeleted ? 3 : 0);
     if (auto *spin = qobject_cast<QSpinBox *>(target))
         spin->selectAll();
-    const auto text = [target] {
-        if (auto *spin = qobject_cast<QSpinBox *>(target))
-            return spin->text();
-        auto *edit = qobject_cast<QLineEdit *>(target);
-        return edit ? edit->text() : QString();
-    };
+    const auto text = [target] { return target->property("text").toString(); };
     const QString before = text();
     QGuiApplication::clipboard()->setText(outcome == PastedPoints ? QStringLiteral("45;20") : QStringLiteral("123"));
-    ParameterModelImplementation *parameters = editor.parameters();
-    const int stored = parameters->storedGridPoints().size();
-    const int commands = window->undoStack()->count();
 
     QTest::keyClick(target, Qt::Key(key), Qt::ControlModifier);
     const QString after = text();  // before a focus change may finish the edit
     QCoreApplication::processEvents();
 
-    const bool written = parameters->storedGridPoints().size() != stored;
+    // The box asking to delete: tst_camdesignerview; the paste's undo text: copyMotionPoints.
+    const bool written = !editor.parameters()->storedGridPoints().isEmpty();
     QCOMPARE(written, outcome == Written);
     QCOMPARE(messages.count(), outcome == DeleteAsked ? 1 : 0);
-    if (outcome == DeleteAsked)
-        QCOMPARE(messages.last().title, QStringLiteral("Stützstellen Parameter löschen."));
-    QCOMPARE(window->undoStack()->count(), commands + (outcome == PastedPoints ? 1 : 0));
-    if (outcome == PastedPoints)
-        QCOMPARE(window->undoStack()->text(commands), QStringLiteral("Füge 1 Bewegungspunkte ein"));
+    QCOMPARE(window->undoStack()->count(), outcome == PastedPoints ? 1 : 0);
     if (outcome == PastedText)
         QVERIFY2(after.contains(QStringLiteral("123")), qPrintable(after));
     if (outcome == WordDeleted)
@@ -318,18 +278,13 @@ void tst_PointClipboard::parseText_data()
     QTest::newRow("tabs, points, header, types")
         << "Master-Position [°]\tSlave-Position [mm]\tSegmenttyp\n0.000\t0.000\trest\n90.5\t40.25\tturningPoint\n"
         << 2 << 0 << true << 90.5 << 40.25 << int(MotionPoint::turningPoint);
+    // Without a tab the semicolon separates; the cells are trimmed.
     QTest::newRow("semicolons, decimal commas, no header")
-        << "10,5;-2,75\r\n20;3" << 2 << 0 << false << 20.0 << 3.0 << -1;
-    QTest::newRow("tabs with decimal commas") << "1,5\t2,5\tacceleration" << 1 << 0 << false << 1.5 << 2.5
-                                              << int(MotionPoint::acceleration);
+        << "10,5;-2,75\r\n20; 3 ; speed " << 2 << 0 << false << 20.0 << 3.0 << int(MotionPoint::speed);
     QTest::newRow("blank lines and a trailing separator") << "\n1;2;\n\n3;4\n\n" << 2 << 0 << false << 3.0 << 4.0 << -1;
-    QTest::newRow("spaces around cells") << " 1 \t 2 \t speed " << 1 << 0 << false << 1.0 << 2.0
-                                         << int(MotionPoint::speed);
     // Only the first line may be a header; a name must be a data name exactly.
     QTest::newRow("bad lines after the first") << "1;2\nx;2\n3;4;Rast\n5;6;turningpoint\n7\n8;9;rest;1\n10;11"
                                                << 2 << 5 << false << 10.0 << 11.0 << -1;
-    QTest::newRow("grouping is no number") << "1.000,5;2" << 0 << 0 << true << 0.0 << 0.0 << -1;
-    QTest::newRow("no finite number") << "a;b\ninf;1\nnan;1" << 0 << 2 << true << 0.0 << 0.0 << -1;
     QTest::newRow("nothing") << "" << 0 << 0 << false << 0.0 << 0.0 << -1;
 }
 
@@ -359,17 +314,14 @@ void tst_PointClipboard::decimalText_data()
     QTest::addColumn<bool>("ok");
     QTest::addColumn<double>("value");
     QTest::newRow("comma") << "45,5" << true << 45.5;
-    QTest::newRow("point") << "45.5" << true << 45.5;
     QTest::newRow("blanks") << " -3,25 " << true << -3.25;
+    // A comma is always the decimal mark, never a thousands' separator.
     QTest::newRow("three decimals") << "1,000" << true << 1.0;
-    QTest::newRow("whole") << "1000" << true << 1000.0;
-    QTest::newRow("german grouping") << "1.000,5" << false << 0.0;
-    QTest::newRow("english grouping") << "1,000.5" << false << 0.0;
-    QTest::newRow("two commas") << "1,000,5" << false << 0.0;
+    // Two marks of either kind: a grouping that could be read two ways.
+    QTest::newRow("grouping") << "1.000,5" << false << 0.0;
     QTest::newRow("blank grouping") << "1 000" << false << 0.0;
+    // The C locale reads "nan" and "inf" too.
     QTest::newRow("nan") << "nan" << false << 0.0;
-    QTest::newRow("infinity") << "inf" << false << 0.0;
-    QTest::newRow("empty") << "" << false << 0.0;
 }
 
 void tst_PointClipboard::decimalText()
