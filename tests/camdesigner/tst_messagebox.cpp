@@ -1,5 +1,4 @@
 #include <messagebox.h>
-#include "messagecapture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -30,8 +29,8 @@ void tst_MessageBox::passesTheMessageThrough_data()
     QTest::newRow("question") << Show(&MessageBox::question) << int(B::Question) << int(B::Yes | B::No) << int(B::No);
 }
 
-// The same message reaches a capture, and without one the modal box, which
-// is answered here the way a user would.
+// Without a capture (which every other test uses) the message reaches a
+// modal box, answered here the way a user would.
 void tst_MessageBox::passesTheMessageThrough()
 {
     QFETCH(Show, show);
@@ -41,16 +40,6 @@ void tst_MessageBox::passesTheMessageThrough()
     const QString title = QStringLiteral("Speichern der Datei Fehlgeschlagen.");
     const QString text = QString::fromUtf8("Überschreiben nicht möglich.");
     const QStringList expected { QString::number(icon), title, text, QString::number(buttons) };
-    {
-        MessageCapture capture { QMessageBox::StandardButton(answer) };
-        QCOMPARE(int(show(nullptr, title, text, QMessageBox::StandardButtons(buttons))), answer);
-        QCOMPARE(capture.count(), 1);
-        const MessageBox::Message &message = capture.last();
-        QCOMPARE(QStringList({ QString::number(message.icon), message.title, message.text,
-                               QString::number(message.buttons) }),
-                 expected);
-    }
-
     QStringList seen;
     QTimer::singleShot(0, this, [&] {
         for (QWidget *widget : QApplication::topLevelWidgets()) {
