@@ -19,14 +19,6 @@
 #include <QTest>
 
 #include <cmath>
-#include <functional>
-
-namespace {
-
-using MakeCommand = std::function<QUndoCommand *(CommandFixture &)>;
-} // namespace
-
-Q_DECLARE_METATYPE(MakeCommand)
 
 class tst_EditingCommands : public QObject
 {
@@ -35,10 +27,8 @@ private slots:
     void init();
     void cleanup();
 
-    void undoTexts_data();
     void undoTexts();
     void scalingCommandsRecalculateNothing();
-    void togglesUndoToTheNegation_data();
     void togglesUndoToTheNegation();
 
     void commandsKeepTheVeryPoints();
@@ -70,31 +60,14 @@ void tst_EditingCommands::cleanup()
 
 // The undo texts are checked where the panels push their commands
 // (tst_editingpanels) and after every action of tst_randomuseractions; here
-// the number formats and a file name that looks like a placeholder.
-void tst_EditingCommands::undoTexts_data()
-{
-    QTest::addColumn<MakeCommand>("make");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("add, six digits") << MakeCommand([](CommandFixture &c) {
-        return new AddMotionPointCommand(&c.description, new MotionPoint(0.1234567, -3, MotionPoint::rest));
-    }) << "Füge Bewegungspunkt [0.123457,-3] hinzu";
-    QTest::newRow("circular length six digits") << MakeCommand([](CommandFixture &c) {
-        c.description.setCircularLength(360.0);
-        return new SetCircularLengthCommand(&c.description, 1234567.0);
-    }) << "Ändere Umlauflänge 360 -> 1.23457e+06";
-    QTest::newRow("load, placeholder-like name stays") << MakeCommand([](CommandFixture &c) {
-        return new LoadNewMotionPlanCommand(&c.description, QJsonObject(), QStringLiteral("%1 von %2"));
-    }) << "Lade Kurvendefinitionsdaten : %1 von %2";
-}
-
+// the number format and a file name that looks like a placeholder.
 void tst_EditingCommands::undoTexts()
 {
-    QFETCH(MakeCommand, make);
-    QFETCH(QString, text);
-    QUndoCommand *command = make(*m_cam);
-    QCOMPARE(command->text(), text);
-    delete command;
+    m_cam->description.setCircularLength(360.0);
+    const SetCircularLengthCommand length(&m_cam->description, 1234567.0);
+    QCOMPARE(length.text(), QStringLiteral("Ändere Umlauflänge 360 -> 1.23457e+06"));
+    const LoadNewMotionPlanCommand load(&m_cam->description, QJsonObject(), QStringLiteral("%1 von %2"));
+    QCOMPARE(load.text(), QStringLiteral("Lade Kurvendefinitionsdaten : %1 von %2"));
 }
 
 // Every command kind is pushed, undone and redone by the panels
@@ -117,31 +90,21 @@ void tst_EditingCommands::scalingCommandsRecalculateNothing()
     QCOMPARE(m_modelChanged->count(), 0);
 }
 
-void tst_EditingCommands::togglesUndoToTheNegation_data()
-{
-    QTest::addColumn<bool>("stepMode");
-    QTest::newRow("step mode") << true;
-    QTest::newRow("cyclic") << false;
-}
-
-// Pushed with the value already in force, the toggles change nothing on
-// redo and then undo to the opposite of what was there.
+// Pushed with the value already in force, the toggles change nothing and
+// then undo to the opposite of what was there (deliberate, see the step mode
+// command).
 void tst_EditingCommands::togglesUndoToTheNegation()
 {
-    QFETCH(bool, stepMode);
     Steps *steps = m_cam->description.steps();
-    const auto value = [&] { return stepMode ? steps->isDynamicStepSize() : m_cam->description.isCyclic(); };
-    const bool inForce = value();
-    if (stepMode)
-        m_cam->stack->push(new ChangeStepModeCommand(steps, inForce));
-    else
-        m_cam->stack->push(new SetIsCyclicCamCommand(&m_cam->description, inForce));
-    QCOMPARE(value(), inForce);
+    const bool dynamic = steps->isDynamicStepSize();
+    const bool cyclic = m_cam->description.isCyclic();
+    m_cam->stack->push(new ChangeStepModeCommand(steps, dynamic));
+    m_cam->stack->push(new SetIsCyclicCamCommand(&m_cam->description, cyclic));
     QCOMPARE(m_descriptionChanged->count(), 0);
     m_cam->stack->undo();
-    QCOMPARE(value(), !inForce);
-    m_cam->stack->redo();
-    QCOMPARE(value(), inForce);
+    m_cam->stack->undo();
+    QCOMPARE(steps->isDynamicStepSize(), !dynamic);
+    QCOMPARE(m_cam->description.isCyclic(), !cyclic);
 }
 
 // What each command brings back is checked after every step of

@@ -28,6 +28,7 @@
 #include <QJsonArray>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -52,14 +53,9 @@ struct State {
 // Exact, not fuzzy: both plans must have computed the very same numbers.
 bool identical(const QPolygonF &a, const QPolygonF &b)
 {
-    if (a.size() != b.size())
-        return false;
-    for (int i = 0; i < a.size(); ++i) {
-        const auto same = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
-        if (!same(a.at(i).x(), b.at(i).x()) || !same(a.at(i).y(), b.at(i).y()))
-            return false;
-    }
-    return true;
+    const auto same = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](const QPointF &p, const QPointF &q) { return same(p.x(), q.x()) && same(p.y(), q.y()); });
 }
 
 int stepsPerSeed()

@@ -82,7 +82,7 @@ private:
     bool chance(double p) { return std::bernoulli_distribution(p)(m_random); }
     double position();
     QVector<QPointF> table(int count);
-    void prepare(BoundTable &bound, MessageCapture &capture, QString *start);
+    void prepare(BoundTable &bound, QString *start);
     QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize);
     QString checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points);
     static QString checkDelete(BoundTable &bound);
@@ -115,7 +115,7 @@ QVector<QPointF> Case::table(int count)
     return points;
 }
 
-void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
+void Case::prepare(BoundTable &bound, QString *start)
 {
     switch (uniform(0, 3)) {
     case 0:
@@ -151,7 +151,6 @@ void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
         bound.definition(coordinate("G293"))->setElementCount(bound.table + 1);
     bound.drive.writeValueNative(LivingSpace, coordinate("G293"), bound.table, QString::number(uniform(0, 1 << 30)));
     *start = damaged ? QStringLiteral("damaged") : QStringLiteral("foreign");
-    Q_UNUSED(capture);
 }
 
 QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize)
@@ -259,7 +258,7 @@ QString Case::run()
     QLocale::setDefault(chance(0.5) ? QLocale(QLocale::German, QLocale::Germany) : QLocale::c());
     MessageCapture capture;
     QString start;
-    prepare(bound, capture, &start);
+    prepare(bound, &start);
     if (capture.count() != 0)
         return QStringLiteral("the starting table was refused: %1").arg(capture.last().text);
 
