@@ -197,7 +197,6 @@ private slots:
         // An own table first: a broken write must not leave it stamped.
         bound.model().writeGridPoints(curvePoints(5, 3.0));
         const QString stamp = bound.drive.readValueNative(LivingSpace, coordinate("G293"), 0);
-        QCOMPARE(stamp, QString::number(bound.model().computeCrc()));
         if (growthRefused)
             bound.drive.refuseGrowthAfter(1);
         else

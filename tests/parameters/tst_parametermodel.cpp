@@ -35,12 +35,11 @@ private slots:
         BoundTable bound(table);
         QCOMPARE(bound.model().masterCoordinateText(), master);
         QCOMPARE(bound.model().slaveCoordinateText(), slave);
+        // What a write leaves in each existing table: tst_gridpointwritefaults.
         MessageCapture capture;
         bound.model().writeGridPoints(curvePoints(4));
-        QCOMPARE(bound.model().storedGridPoints().size(), master.isEmpty() ? 0 : 4);
-        QCOMPARE(bound.drive.elementWrites(master), master.isEmpty() ? 0 : 3);
-        if (master.isEmpty())
-            QCOMPARE(bound.drive.totalElementWrites(), 0);
+        QCOMPARE(capture.count(), master.isEmpty() ? 1 : 0);
+        QCOMPARE(bound.drive.totalElementWrites() > 0, !master.isEmpty());
     }
 
     void valueTexts_data()
@@ -70,8 +69,6 @@ private slots:
         BoundTable bound;
         QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QString::number(masterDecimals)));
         QVERIFY(bound.drive.writeValue(LivingSpace, coordinate("I06"), 0, QString::number(slaveDecimals)));
-        QCOMPARE(bound.model().masterDecimalPlaces(), masterDecimals);
-        QCOMPARE(bound.model().slaveDecimalPlaces(), slaveDecimals);
         QCOMPARE(bound.model().masterValueToText(value), masterText);
         QCOMPARE(bound.model().slaveValueToText(value), slaveText);
         QCOMPARE(bound.model().roundMaster(value), masterRounded);
