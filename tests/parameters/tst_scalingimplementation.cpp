@@ -88,22 +88,6 @@ private slots:
         QCOMPARE(scaling.derivativeUnit(order), unit);
     }
 
-    void feedAndGearFollowTheDrive()
-    {
-        BoundTable bound;
-        ScalingImplementation scaling(&bound.model());
-        scaling.setVelocityScaling(Scaling::RpmOutput);
-        QCOMPARE(scaling.derivativeFactor(1, 60.0), 60.0 * 60.0);  // without a drive one unit is one revolution
-        QSignalSpy changed(&scaling, &Scaling::changed);
-        scaling.setDrive(&bound.drive, BoundTable::LivingSpace);
-        // From now on the selector is the drive's (the table's default).
-        QCOMPARE(scaling.velocityScaling(), int(Scaling::MasterSlave));
-        scaling.setVelocityScaling(Scaling::RpmOutput);
-        QVERIFY(bound.drive.writeValue(1, coordinate("I07"), 0, QStringLiteral("10")));
-        QCOMPARE(changed.count(), 2);
-        QCOMPARE(scaling.derivativeFactor(1, 60.0), 360.0);  // 60 °/s × 60 s/min / 10 mm a revolution
-    }
-
     // The selectors and the cycle time are the table's element of the drive's
     // settings: read when bound, written on every change, followed when the
     // drive changes them; other tables keep theirs.
@@ -130,6 +114,12 @@ private slots:
         // Another table's change leaves this one as it is.
         QVERIFY(bound.drive.writeValue(0, coordinate("G438"), table + 1, QStringLiteral("3")));
         QCOMPARE(cycle.count(), 1);
+        // The feed is followed as well: 240 ° in 4 s, 60 °/s × 60 s/min / 10 mm a
+        // revolution.
+        QSignalSpy changed(&scaling, &Scaling::changed);
+        QVERIFY(bound.drive.writeValue(1, coordinate("I07"), 0, QStringLiteral("10")));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(scaling.derivativeFactor(1, 240.0), 360.0);
     }
 
     void survivesTheParameterModel()
@@ -139,6 +129,9 @@ private slots:
         bound.reset();
         QCOMPARE(scaling.decimalPlaces(), 3);
         QCOMPARE(scaling.masterPositionToText(2.0), QStringLiteral("2.000"));
+        // Without a drive one slave unit is one revolution.
+        scaling.setVelocityScaling(Scaling::RpmOutput);
+        QCOMPARE(scaling.derivativeFactor(1, 60.0), 60.0 * 60.0);
     }
 };
 
