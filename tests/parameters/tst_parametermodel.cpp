@@ -212,33 +212,6 @@ private slots:
         QCOMPARE(QStringList(told), order);
     }
 
-    void decimalPlacesChange_data()
-    {
-        QTest::addColumn<QString>("coordinate");
-        QTest::addColumn<int>("livingSpace");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<int>("signalCount");
-        QTest::newRow("slave places") << "I06" << 1 << "4" << 1;
-        QTest::newRow("same value") << "G46" << 0 << "3" << 0;
-        QTest::newRow("other axis") << "I06" << 2 << "4" << 0;
-    }
-    void decimalPlacesChange()
-    {
-        QFETCH(QString, coordinate);
-        QFETCH(int, livingSpace);
-        QFETCH(QString, value);
-        QFETCH(int, signalCount);
-        BoundTable bound;
-        bound.model().setConnections();
-        QSignalSpy spy(&bound.model(), &ParameterModel::decimalPlacesChanged);
-        QVERIFY(bound.drive.writeValue(livingSpace, ParameterCoordinate(coordinate), 0, value));
-        QCOMPARE(spy.count(), signalCount);
-        const int expected = signalCount ? value.toInt() : 3;
-        QCOMPARE(coordinate == QLatin1String("G46") ? bound.model().masterDecimalPlaces()
-                                                     : bound.model().slaveDecimalPlaces(),
-                 expected);
-    }
-
     void connectionStatesAreForwarded()
     {
         BoundTable bound;

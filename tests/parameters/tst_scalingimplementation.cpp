@@ -45,6 +45,10 @@ private slots:
         QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("1")));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(scaling.positionResolution(), 0.1);
+        // Unchanged places, and another axis's, are no change.
+        QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("1")));
+        QVERIFY(bound.drive.writeValue(2, coordinate("I06"), 0, QStringLiteral("1")));
+        QCOMPARE(changed.count(), 1);
         QVERIFY(bound.drive.writeValue(1, bound.master(), 0, QStringLiteral("5")));
         QCoreApplication::processEvents();
         QCOMPARE(changed.count(), 2);
