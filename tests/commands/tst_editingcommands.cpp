@@ -25,7 +25,6 @@ class tst_EditingCommands : public QObject
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
 
     void undoTexts();
     void scalingCommandsRecalculateNothing();
@@ -36,26 +35,22 @@ private slots:
     void loadWithUndoNeedsALivingStack();
 
 private:
-    CommandFixture *m_cam = nullptr;
-    QSignalSpy *m_descriptionChanged = nullptr;
-    QSignalSpy *m_modelChanged = nullptr;
+    // Declared before the spies, so that the spies go first.
+    std::unique_ptr<CommandFixture> m_cam;
+    std::unique_ptr<QSignalSpy> m_descriptionChanged;
+    std::unique_ptr<QSignalSpy> m_modelChanged;
 };
 
 void tst_EditingCommands::init()
 {
-    m_cam = new CommandFixture;
+    m_descriptionChanged.reset();
+    m_modelChanged.reset();
+    m_cam = std::make_unique<CommandFixture>();
     m_cam->add(0, 0);
     m_cam->add(10, 5, MotionPoint::speed);
     m_cam->add(20, 0);
-    m_descriptionChanged = new QSignalSpy(&m_cam->description, &CamDescription::changed);
-    m_modelChanged = new QSignalSpy(m_cam->model.get(), &CamEditorModel::changed);
-}
-
-void tst_EditingCommands::cleanup()
-{
-    delete m_modelChanged;
-    delete m_descriptionChanged;
-    delete m_cam;
+    m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);
+    m_modelChanged = std::make_unique<QSignalSpy>(m_cam->model.get(), &CamEditorModel::changed);
 }
 
 // The undo texts are checked where the panels push their commands

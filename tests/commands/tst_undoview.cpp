@@ -59,7 +59,6 @@ void tst_UndoView::popUpStaysWhileTheFocusIsInside()
     elsewhere.setFocus();
     QTRY_VERIFY(!view.isVisible());
     QCOMPARE(visible.count(), 1);
-    QCOMPARE(visible.first().first().toBool(), false);
 }
 
 QTEST_MAIN(tst_UndoView)
