@@ -31,24 +31,15 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 // What the stack must restore at one index: the cam definition data and the
-// scaling settings, which are not part of it.
-struct State {
-    QJsonObject data;
-    double cycleTime;
-    int masterAxisScaling;
-    int velocityScaling;
-
-    bool operator==(const State &other) const
-    {
-        return data == other.data && cycleTime == other.cycleTime && masterAxisScaling == other.masterAxisScaling
-            && velocityScaling == other.velocityScaling;
-    }
-};
+// scaling settings, which are not part of it (cycle time, master axis and
+// velocity scaling).
+using State = std::tuple<QJsonObject, double, int, int>;
 
 // Exact, not fuzzy: both plans must have computed the very same numbers.
 bool identical(const QPolygonF &a, const QPolygonF &b)
@@ -226,8 +217,8 @@ private:
 State tst_UndoRandom::state(CommandFixture &cam)
 {
     const Scaling *scaling = cam.model->scaling();
-    return State { cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
-                   scaling->velocityScaling() };
+    return State(cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
+                 scaling->velocityScaling());
 }
 
 // The model's plan against a plan of a fresh model for the same data.

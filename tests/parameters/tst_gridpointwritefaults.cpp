@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -273,37 +274,24 @@ QString Case::run()
         count = MaximumCount - uniform(0, 1);
     const QVector<QPointF> points = table(count);
 
-    // The drive's faults, each counted from the start of the write.
+    // The drive's faults, each counted from the start of the write (-1 ends them).
+    using Drive = MxSimulation::SimulatedDrive;
+    const std::pair<const char *, void (Drive::*)(int)> delayed[] = {
+        { "writes fail after", &Drive::failWritesAfter }, { "writes fail after", &Drive::failWritesAfter },
+        { "read-only after", &Drive::goReadOnlyAfterWrites }, { "online after", &Drive::goOnlineAfterWrites },
+        { "growth refused after", &Drive::refuseGrowthAfter } };
     QString fault = QStringLiteral("none");
-    const int budget = 2 * count + 8;
-    switch (uniform(0, 9)) {
-    case 0:
-    case 1:
-        fault = QStringLiteral("writes fail after %1").arg(uniform(0, budget));
-        bound.drive.failWritesAfter(fault.section(' ', -1).toInt());
-        break;
-    case 2:
-        fault = QStringLiteral("read-only after %1").arg(uniform(0, budget));
-        bound.drive.goReadOnlyAfterWrites(fault.section(' ', -1).toInt());
-        break;
-    case 3:
-        fault = QStringLiteral("online after %1").arg(uniform(0, budget));
-        bound.drive.goOnlineAfterWrites(fault.section(' ', -1).toInt());
-        break;
-    case 4:
-        fault = QStringLiteral("growth refused after %1").arg(uniform(0, 1));
-        bound.drive.refuseGrowthAfter(fault.section(' ', -1).toInt());
-        break;
-    case 5:
+    const int kind = uniform(0, 9);
+    if (kind < 5) {
+        const int after = uniform(0, kind == 4 ? 1 : 2 * count + 8);
+        fault = QStringLiteral("%1 %2").arg(QLatin1String(delayed[kind].first)).arg(after);
+        (bound.drive.*delayed[kind].second)(after);
+    } else if (kind == 5) {
         fault = QStringLiteral("read-only");
         bound.drive.setReadOnly(true);
-        break;
-    case 6:
+    } else if (kind == 6) {
         fault = QStringLiteral("online");
         bound.drive.setOnline(true);
-        break;
-    default:
-        break;
     }
 
     const QString context = QStringLiteral("[%1 start, %2 points, decimals %3/%4, fault: %5] ")
@@ -321,10 +309,8 @@ QString Case::run()
     bound.drive.clearWriteCounts();
     capture.clear();
     bound.model().writeGridPoints(points);
-    bound.drive.failWritesAfter(-1);
-    bound.drive.goReadOnlyAfterWrites(-1);
-    bound.drive.goOnlineAfterWrites(-1);
-    bound.drive.refuseGrowthAfter(-1);
+    for (const auto &trigger : delayed)
+        (bound.drive.*trigger.second)(-1);
 
     bool refusable = count == 0 || count > MaximumCount || fault == QLatin1String("read-only");
     for (const QPointF &point : points)
