@@ -30,8 +30,6 @@ public:
         connect(description, &CamDescription::changed, this, [this] { names.append("changed"); });
         connect(description, &CamDescriptionImplementation::motionPointChanged, this,
                 [this] { names.append("motionPointChanged"); });
-        connect(description, &CamDescriptionImplementation::motionLawChanged, this,
-                [this] { names.append("motionLawChanged"); });
     }
     QStringList names;
 };
@@ -55,7 +53,6 @@ class tst_CamDescription : public QObject
 private slots:
     void load_data();
     void load();
-    void fromJsonSignalOrder();
     void typeAppliesKeptAfterConstructionAndSameLawLoad();
     void appendAndTakePoint();
     void differs_data();
@@ -131,22 +128,6 @@ void tst_CamDescription::load()
         "Steps": {"dynamicSteps": 3, "isDynamicStepSize": false, "staticStepSize": 9}})"));
     loaded->fromJson(CamDataFile::parseBinary(bytes));
     QCOMPARE(loaded->toJson(), expected);
-}
-
-void tst_CamDescription::fromJsonSignalOrder()
-{
-    auto description = create(parseJson(R"({"MotionPoints": [[0, 0], [10, 5]]})"));
-    SignalLog log(description.get());
-    description->fromJson(parseJson(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 360,
-        "MotionPoints": [[0, 0, "rest"]], "Steps": {"dynamicSteps": 100}})"));
-    const QStringList expected { "motionLawChanged", "changed",  // law relay, then the law-change handling
-                                 "changed",                      // cyclic flag
-                                 "changed", "changed",           // one per removed point
-                                 "motionPointChanged",           // map rebuilt
-                                 "changed",                      // dynamic resolution
-                                 "changed",                      // circular length
-                                 "changed" };                    // always at the end, whatever changed
-    QCOMPARE(log.names, expected);
 }
 
 void tst_CamDescription::typeAppliesKeptAfterConstructionAndSameLawLoad()

@@ -211,19 +211,6 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(QStringList(told), order);
     }
-
-    void connectionStatesAreForwarded()
-    {
-        BoundTable bound;
-        QStringList order;
-        connect(&bound.model(), &ParameterModel::readOnlySetToChange, this, [&] { order << QStringLiteral("pending"); });
-        connect(&bound.model(), &ParameterModel::readOnlyChanged, this, [&] { order << QStringLiteral("changed"); });
-        bound.drive.setReadOnly(true);
-        QVERIFY(bound.model().isReadOnly());
-        bound.drive.setOnline(true);
-        QVERIFY(bound.model().isOnline());
-        QCOMPARE(order, (QStringList { "pending", "changed", "pending", "changed" }));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestParameterModel)
