@@ -64,11 +64,9 @@ private slots:
         QTest::addColumn<double>("factor");
         QTest::addColumn<QString>("unit");
         QTest::newRow("master units, jerk") << 0 << 0 << 3 << 1.0 << "mm/°³";
-        QTest::newRow("cycle time, velocity") << 1 << 0 << 1 << 180.0 << "mm/s";
         QTest::newRow("cycle time, jerk") << 1 << 0 << 3 << 5832000.0 << "mm/s³";
         // 180 mm/s / 360 mm * 60 = 30 U/min, whatever the master axis shows.
         QTest::newRow("output rpm") << 0 << 1 << 1 << 30.0 << "U/min";
-        QTest::newRow("output rpm, acceleration") << 1 << 1 << 2 << 5400.0 << "U/min/s";
         QTest::newRow("output rpm, position") << 1 << 1 << 0 << 1.0 << "mm";
         QTest::newRow("motor rpm, jerk") << 1 << 2 << 3 << 2430000.0 << "U/min/s²";
         QTest::newRow("order 4") << 1 << 0 << 4 << qQNaN() << "";
