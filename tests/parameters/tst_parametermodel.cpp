@@ -42,38 +42,9 @@ private slots:
         QCOMPARE(bound.drive.totalElementWrites() > 0, !master.isEmpty());
     }
 
-    void valueTexts_data()
-    {
-        QTest::addColumn<int>("masterDecimals");
-        QTest::addColumn<int>("slaveDecimals");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<QString>("masterText");
-        QTest::addColumn<QString>("slaveText");
-        QTest::addColumn<double>("masterRounded");
-        QTest::addColumn<double>("slaveRounded");
-        QTest::newRow("axes differ") << 1 << 4 << -0.26 << "-0.3" << "-0.2600" << -0.3 << -0.26;
-        QTest::newRow("no decimals") << 0 << 2 << 359.6 << "360" << "359.60" << 360.0 << 359.6;
-        // Rounding for the write is half away from zero.
-        QTest::newRow("half away from zero for negatives") << 1 << 2 << -0.25 << "-0.3" << "-0.25" << -0.3 << -0.25;
-        QTest::newRow("odd half") << 1 << 1 << 0.35 << "0.3" << "0.3" << 0.4 << 0.4;
-    }
-    void valueTexts()
-    {
-        QFETCH(int, masterDecimals);
-        QFETCH(int, slaveDecimals);
-        QFETCH(double, value);
-        QFETCH(QString, masterText);
-        QFETCH(QString, slaveText);
-        QFETCH(double, masterRounded);
-        QFETCH(double, slaveRounded);
-        BoundTable bound;
-        QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QString::number(masterDecimals)));
-        QVERIFY(bound.drive.writeValue(LivingSpace, coordinate("I06"), 0, QString::number(slaveDecimals)));
-        QCOMPARE(bound.model().masterValueToText(value), masterText);
-        QCOMPARE(bound.model().slaveValueToText(value), slaveText);
-        QCOMPARE(bound.model().roundMaster(value), masterRounded);
-        QCOMPARE(bound.model().roundSlave(value), slaveRounded);
-    }
+    // The texts and rounding at the drive's places are PositionRounding's
+    // (tst_positionrounding, with its random part) behind one-line wrappers;
+    // a write at random places per axis is checked in tst_gridpointwritefaults.
 
     void limitChecks_data()
     {
