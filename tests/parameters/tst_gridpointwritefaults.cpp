@@ -43,11 +43,10 @@ QString stampOf(BoundTable &bound)
 // The standard CRC-32 the stamp is, computed here without the model.
 QString crcOf(BoundTable &bound)
 {
-    const int count = bound.tableValue("G68").toInt();
+    const QStringList table = tableOf(bound);
     QByteArray buffer;
-    for (int i = 0; i < count; ++i)
-        buffer += QByteArray::number(i) + bound.drive.readValueNative(LivingSpace, bound.master(), i).toUtf8()
-            + bound.drive.readValueNative(LivingSpace, bound.slave(), i).toUtf8();
+    for (int i = 0; 2 * i + 2 < table.size(); ++i)
+        buffer += QByteArray::number(i) + table.at(2 * i + 1).toUtf8() + table.at(2 * i + 2).toUtf8();
     return QString::number(crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef *>(buffer.constData()),
                                  static_cast<uInt>(buffer.size())));
 }
