@@ -52,8 +52,6 @@ void tst_CamDataFile::readByContentAndSuffix_data()
     QTest::newRow("text in plan.json.dat, the last suffix counts")
         << "plan.json.dat" << text
         << noBinary + " Sie enthält JSON-Text; mit der Endung „.json“ lässt sie sich öffnen.";
-    QTest::newRow("binary in plan.json is not read") << "binary.json" << binary
-                                                     << "Fehler im JSON-Text an Position 1: illegal value";
     const QString wrongType = QStringLiteral("„%1“ hat den falschen Typ; erwartet wird %2.");
     QTest::newRow("truncated text") << "plan.json" << QByteArray(R"({"Cyclic": tr)")
                                     << "Fehler im JSON-Text an Position 12: illegal value";
