@@ -56,8 +56,8 @@ void tst_CamDescription::load_data()
     const auto row = [](const char *name, const char *json, const char *members) {
         QTest::newRow(name) << binaryJsonOf(parseJson(json)) << withDefaults(members);
     };
-    row("lower-case spline loads Vdi2142", R"({"MotionLaw": "spline"})", "{}");
-    row("point without type is rest", R"({"MotionPoints": [[10, 5]]})", R"({"MotionPoints": [[10, 5, "rest"]]})");
+    // Law names are read by MotionLaw (tst_modelvalues); an element without
+    // a type ("x" below) is a rest point.
     row("duplicates collapse to the later one", R"({"MotionPoints": [[10, 5, "rest"], [10, 7, "speed"]]})",
         R"({"MotionPoints": [[10, 7, "speed"]]})");
     row("unknown type and bad elements", R"({"MotionPoints": [[1, 2, "turningpoint"], "x", [3, "4", 5]]})",
