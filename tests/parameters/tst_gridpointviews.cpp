@@ -12,7 +12,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -59,10 +58,6 @@ void tst_GridPointViews::storedElementsFollowTheTable()
     QVERIFY(!list->isWritableForced());
     QCOMPARE(list->indexes().size(), points);
     QCOMPARE(list->indexes().constLast(), points - 1);
-
-    view.logDifferences(QJsonObject { { "Cyclic", true } }, QJsonObject { { "Cyclic", false } });
-    view.logDifferences(QJsonObject(), QJsonObject { { "CircularLength", 360 } });
-    QCOMPARE(view.differenceLog().size(), 2);
 }
 
 void tst_GridPointViews::calculatedTableChecksEveryCell()
