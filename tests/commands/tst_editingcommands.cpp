@@ -137,13 +137,9 @@ void tst_EditingCommands::commandsKeepTheVeryPoints()
     QCOMPARE(m_cam->description.pointAt(15), added.data());
     QVERIFY(removed.isNull());
     QVERIFY(covered.isNull());
-
-    // An undone add that is dropped takes its point along.
-    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(16, 0, MotionPoint::rest)));
-    QPointer<MotionPoint> second = m_cam->description.pointAt(16);
-    m_cam->stack->undo();
-    m_cam->stack->push(new SetCircularLengthCommand(&m_cam->description, 5.0));
-    QVERIFY(second.isNull());
+    // An undone add dropped by the next push takes its point along: a leak
+    // there is found by the sanitizer run of tst_undorandom, which does so
+    // often.
 }
 
 // The map is keyed by the exact master: equal is refused, one bit away is not.
