@@ -25,7 +25,6 @@ private slots:
         QCOMPARE(master.count(), 1);
         QCOMPARE(cycle.count(), 1);
         QCOMPARE(velocity.count(), 1);
-        QCOMPARE(scaling->cycleTimeText(), QStringLiteral("0.5000 s"));
     }
 
     void followsTheDrive()
@@ -48,9 +47,6 @@ private slots:
         QVERIFY(bound.drive.writeValue(0, coordinate("G46"), 0, QStringLiteral("1")));
         QVERIFY(bound.drive.writeValue(2, coordinate("I06"), 0, QStringLiteral("1")));
         QCOMPARE(changed.count(), 1);
-        QVERIFY(bound.drive.writeValue(1, bound.master(), 0, QStringLiteral("5")));
-        QCoreApplication::processEvents();
-        QCOMPARE(changed.count(), 2);
     }
 
     // By hand: 360 ° in 2 s is 180 °/s; the drive's default feed is 360 mm
@@ -91,7 +87,7 @@ private slots:
 
     // The selectors and the cycle time are the table's element of the drive's
     // settings: read when bound, written on every change, followed when the
-    // drive changes them; other tables keep theirs.
+    // drive changes them; other tables keep theirs (tst_configuratorproject).
     void settingsAreTheDrives()
     {
         const int table = 6;
@@ -112,9 +108,6 @@ private slots:
         QVERIFY(bound.drive.writeValue(0, coordinate("G438"), table, QStringLiteral("4")));
         QCOMPARE(cycle.count(), 1);
         QCOMPARE(scaling.cycleTime(), 4.0);
-        // Another table's change leaves this one as it is.
-        QVERIFY(bound.drive.writeValue(0, coordinate("G438"), table + 1, QStringLiteral("3")));
-        QCOMPARE(cycle.count(), 1);
         // The feed is followed as well: 240 ° in 4 s, 60 °/s × 60 s/min / 10 mm a
         // revolution.
         QSignalSpy changed(&scaling, &Scaling::changed);
