@@ -47,8 +47,8 @@ void tst_CamDataFile::readByContentAndSuffix_data()
     // Text JSON when the last suffix contains "json" in any case, else binary.
     QTest::newRow("text in plan.JSON") << "plan.JSON" << text << "";
     QTest::newRow("text in plan.Json5") << "plan.Json5" << text << "";
-    QTest::newRow("binary in json.dat, the name does not count") << "json.dat" << binary << "";
-    // What the editor itself saves as ".dat": the user learns how to open it.
+    // What the editor itself saves as ".dat": the user learns how to open it
+    // (and only the last suffix counts, not the name).
     QTest::newRow("text in plan.json.dat, the last suffix counts")
         << "plan.json.dat" << text
         << noBinary + " Sie enthält JSON-Text; mit der Endung „.json“ lässt sie sich öffnen.";

@@ -117,7 +117,6 @@ void tst_EditingCommands::commandsKeepTheVeryPoints()
     m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, moved, MotionPoint(20, 8, MotionPoint::rest),
                                                   m_cam->model->scaling()));
     QCOMPARE(m_cam->description.pointAt(20), moved);
-    QCOMPARE(removed->parent(), nullptr);
 
     m_cam->stack->undo();
     m_cam->stack->undo();
@@ -157,7 +156,6 @@ void tst_EditingCommands::addComparesMastersExactly()
                                                   "schon vorhanden. Überschreiben nicht möglich."));
     QVERIFY(point.isNull());
     QCOMPARE(m_cam->description.toJson(), start);
-    QCOMPARE(m_cam->stack->count(), 0);
     QCOMPARE(m_descriptionChanged->count(), 0);
 
     const double nextToTen = std::nextafter(10.0, 11.0);

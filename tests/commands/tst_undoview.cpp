@@ -35,7 +35,6 @@ void tst_UndoView::popUpStaysWhileTheFocusIsInside()
     // Clicking an entry moves the focus into the list: the pop-up stays.
     view.undoList()->setFocus();
     QTRY_VERIFY(view.undoList()->hasFocus());
-    QVERIFY(view.isVisible());
     QCOMPARE(visible.count(), 0);
 
     QLineEdit elsewhere;

@@ -28,7 +28,6 @@ private slots:
         QTest::addColumn<double>("slave");
         QTest::newRow("with blank before the unit") << "12,5 °" << 12.5 << 0.0;
         QTest::newRow("slave unit") << "-0,25 mm" << 0.0 << -0.25;
-        QTest::newRow("no unit") << "3,75" << 3.75 << 3.75;
         QTest::newRow("unit is case-sensitive") << "7,25 MM" << 0.0 << 0.0;
     }
     void textWithUnitParses()
