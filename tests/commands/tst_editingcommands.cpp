@@ -121,7 +121,6 @@ void tst_EditingCommands::commandsKeepTheVeryPoints()
     m_cam->stack->undo();
     m_cam->stack->undo();
     m_cam->stack->undo();
-    QCOMPARE(added->parent(), nullptr);
     QCOMPARE(m_cam->description.pointAt(0), moved);
     QCOMPARE(m_cam->description.pointAt(10), removed.data());
     QCOMPARE(m_cam->description.pointAt(20), covered.data());

@@ -71,8 +71,6 @@ private slots:
                  elementWrites);
         QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.slave(), 0),
                  QString::number(written, 'f', 3).replace(QLatin1Char('.'), QLatin1Char(',')));
-        QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.master(), 1),
-                 QString::number(written + 10, 'f', 3).replace(QLatin1Char('.'), QLatin1Char(',')));
         QCOMPARE(bound.drive.readValueNative(BoundTable::LivingSpace, coordinate("G293"), 0),
                  QString::number(bound.model().computeCrc()));
     }

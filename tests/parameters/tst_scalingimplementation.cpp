@@ -121,7 +121,6 @@ private slots:
         auto bound = std::make_unique<BoundTable>();
         ScalingImplementation scaling(&bound->model());
         bound.reset();
-        QCOMPARE(scaling.decimalPlaces(), 3);
         QCOMPARE(scaling.masterPositionToText(2.0), QStringLiteral("2.000"));
         // Without a drive one slave unit is one revolution.
         scaling.setVelocityScaling(Scaling::RpmOutput);
