@@ -21,21 +21,6 @@ std::unique_ptr<CamDescriptionImplementation> create(const QJsonObject &object =
         CamDescription::createCamDescription(nullptr, object.isEmpty() ? QByteArray() : binaryJsonOf(object))));
 }
 
-// Records the description's signals in the order they arrive.
-class SignalLog : public QObject
-{
-public:
-    explicit SignalLog(CamDescriptionImplementation *description)
-    {
-        connect(description, &CamDescription::changed, this, [this] { names.append("changed"); });
-        connect(description, &CamDescriptionImplementation::motionPointChanged, this,
-                [this] { names.append("motionPointChanged"); });
-        connect(description, &CamDescriptionImplementation::motionLawChanged, this,
-                [this] { names.append("motionLawChanged"); });
-    }
-    QStringList names;
-};
-
 // The written form of a description that holds the defaults except for the given members.
 QJsonObject withDefaults(const char *json)
 {
@@ -47,14 +32,6 @@ QJsonObject withDefaults(const char *json)
     return object;
 }
 
-QString describePoints(const CamDescriptionImplementation &description)
-{
-    QStringList parts;
-    for (const MotionPoint *point : description.motionPoints())
-        parts.append(QStringLiteral("%1/%2/%3").arg(point->master()).arg(point->slave()).arg(point->typeDataName()));
-    return parts.join(QLatin1Char(' '));
-}
-
 } // namespace
 
 class tst_CamDescription : public QObject
@@ -63,13 +40,11 @@ class tst_CamDescription : public QObject
 private slots:
     void load_data();
     void load();
-    void fromJsonSignalOrder();
     void typeAppliesKeptAfterConstructionAndSameLawLoad();
     void appendAndTakePoint();
     void differs_data();
     void differs();
     void summaryHtml();
-    void settersCompareBeforeEmitting();
     void examplesSaveUnchanged();
     void sectionChangesNotify();
 };
@@ -81,12 +56,10 @@ void tst_CamDescription::load_data()
     const auto row = [](const char *name, const char *json, const char *members) {
         QTest::newRow(name) << binaryJsonOf(parseJson(json)) << withDefaults(members);
     };
-    row("lower-case spline loads Vdi2142", R"({"MotionLaw": "spline"})", "{}");
-    row("point without type is rest", R"({"MotionPoints": [[10, 5]]})", R"({"MotionPoints": [[10, 5, "rest"]]})");
+    // Law names are read by MotionLaw (tst_modelvalues); an element without
+    // a type ("x" below) is a rest point.
     row("duplicates collapse to the later one", R"({"MotionPoints": [[10, 5, "rest"], [10, 7, "speed"]]})",
         R"({"MotionPoints": [[10, 7, "speed"]]})");
-    row("unsorted points are sorted", R"({"MotionPoints": [[20, 1, "rest"], [-3, 2, "speed"]]})",
-        R"({"MotionPoints": [[-3, 2, "speed"], [20, 1, "rest"]]})");
     row("unknown type and bad elements", R"({"MotionPoints": [[1, 2, "turningpoint"], "x", [3, "4", 5]]})",
         R"({"MotionPoints": [[0, 0, "rest"], [1, 2, "rest"], [3, 0, "rest"]]})");
     row("MotionPoints of wrong type means none", R"({"MotionPoints": {"a": 1}})", "{}");
@@ -116,7 +89,6 @@ void tst_CamDescription::load_data()
     // Bytes that are no valid binary JSON object load the defaults.
     const QJsonObject defaults = withDefaults("{}");
     QTest::newRow("empty") << QByteArray() << defaults;
-    QTest::newRow("garbage") << QByteArray("not binary json at all") << defaults;
     const QByteArray bytes = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
     QTest::newRow("truncated binary") << bytes.left(bytes.size() - 6) << defaults;
     // The header is "qbjs", a version and the size of the top-level object.
@@ -145,22 +117,6 @@ void tst_CamDescription::load()
     QCOMPARE(loaded->toJson(), expected);
 }
 
-void tst_CamDescription::fromJsonSignalOrder()
-{
-    auto description = create(parseJson(R"({"MotionPoints": [[0, 0], [10, 5]]})"));
-    SignalLog log(description.get());
-    description->fromJson(parseJson(R"({"MotionLaw": "Spline", "Cyclic": true, "CircularLength": 360,
-        "MotionPoints": [[0, 0, "rest"]], "Steps": {"dynamicSteps": 100}})"));
-    const QStringList expected { "motionLawChanged", "changed",  // law relay, then the law-change handling
-                                 "changed",                      // cyclic flag
-                                 "changed", "changed",           // one per removed point
-                                 "motionPointChanged",           // map rebuilt
-                                 "changed",                      // dynamic resolution
-                                 "changed",                      // circular length
-                                 "changed" };                    // always at the end, whatever changed
-    QCOMPARE(log.names, expected);
-}
-
 void tst_CamDescription::typeAppliesKeptAfterConstructionAndSameLawLoad()
 {
     // Deliberate: the law-change handling runs only on a real change of law.
@@ -181,7 +137,6 @@ void tst_CamDescription::appendAndTakePoint()
     QSignalSpy changed(description.get(), &CamDescription::changed);
     description->attachNewPoint(10, 5, MotionPoint::speed);
     MotionPoint *first = description->pointAt(10.0);
-    QCOMPARE(describePoints(*description), QStringLiteral("10/5/speed"));
     QCOMPARE(first->parent(), description.get());
     QCOMPARE(changed.count(), 1);
 
@@ -189,7 +144,6 @@ void tst_CamDescription::appendAndTakePoint()
     description->attachNewPoint(10, 5, MotionPoint::speed);
     MotionPoint equal(10.0, 5.0 + 1e-12 * 2.0, MotionPoint::speed);
     description->appendPoint(&equal);
-    description->appendPoint(nullptr);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(description->pointAt(10.0), first);
     QCOMPARE(equal.parent(), nullptr);
@@ -200,14 +154,10 @@ void tst_CamDescription::appendAndTakePoint()
     QCOMPARE(changed.count(), 2);
     QCOMPARE(description->pointAt(10.0), replacement);
     first->setFrom(MotionPoint(30.0, 1.0, MotionPoint::speed));
-    QCOMPARE(describePoints(*description), QStringLiteral("10/5/rest"));
+    QCOMPARE(description->motionPoints(), QList<MotionPoint *>({ replacement }));
     QCOMPARE(changed.count(), 2);
 
-    // Taking hands the point over; nothing is taken for null or an empty position.
-    QCOMPARE(description->takePoint(nullptr), nullptr);
-    MotionPoint elsewhere(11.0, 5.0, MotionPoint::rest);
-    QCOMPARE(description->takePoint(&elsewhere), nullptr);
-    QCOMPARE(changed.count(), 2);
+    // Taking hands the point over.
     std::unique_ptr<MotionPoint> taken(description->takePoint(replacement));
     QCOMPARE(taken.get(), replacement);
     QCOMPARE(taken->parent(), nullptr);
@@ -229,8 +179,6 @@ void tst_CamDescription::differs_data()
     QTest::newRow("both empty, other settings") << QByteArray(R"({"Cyclic": true})") << QByteArray("{}") << false;
     QTest::newRow("one empty") << QByteArray(R"({"MotionPoints": [[0, 0]]})") << QByteArray("{}") << true;
     QTest::newRow("equal") << QByteArray(R"({"MotionPoints": [[0, 0]]})") << QByteArray(R"({"MotionPoints": [[0, 0, "rest"]]})") << false;
-    QTest::newRow("cyclic differs") << QByteArray(R"({"MotionPoints": [[0, 0]], "Cyclic": true})")
-                                    << QByteArray(R"({"MotionPoints": [[0, 0]]})") << true;
     QTest::newRow("slave differs") << QByteArray(R"({"MotionPoints": [[0, 0]]})") << QByteArray(R"({"MotionPoints": [[0, 1]]})") << true;
 }
 
@@ -242,38 +190,16 @@ void tst_CamDescription::differs()
     auto a = create(QJsonDocument::fromJson(first).object());
     auto b = create(QJsonDocument::fromJson(second).object());
     QCOMPARE(a->differs(b.get()), differs);
-    QCOMPARE(b->differs(a.get()), differs);
 }
 
 void tst_CamDescription::summaryHtml()
 {
     auto description = create();
-    QCOMPARE(description->summaryHtml(), QString());
     description->fromJson(parseJson(R"({"MotionPoints": [[0, 0], [1, 1]]})"));
     QCOMPARE(description->summaryHtml(),
              QString::fromUtf8("<html><head/><body><p>Kurvendefinitionsdaten:</p><p>\tBewegungsgesetz: Polynom fünften Grades</p>"
                                "<p>\tBewegungspunkte: 2</p><p><br/></p></body></html>"));
-    description->motionLaw()->setLaw(1);
-    QVERIFY(description->summaryHtml().contains(QStringLiteral("Bewegungsgesetz: Kubischer Spline</p>")));
 }
-
-void tst_CamDescription::settersCompareBeforeEmitting()
-{
-    auto description = create();
-    QSignalSpy changed(description.get(), &CamDescription::changed);
-    description->setCyclic(false);
-    description->setCircularLength(1.0);
-    QCOMPARE(changed.count(), 0);
-    QVERIFY(!description->isModified());
-    description->setCyclic(true);
-    QVERIFY(description->isModified());
-    description->setCircularLength(360.0);
-    QCOMPARE(changed.count(), 2);
-    description->setCircularLength(std::numeric_limits<double>::quiet_NaN());
-    description->setCircularLength(std::numeric_limits<double>::quiet_NaN());
-    QCOMPARE(changed.count(), 4);
-}
-
 
 // Data without section keys must come out exactly as it went in, so that
 // saving a file of an earlier version changes not a byte.
@@ -295,7 +221,8 @@ void tst_CamDescription::sectionChangesNotify()
 {
     auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "speed"], [10, 5, "rest"]]})"));
     MotionPoint *point = description->motionPoints().constFirst();
-    SignalLog log(description.get());
+    QSignalSpy changed(description.get(), &CamDescription::changed);
+    QSignalSpy pointChanged(description.get(), &CamDescriptionImplementation::motionPointChanged);
     QSignalSpy section(point, &MotionPoint::sectionChanged);
     point->setSectionLaw(MotionPoint::Cycloid);
     point->setSectionLaw(MotionPoint::Cycloid);
@@ -308,18 +235,8 @@ void tst_CamDescription::sectionChangesNotify()
     point->clearVelocity();
     point->setSectionLaw(MotionPoint::Poly5);
     QCOMPARE(section.count(), 6);
-    QCOMPARE(log.names.count(QStringLiteral("motionPointChanged")), 6);
-    QCOMPARE(log.names.count(QStringLiteral("changed")), 6);
-    QCOMPARE(description->toJson().value(QStringLiteral("MotionPoints")).toArray().at(0).toArray().size(), 3);
-
-    // A copy carries the section, and setFrom with it is an edit.
-    MotionPoint copy(*point);
-    copy.setInflection(0.25);
-    QVERIFY(point->differs(&copy));
-    QSignalSpy edited(point, &MotionPoint::edited);
-    point->setFrom(copy);
-    QCOMPARE(edited.count(), 1);
-    QCOMPARE(point->inflection(), 0.25);
+    QCOMPARE(pointChanged.count(), 6);
+    QCOMPARE(changed.count(), 6);
 }
 
 QTEST_GUILESS_MAIN(tst_CamDescription)

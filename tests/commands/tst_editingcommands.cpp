@@ -1,5 +1,4 @@
 #include "commandfixture.h"
-#include "checkstate.h"
 #include "messagecapture.h"
 
 #include "commands/addmotionpointcommand.h"
@@ -20,100 +19,50 @@
 #include <QTest>
 
 #include <cmath>
-#include <functional>
-
-namespace {
-
-using MakeCommand = std::function<QUndoCommand *(CommandFixture &)>;
-} // namespace
-
-Q_DECLARE_METATYPE(MakeCommand)
 
 class tst_EditingCommands : public QObject
 {
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
 
-    void undoTexts_data();
     void undoTexts();
     void scalingCommandsRecalculateNothing();
-    void togglesUndoToTheNegation_data();
     void togglesUndoToTheNegation();
 
-    void addUndoRedoKeepsThePoint();
+    void commandsKeepTheVeryPoints();
     void addComparesMastersExactly();
-    void removeKeepsTheVeryObject();
-    void editIsOneExchange();
-    void editOntoAnotherPointGivesItBackOnUndo();
     void loadWithUndoNeedsALivingStack();
 
 private:
-    void checkState(const QJsonObject &data, int index, int count, int descriptionChanged, int modelChanged);
-
-    CommandFixture *m_cam = nullptr;
-    QSignalSpy *m_descriptionChanged = nullptr;
-    QSignalSpy *m_modelChanged = nullptr;
+    // Declared before the spies, so that the spies go first.
+    std::unique_ptr<CommandFixture> m_cam;
+    std::unique_ptr<QSignalSpy> m_descriptionChanged;
+    std::unique_ptr<QSignalSpy> m_modelChanged;
 };
 
 void tst_EditingCommands::init()
 {
-    m_cam = new CommandFixture;
+    m_descriptionChanged.reset();
+    m_modelChanged.reset();
+    m_cam = std::make_unique<CommandFixture>();
     m_cam->add(0, 0);
     m_cam->add(10, 5, MotionPoint::speed);
     m_cam->add(20, 0);
-    m_descriptionChanged = new QSignalSpy(&m_cam->description, &CamDescription::changed);
-    m_modelChanged = new QSignalSpy(m_cam->model.get(), &CamEditorModel::changed);
-}
-
-void tst_EditingCommands::cleanup()
-{
-    delete m_modelChanged;
-    delete m_descriptionChanged;
-    delete m_cam;
-}
-
-// Checks data, stack and every spy after each push, undo and redo.
-void tst_EditingCommands::checkState(const QJsonObject &data, int index, int count, int descriptionChanged,
-                                     int modelChanged)
-{
-    QCOMPARE(m_cam->description.toJson(), data);
-    QCOMPARE(m_cam->stack->index(), index);
-    QCOMPARE(m_cam->stack->count(), count);
-    QCOMPARE(m_descriptionChanged->count(), descriptionChanged);
-    QCOMPARE(m_modelChanged->count(), modelChanged);
-    m_descriptionChanged->clear();
-    m_modelChanged->clear();
+    m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);
+    m_modelChanged = std::make_unique<QSignalSpy>(m_cam->model.get(), &CamEditorModel::changed);
 }
 
 // The undo texts are checked where the panels push their commands
 // (tst_editingpanels) and after every action of tst_randomuseractions; here
-// the number formats and a file name that looks like a placeholder.
-void tst_EditingCommands::undoTexts_data()
-{
-    QTest::addColumn<MakeCommand>("make");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("add, six digits") << MakeCommand([](CommandFixture &c) {
-        return new AddMotionPointCommand(&c.description, new MotionPoint(0.1234567, -3, MotionPoint::rest));
-    }) << "Füge Bewegungspunkt [0.123457,-3] hinzu";
-    QTest::newRow("circular length six digits") << MakeCommand([](CommandFixture &c) {
-        c.description.setCircularLength(360.0);
-        return new SetCircularLengthCommand(&c.description, 1234567.0);
-    }) << "Ändere Umlauflänge 360 -> 1.23457e+06";
-    QTest::newRow("load, placeholder-like name stays") << MakeCommand([](CommandFixture &c) {
-        return new LoadNewMotionPlanCommand(&c.description, QJsonObject(), QStringLiteral("%1 von %2"));
-    }) << "Lade Kurvendefinitionsdaten : %1 von %2";
-}
-
+// the number format and a file name that looks like a placeholder.
 void tst_EditingCommands::undoTexts()
 {
-    QFETCH(MakeCommand, make);
-    QFETCH(QString, text);
-    QUndoCommand *command = make(*m_cam);
-    QCOMPARE(command->text(), text);
-    delete command;
+    m_cam->description.setCircularLength(360.0);
+    const SetCircularLengthCommand length(&m_cam->description, 1234567.0);
+    QCOMPARE(length.text(), QStringLiteral("Ändere Umlauflänge 360 -> 1.23457e+06"));
+    const LoadNewMotionPlanCommand load(&m_cam->description, QJsonObject(), QStringLiteral("%1 von %2"));
+    QCOMPARE(load.text(), QStringLiteral("Lade Kurvendefinitionsdaten : %1 von %2"));
 }
 
 // Every command kind is pushed, undone and redone by the panels
@@ -128,69 +77,67 @@ void tst_EditingCommands::scalingCommandsRecalculateNothing()
     m_cam->stack->push(new SetCyleTimeCommand(scaling, 0.004));
     m_cam->stack->push(new SetMasterAxisScalingCommand(scaling, Scaling::CycleTime));
     m_cam->stack->push(new SetVelocityScalingCommand(scaling, Scaling::RpmOutput));
-    QCOMPARE(scaling->cycleTime(), 0.004);
-    CHECK_STATE(start, 3, 3, 0, 0);
     m_cam->stack->undo();
     m_cam->stack->undo();
     m_cam->stack->undo();
-    QCOMPARE(scaling->cycleTime(), 1.0);
-    CHECK_STATE(start, 0, 3, 0, 0);
+    QCOMPARE(m_cam->description.toJson(), start);
+    QCOMPARE(m_descriptionChanged->count(), 0);
+    QCOMPARE(m_modelChanged->count(), 0);
 }
 
-void tst_EditingCommands::togglesUndoToTheNegation_data()
-{
-    QTest::addColumn<bool>("stepMode");
-    QTest::newRow("step mode") << true;
-    QTest::newRow("cyclic") << false;
-}
-
-// Pushed with the value already in force, the toggles change nothing on
-// redo and then undo to the opposite of what was there.
+// Pushed with the value already in force, the toggles change nothing and
+// then undo to the opposite of what was there (deliberate, see the step mode
+// command).
 void tst_EditingCommands::togglesUndoToTheNegation()
 {
-    QFETCH(bool, stepMode);
     Steps *steps = m_cam->description.steps();
-    const auto value = [&] { return stepMode ? steps->isDynamicStepSize() : m_cam->description.isCyclic(); };
-    const bool inForce = value();
-    if (stepMode)
-        m_cam->stack->push(new ChangeStepModeCommand(steps, inForce));
-    else
-        m_cam->stack->push(new SetIsCyclicCamCommand(&m_cam->description, inForce));
-    QCOMPARE(value(), inForce);
+    const bool dynamic = steps->isDynamicStepSize();
+    const bool cyclic = m_cam->description.isCyclic();
+    m_cam->stack->push(new ChangeStepModeCommand(steps, dynamic));
+    m_cam->stack->push(new SetIsCyclicCamCommand(&m_cam->description, cyclic));
     QCOMPARE(m_descriptionChanged->count(), 0);
     m_cam->stack->undo();
-    QCOMPARE(value(), !inForce);
-    m_cam->stack->redo();
-    QCOMPARE(value(), inForce);
+    m_cam->stack->undo();
+    QCOMPARE(steps->isDynamicStepSize(), !dynamic);
+    QCOMPARE(m_cam->description.isCyclic(), !cyclic);
 }
 
-void tst_EditingCommands::addUndoRedoKeepsThePoint()
+// What each command brings back is checked after every step of
+// tst_undorandom, the model's signals per change in tst_cameditormodel; here
+// that the commands move the very point objects the views hold, and that a
+// point set aside goes with its command.
+void tst_EditingCommands::commandsKeepTheVeryPoints()
 {
-    const QJsonObject start = m_cam->description.toJson();
-    QPointer<MotionPoint> point = new MotionPoint(15, 2, MotionPoint::acceleration);
-    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, point));
-    const QJsonObject added = m_cam->description.toJson();
-    QCOMPARE(m_cam->description.pointAt(15), point.data());
-    CHECK_STATE(added, 1, 1, 1, 1);
+    QPointer<MotionPoint> added = new MotionPoint(15, 2, MotionPoint::acceleration);
+    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, added));
+    QPointer<MotionPoint> removed = m_cam->description.pointAt(10);
+    m_cam->stack->push(new RemoveMotionPointCommand(removed, &m_cam->description));
+    MotionPoint *moved = m_cam->description.pointAt(0);
+    QPointer<MotionPoint> covered = m_cam->description.pointAt(20);
+    m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, moved, MotionPoint(20, 8, MotionPoint::rest),
+                                                  m_cam->model->scaling()));
+    QCOMPARE(m_cam->description.pointAt(20), moved);
 
     m_cam->stack->undo();
-    QVERIFY(point);
-    QCOMPARE(point->parent(), nullptr);
-    CHECK_STATE(start, 0, 1, 1, 1);
+    m_cam->stack->undo();
+    m_cam->stack->undo();
+    QCOMPARE(m_cam->description.pointAt(0), moved);
+    QCOMPARE(m_cam->description.pointAt(10), removed.data());
+    QCOMPARE(m_cam->description.pointAt(20), covered.data());
     m_cam->stack->redo();
-    QCOMPARE(m_cam->description.pointAt(15), point.data());
-    CHECK_STATE(added, 1, 1, 1, 1);
+    m_cam->stack->redo();
+    m_cam->stack->redo();
+    QCOMPARE(m_cam->description.pointAt(15), added.data());
 
-    // While the point is in the description the command leaves it alone.
+    // Points in the description stay when the stack is cleared; the removed
+    // one and the one the edit covered belong to their commands.
     m_cam->stack->clear();
-    QCOMPARE(m_cam->description.pointAt(15), point.data());
-
-    // An undone add that is dropped takes its point along.
-    m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(16, 0, MotionPoint::rest)));
-    QPointer<MotionPoint> second = m_cam->description.pointAt(16);
-    m_cam->stack->undo();
-    m_cam->stack->push(new SetCircularLengthCommand(&m_cam->description, 5.0));
-    QVERIFY(second.isNull());
+    QCOMPARE(m_cam->description.pointAt(15), added.data());
+    QVERIFY(removed.isNull());
+    QVERIFY(covered.isNull());
+    // An undone add dropped by the next push takes its point along: a leak
+    // there is found by the sanitizer run of tst_undorandom, which does so
+    // often.
 }
 
 // The map is keyed by the exact master: equal is refused, one bit away is not.
@@ -206,90 +153,20 @@ void tst_EditingCommands::addComparesMastersExactly()
     QCOMPARE(messages.last().title, QStringLiteral("Master-Position schon vorhanden"));
     QCOMPARE(messages.last().text, QStringLiteral("Es gibt schon einen Bewegungspunkt auf der Master-Position 10 "
                                                   "schon vorhanden. Überschreiben nicht möglich."));
-    QCOMPARE(messages.last().buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     QVERIFY(point.isNull());
-    CHECK_STATE(start, 0, 0, 0, 0);
+    QCOMPARE(m_cam->description.toJson(), start);
+    QCOMPARE(m_descriptionChanged->count(), 0);
 
     const double nextToTen = std::nextafter(10.0, 11.0);
     m_cam->stack->push(new AddMotionPointCommand(&m_cam->description, new MotionPoint(nextToTen, 5, MotionPoint::speed)));
     QCOMPARE(messages.count(), 1);
-    QCOMPARE(m_cam->stack->count(), 1);
     QVERIFY(m_cam->description.pointAt(nextToTen));
-}
-
-void tst_EditingCommands::removeKeepsTheVeryObject()
-{
-    const QJsonObject start = m_cam->description.toJson();
-    QPointer<MotionPoint> point = m_cam->description.pointAt(10);
-    m_cam->stack->push(new RemoveMotionPointCommand(point, &m_cam->description));
-    const QJsonObject removed = m_cam->description.toJson();
-    QCOMPARE(m_cam->description.motionPoints().size(), 2);
-    QVERIFY(point);
-    QCOMPARE(point->parent(), nullptr);
-    CHECK_STATE(removed, 1, 1, 1, 1);
-
-    m_cam->stack->undo();
-    QCOMPARE(m_cam->description.pointAt(10), point.data());
-    CHECK_STATE(start, 0, 1, 1, 1);
-    m_cam->stack->redo();
-    CHECK_STATE(removed, 1, 1, 1, 1);
-
-    // The removed point belongs to the command and goes with it.
-    m_cam->stack->clear();
-    QVERIFY(point.isNull());
-}
-
-void tst_EditingCommands::editIsOneExchange()
-{
-    const QJsonObject start = m_cam->description.toJson();
-    MotionPoint *point = m_cam->description.pointAt(10);
-    const double master = 0.1 + 0.2;
-    const double slave = 1.0 / 3.0;
-    m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, point,
-                                                  MotionPoint(master, slave, MotionPoint::turningPoint), m_cam->model->scaling()));
-    QCOMPARE(point->master(), master);
-    QCOMPARE(point->slave(), slave);
-    QCOMPARE(point->type(), int(MotionPoint::turningPoint));
-    QCOMPARE(m_cam->description.pointAt(master), point);
-    // The point's edited() reaches the description's changed() once.
-    const QJsonObject edited = m_cam->description.toJson();
-    CHECK_STATE(edited, 1, 1, 1, 1);
-
-    m_cam->stack->undo();
-    CHECK_STATE(start, 0, 1, 1, 1);
-    QCOMPARE(m_cam->description.pointAt(10), point);
-    m_cam->stack->redo();
-    CHECK_STATE(edited, 1, 1, 1, 1);
-}
-
-void tst_EditingCommands::editOntoAnotherPointGivesItBackOnUndo()
-{
-    const QJsonObject start = m_cam->description.toJson();
-    MotionPoint *point = m_cam->description.pointAt(10);
-    QPointer<MotionPoint> other = m_cam->description.pointAt(20);
-    m_cam->stack->push(new EditMotionPointCommand(&m_cam->description, point, MotionPoint(20, 8, MotionPoint::rest),
-                                                  m_cam->model->scaling()));
-    QCOMPARE(m_cam->description.motionPoints().size(), 2);
-    QCOMPARE(m_cam->description.pointAt(20), point);
-    const QJsonObject moved = m_cam->description.toJson();
-
-    m_cam->stack->undo();
-    QCOMPARE(m_cam->description.toJson(), start);
-    QCOMPARE(m_cam->description.pointAt(20), other.data());
-    m_cam->stack->redo();
-    QCOMPARE(m_cam->description.toJson(), moved);
-    // Set aside while the edit is done: dropped with the command.
-    m_cam->stack->clear();
-    QVERIFY(other.isNull());
 }
 
 void tst_EditingCommands::loadWithUndoNeedsALivingStack()
 {
     const QJsonObject start = m_cam->description.toJson();
-    m_cam->description.setUndoStack(nullptr);
-    m_cam->description.loadWithUndo(parseJson(R"({"Cyclic": true})"), QStringLiteral("x"));
     // The stack is not owned: once it is gone, loads are ignored.
-    m_cam->description.setUndoStack(m_cam->stack.get());
     m_cam->stack.reset();
     m_cam->description.loadWithUndo(parseJson(R"({"Cyclic": true})"), QStringLiteral("x"));
     QCOMPARE(m_cam->description.toJson(), start);

@@ -28,38 +28,25 @@
 #include <QJsonArray>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 // What the stack must restore at one index: the cam definition data and the
-// scaling settings, which are not part of it.
-struct State {
-    QJsonObject data;
-    double cycleTime;
-    int masterAxisScaling;
-    int velocityScaling;
-
-    bool operator==(const State &other) const
-    {
-        return data == other.data && cycleTime == other.cycleTime && masterAxisScaling == other.masterAxisScaling
-            && velocityScaling == other.velocityScaling;
-    }
-};
+// scaling settings, which are not part of it (cycle time, master axis and
+// velocity scaling).
+using State = std::tuple<QJsonObject, double, int, int>;
 
 // Exact, not fuzzy: both plans must have computed the very same numbers.
 bool identical(const QPolygonF &a, const QPolygonF &b)
 {
-    if (a.size() != b.size())
-        return false;
-    for (int i = 0; i < a.size(); ++i) {
-        const auto same = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
-        if (!same(a.at(i).x(), b.at(i).x()) || !same(a.at(i).y(), b.at(i).y()))
-            return false;
-    }
-    return true;
+    const auto same = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](const QPointF &p, const QPointF &q) { return same(p.x(), q.x()) && same(p.y(), q.y()); });
 }
 
 int stepsPerSeed()
@@ -230,8 +217,8 @@ private:
 State tst_UndoRandom::state(CommandFixture &cam)
 {
     const Scaling *scaling = cam.model->scaling();
-    return State { cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
-                   scaling->velocityScaling() };
+    return State(cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
+                 scaling->velocityScaling());
 }
 
 // The model's plan against a plan of a fresh model for the same data.
@@ -243,10 +230,9 @@ void tst_UndoRandom::checkPlan(CommandFixture &cam)
     const MotionPlan *plan = cam.model->motionPlan();
     const MotionPlan *expected = reference.motionPlan();
     QCOMPARE(plan->metaObject()->className(), expected->metaObject()->className());
-    QVERIFY(identical(plan->positions(), expected->positions()));
-    QVERIFY(identical(plan->velocities(), expected->velocities()));
-    QVERIFY(identical(plan->accelerations(), expected->accelerations()));
-    QVERIFY(identical(plan->jerks(), expected->jerks()));
+    for (auto quantity : { &MotionPlan::positions, &MotionPlan::velocities, &MotionPlan::accelerations,
+                           &MotionPlan::jerks })
+        QVERIFY(identical((plan->*quantity)(), (expected->*quantity)()));
 
     // The rows that item models show, and every point's link to the description.
     const QList<MotionPoint *> points = cam.description.motionPoints();

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -42,11 +43,10 @@ QString stampOf(BoundTable &bound)
 // The standard CRC-32 the stamp is, computed here without the model.
 QString crcOf(BoundTable &bound)
 {
-    const int count = bound.tableValue("G68").toInt();
+    const QStringList table = tableOf(bound);
     QByteArray buffer;
-    for (int i = 0; i < count; ++i)
-        buffer += QByteArray::number(i) + bound.drive.readValueNative(LivingSpace, bound.master(), i).toUtf8()
-            + bound.drive.readValueNative(LivingSpace, bound.slave(), i).toUtf8();
+    for (int i = 0; 2 * i + 2 < table.size(); ++i)
+        buffer += QByteArray::number(i) + table.at(2 * i + 1).toUtf8() + table.at(2 * i + 2).toUtf8();
     return QString::number(crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef *>(buffer.constData()),
                                  static_cast<uInt>(buffer.size())));
 }
@@ -82,7 +82,7 @@ private:
     bool chance(double p) { return std::bernoulli_distribution(p)(m_random); }
     double position();
     QVector<QPointF> table(int count);
-    void prepare(BoundTable &bound, MessageCapture &capture, QString *start);
+    void prepare(BoundTable &bound, QString *start);
     QString checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize);
     QString checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points);
     static QString checkDelete(BoundTable &bound);
@@ -115,7 +115,7 @@ QVector<QPointF> Case::table(int count)
     return points;
 }
 
-void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
+void Case::prepare(BoundTable &bound, QString *start)
 {
     switch (uniform(0, 3)) {
     case 0:
@@ -151,7 +151,6 @@ void Case::prepare(BoundTable &bound, MessageCapture &capture, QString *start)
         bound.definition(coordinate("G293"))->setElementCount(bound.table + 1);
     bound.drive.writeValueNative(LivingSpace, coordinate("G293"), bound.table, QString::number(uniform(0, 1 << 30)));
     *start = damaged ? QStringLiteral("damaged") : QStringLiteral("foreign");
-    Q_UNUSED(capture);
 }
 
 QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, int masterSize, int slaveSize)
@@ -206,8 +205,9 @@ QString Case::checkWritten(BoundTable &bound, const QVector<QPointF> &points, in
 }
 
 // Written again with one slave changed by one unit of what the drive shows:
-// that element alone is written, whatever the locale reads back (a
-// truncating comparison once took 1.001 for the stored 1.000).
+// that element alone is written, whatever the locale reads back. (A
+// truncating comparison once took 1.001 for the stored 1.000; random values
+// seldom meet that, tst_parametermodelgerman holds the case.)
 QString Case::checkRewrite(BoundTable &bound, MessageCapture &capture, QVector<QPointF> points)
 {
     const int i = uniform(0, points.size() - 1);
@@ -259,7 +259,7 @@ QString Case::run()
     QLocale::setDefault(chance(0.5) ? QLocale(QLocale::German, QLocale::Germany) : QLocale::c());
     MessageCapture capture;
     QString start;
-    prepare(bound, capture, &start);
+    prepare(bound, &start);
     if (capture.count() != 0)
         return QStringLiteral("the starting table was refused: %1").arg(capture.last().text);
 
@@ -273,37 +273,24 @@ QString Case::run()
         count = MaximumCount - uniform(0, 1);
     const QVector<QPointF> points = table(count);
 
-    // The drive's faults, each counted from the start of the write.
+    // The drive's faults, each counted from the start of the write (-1 ends them).
+    using Drive = MxSimulation::SimulatedDrive;
+    const std::pair<const char *, void (Drive::*)(int)> delayed[] = {
+        { "writes fail after", &Drive::failWritesAfter }, { "writes fail after", &Drive::failWritesAfter },
+        { "read-only after", &Drive::goReadOnlyAfterWrites }, { "online after", &Drive::goOnlineAfterWrites },
+        { "growth refused after", &Drive::refuseGrowthAfter } };
     QString fault = QStringLiteral("none");
-    const int budget = 2 * count + 8;
-    switch (uniform(0, 9)) {
-    case 0:
-    case 1:
-        fault = QStringLiteral("writes fail after %1").arg(uniform(0, budget));
-        bound.drive.failWritesAfter(fault.section(' ', -1).toInt());
-        break;
-    case 2:
-        fault = QStringLiteral("read-only after %1").arg(uniform(0, budget));
-        bound.drive.goReadOnlyAfterWrites(fault.section(' ', -1).toInt());
-        break;
-    case 3:
-        fault = QStringLiteral("online after %1").arg(uniform(0, budget));
-        bound.drive.goOnlineAfterWrites(fault.section(' ', -1).toInt());
-        break;
-    case 4:
-        fault = QStringLiteral("growth refused after %1").arg(uniform(0, 1));
-        bound.drive.refuseGrowthAfter(fault.section(' ', -1).toInt());
-        break;
-    case 5:
+    const int kind = uniform(0, 9);
+    if (kind < 5) {
+        const int after = uniform(0, kind == 4 ? 1 : 2 * count + 8);
+        fault = QStringLiteral("%1 %2").arg(QLatin1String(delayed[kind].first)).arg(after);
+        (bound.drive.*delayed[kind].second)(after);
+    } else if (kind == 5) {
         fault = QStringLiteral("read-only");
         bound.drive.setReadOnly(true);
-        break;
-    case 6:
+    } else if (kind == 6) {
         fault = QStringLiteral("online");
         bound.drive.setOnline(true);
-        break;
-    default:
-        break;
     }
 
     const QString context = QStringLiteral("[%1 start, %2 points, decimals %3/%4, fault: %5] ")
@@ -321,10 +308,8 @@ QString Case::run()
     bound.drive.clearWriteCounts();
     capture.clear();
     bound.model().writeGridPoints(points);
-    bound.drive.failWritesAfter(-1);
-    bound.drive.goReadOnlyAfterWrites(-1);
-    bound.drive.goOnlineAfterWrites(-1);
-    bound.drive.refuseGrowthAfter(-1);
+    for (const auto &trigger : delayed)
+        (bound.drive.*trigger.second)(-1);
 
     bool refusable = count == 0 || count > MaximumCount || fault == QLatin1String("read-only");
     for (const QPointF &point : points)

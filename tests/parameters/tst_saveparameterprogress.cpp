@@ -21,26 +21,12 @@ private slots:
         QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
 
-    // The layout is the designer's; the texts are what the user reads.
-    void textsAndProgress()
-    {
-        SaveParameterProgress progress;
-        QCOMPARE(progress.windowTitle(), QStringLiteral("Stützstellentabellen scheiben"));
-        QStringList texts;
-        for (const char *name : { "masterPosition", "masterPositionProgress", "slavePosition", "slavePositionProgress" })
-            texts << progress.findChild<QLabel *>(QLatin1String(name))->text();
-        QCOMPARE(texts, (QStringList { "Master-Positionen", " %1/%2", "Slave-Positionen", " %1/%2" }));
-
-        progress.onSaveProgressed(9, 4, 10);
-        QCOMPARE(progress.masterPositionProgress()->text(), QStringLiteral("9/10"));
-        QCOMPARE(progress.slavePositionProgress()->text(), QStringLiteral("4/10"));
-        QCOMPARE(progress.progressBar()->value(), 90);
-    }
-
     void writeAsTheWindowSeesIt_data()
     {
         QTest::addColumn<bool>("readOnly");
         QTest::addColumn<QStringList>("seen");
+        // The labels and title are the designer's; the progress is what the
+        // dialog itself computes.
         // Dialog shown, write in progress, wait cursor at each signal.
         QTest::newRow("written") << false
                                  << QStringList { "started 011", "progress 111", "progress 111", "progress 111",
@@ -131,7 +117,6 @@ private slots:
             QCOMPARE(writing.size(), 6);
             QCOMPARE(told, (QStringList { "started", "finished" }));
             QCOMPARE(drive.elementWrites(QStringLiteral("G283")), 5);
-            QCOMPARE(drive.elementWrites(QStringLiteral("G284")), 5);
             QCOMPARE(drive.elementWrites(QStringLiteral("G68")), 0);
         }
         const int before = told.size();
