@@ -120,11 +120,6 @@ std::vector<double> CurvePolynomial::roots(double from, double to, const std::ve
     return result;
 }
 
-CurvePolynomial::Extreme CurvePolynomial::largestMagnitude(double from, double to) const
-{
-    return largestMagnitude(from, to, derivative().roots(from, to));
-}
-
 CurvePolynomial::Extreme CurvePolynomial::largestMagnitude(double from, double to,
                                                            const std::vector<double> &derivativeRoots) const
 {

@@ -36,9 +36,9 @@ public:
         double value = 0.0; // signed, the largest in magnitude
         double t = 0.0;
     };
-    // The value of largest magnitude on [from, to]: at an end or at a root of
-    // the derivative. Ties go to the smaller t.
-    Extreme largestMagnitude(double from, double to) const;
+    // The value of largest magnitude on [from, to]: at an end or at one of the
+    // derivative's roots there, which the caller has found once for all the
+    // evaluations of a section. Ties go to the smaller t.
     Extreme largestMagnitude(double from, double to, const std::vector<double> &derivativeRoots) const;
 
 private:
