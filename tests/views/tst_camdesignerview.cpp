@@ -16,7 +16,6 @@
 #include <QTableView>
 
 #include <qtadvanceddocking/DockAreaWidget.h>
-#include <qtadvanceddocking/DockManager.h>
 #include <qtadvanceddocking/DockWidget.h>
 
 #include <cmath>
@@ -63,8 +62,7 @@ void tst_CamDesignerView::reportDockFollowsEditsAndOldLayouts()
 {
     EditorFixture editor;
     CamDesignerViewImplementation *window = editor.open();
-    ads::CDockWidget *dock = window->dockManager()->findDockWidget(QStringLiteral("reportDock"));
-    QVERIFY(dock);
+    ads::CDockWidget *dock = window->dock(CamDesignerViewImplementation::ReportDock);
     QVERIFY(window->findChild<QToolBar *>(QStringLiteral("toolBarKurve"))->actions().contains(dock->toggleViewAction()));
     dock->setAsCurrentTab();
     QTableView *sections = window->reportView()->sectionTable();
