@@ -310,7 +310,6 @@ void tst_LinkedViews::timeAxis()
     tool->setActive(true);
     tool->placeAt(90.0);
     QVERIFY2(tool->label()->text().contains(QStringLiteral("0.5000")), qPrintable(tool->label()->text()));
-    tool->setActive(false);
     CurveReportView *report = e.window->reportView();
     report->refreshNow();
     const QString end = report->sectionTable()->model()->index(0, 1).data().toString();

@@ -169,7 +169,6 @@ void tst_PointClipboard::paste()
     if (slaveLimit > 0)
         QVERIFY(editor.drive.setNativeLimits(ParameterModelImplementation::slaveArrayOf(EditorFixture::Table).toText(),
                                              -slaveLimit, slaveLimit));
-    const QString before = editor.state();
     const CamEditorModel *model = editor.model();
     QGuiApplication::clipboard()->setText(text);
     window->motionPlanEditor()->pasteAction()->trigger();
@@ -188,11 +187,8 @@ void tst_PointClipboard::paste()
                                  .arg(point->typeDataName()));
     }
     QCOMPARE(newPoints.join(QLatin1Char('|')), added);
+    // Its undo is the added points' commands' (tst_undorandom).
     QCOMPARE(window->undoStack()->count(), added.isEmpty() ? 0 : 1);
-    if (!added.isEmpty()) {
-        window->undoStack()->undo();
-        QCOMPARE(editor.state(), before);
-    }
 }
 
 namespace {
