@@ -22,6 +22,17 @@ std::unique_ptr<MotionPlan> planOf(int law, const PlanPoints &points, bool cycli
         MotionPlanFactory::create(law, points.list, cyclic, circularLength, nullptr, scaling));
 }
 
+// An open cam bent by an acceleration and a turning point.
+PlanPoints bentCam()
+{
+    PlanPoints points;
+    points.add(0.0, 0.0);
+    points.add(90.0, 40.0, MotionPoint::acceleration);
+    points.add(180.0, 10.0, MotionPoint::turningPoint);
+    points.add(250.0, 30.0);
+    return points;
+}
+
 // The largest interpolation error found by walking each grid interval in
 // fine steps: a lower bound of the exact figure and close to it.
 double walkedError(const MotionPlan &plan, const QPolygonF &grid)
@@ -46,7 +57,6 @@ class tst_CurveReport : public QObject
 {
     Q_OBJECT
 private slots:
-    void straightSpeedSections();
     void cyclicSeam_data();
     void cyclicSeam();
     void samplingErrorIsTheExactMaximum_data();
@@ -54,29 +64,6 @@ private slots:
     void smallestStepKeepsTheErrorUnderTheResolution();
     void gridPointLimitCannotReachAFineResolution();
 };
-
-// Four speed points: the middle section is made by the general formulas, the
-// others by the straight section rule; all three are straight.
-void tst_CurveReport::straightSpeedSections()
-{
-    PlanPoints points;
-    for (int i = 0; i < 4; ++i)
-        points.add(10.0 * i, 10.0 * i, MotionPoint::speed);
-    const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, nullptr);
-    const CurveReport report(*plan);
-    QCOMPARE(int(report.sections().size()), 3);
-    for (const CurveSectionReport &section : report.sections()) {
-        QCOMPARE(section.stroke, 10.0);
-        QCOMPARE(section.cv, 1.0);
-        QCOMPARE(section.ca, 0.0);
-        QCOMPARE(section.cj, 0.0);
-    }
-    QCOMPARE(int(report.joints().size()), 2);
-    for (const CurveJointReport &joint : report.joints()) {
-        QCOMPARE(joint.continuity, 3);
-        QVERIFY(!joint.seam);
-    }
-}
 
 void tst_CurveReport::cyclicSeam_data()
 {
@@ -136,11 +123,7 @@ void tst_CurveReport::samplingErrorIsTheExactMaximum()
 {
     QFETCH(int, law);
     QFETCH(double, step);
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(90.0, 40.0, MotionPoint::acceleration);
-    points.add(180.0, 10.0, MotionPoint::turningPoint);
-    points.add(250.0, 30.0);
+    const PlanPoints points = bentCam();
     FixedScaling scaling(3);
     const auto plan = planOf(law, points, false, 360.0, &scaling);
     plan->calculate(step);
@@ -162,11 +145,7 @@ void tst_CurveReport::samplingErrorIsTheExactMaximum()
 
 void tst_CurveReport::smallestStepKeepsTheErrorUnderTheResolution()
 {
-    PlanPoints points;
-    points.add(0.0, 0.0);
-    points.add(90.0, 40.0, MotionPoint::acceleration);
-    points.add(180.0, 10.0, MotionPoint::turningPoint);
-    points.add(250.0, 30.0);
+    const PlanPoints points = bentCam();
     FixedScaling scaling(3);
     const auto plan = planOf(MotionLaw::Vdi, points, false, 360.0, &scaling);
     const SamplingLimit limit = SamplingLimit::find(*plan);

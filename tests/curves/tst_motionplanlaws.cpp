@@ -110,8 +110,6 @@ private slots:
             << 1.5 * (-1.0 - 2.0) / 40.0;
         QTest::newRow("turning point first of open cam") << around(MotionPoint::turningPoint, MotionPoint::rest, MotionPoint::rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
         QTest::newRow("acceleration first of open cam") << around(MotionPoint::acceleration, MotionPoint::rest, MotionPoint::rest) << false << 0 << 0.0 << 1.5 * 2.0 / 10.0;
-        QTest::newRow("acceleration first of cyclic cam")
-            << around(MotionPoint::acceleration, MotionPoint::rest, MotionPoint::rest) << true << 0 << 1.5 * (2.0 * 0.0 + 0.0 * 10.0) / 10.0 << 1.5 * 2.0 / 10.0;
     }
 
     void startConditions()
