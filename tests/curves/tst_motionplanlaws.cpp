@@ -96,9 +96,9 @@ private slots:
         QTest::addColumn<double>("a1");
         QTest::addColumn<double>("a2");
 
-        // Neighbouring slopes: Q = 2 over P = 10 behind, s = -1 over T = 30 ahead.
+        // Neighbouring slopes: Q = 2 over P = 10 behind, s = -1 over T = 30
+        // ahead. A rest point's zeros are held by the rest-to-rest closed form.
         const auto around = [](int before, int type, int after) { return QVector<int>{ before, type, after }; };
-        QTest::newRow("rest") << around(MotionPoint::rest, MotionPoint::rest, MotionPoint::rest) << false << 1 << 0.0 << 0.0;
         QTest::newRow("speed after speed takes the slope behind") << around(MotionPoint::speed, MotionPoint::speed, MotionPoint::rest) << false << 1 << 2.0 << 0.0;
         QTest::newRow("speed before speed takes the slope ahead") << around(MotionPoint::rest, MotionPoint::speed, MotionPoint::speed) << false << 1 << -1.0 << 0.0;
         QTest::newRow("speed between speeds prefers the slope behind") << around(MotionPoint::speed, MotionPoint::speed, MotionPoint::speed) << false << 1 << 2.0 << 0.0;
