@@ -233,12 +233,7 @@ private slots:
                     QVERIFY(std::abs(plan.jerk(t) - (M[i + 1] - M[i]) / hi) < scale);
             }
         }
-        const CurveReport report(plan);
-        QCOMPARE(report.motionLaw(), int(periodic ? MotionLaw::SplinePeriodic : MotionLaw::Spline));
-        // The periodic seam meets up to the acceleration, as the textbook
-        // values at both ends above say.
-        if (periodic)
-            QVERIFY(report.joints().back().seam && report.joints().back().continuity >= 2);
+        QCOMPARE(CurveReport(plan).motionLaw(), int(periodic ? MotionLaw::SplinePeriodic : MotionLaw::Spline));
     }
 };
 
