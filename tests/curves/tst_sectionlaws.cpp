@@ -223,14 +223,14 @@ void tst_SectionLaws::normalisedLaws_data()
                                                               { "modified trapezoid", MotionPoint::ModifiedTrapezoid } } };
     for (const auto &law : laws) {
         QTest::addRow("%s rest in rest", law.first) << law.second << 0.5 << 0.0 << 0.0;
-        QTest::addRow("%s inflection 0.3", law.first) << law.second << 0.3 << 0.0 << 0.0;
         QTest::addRow("%s inflection 0.8, velocities 0.2 and -0.1", law.first) << law.second << 0.8 << 0.2 << -0.1;
         QTest::addRow("%s velocities 0.9 and 0.4", law.first) << law.second << 0.5 << 0.9 << 0.4;
     }
 }
 
 // A first section whose ends are "speed" points with set velocities (or rest
-// points), followed by a rest section.
+// points), followed by a rest section; the mixed cyclic cam below takes
+// more inflections.
 void tst_SectionLaws::normalisedLaws()
 {
     QFETCH(int, law);
@@ -297,13 +297,6 @@ void tst_SectionLaws::cyclicCamMixingLaws()
     });
     compareSection(*plan, 270, 360,
                    [](double x) { return normalisedSection(MotionPoint::Harmonic, 0.4, 270, 40, 360, 0, 0, 0, x); });
-
-    // Position and velocity meet where the harmonic law ends and starts; its
-    // acceleration does not.
-    const CurveReport report(*plan);
-    QCOMPARE(report.joints()[2].continuity, 1);
-    QCOMPARE(report.joints()[3].continuity, 1);
-    QCOMPARE(report.joints()[3].seam, true);
 }
 
 // A normalised law does not apply where a boundary acceleration is not zero:

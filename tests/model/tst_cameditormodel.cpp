@@ -70,16 +70,15 @@ void tst_CamEditorModel::masterEndAndBudget_data()
     QTest::addColumn<double>("end");
     QTest::addColumn<bool>("tooMany");
     const QList<QPointF> one { { 0, 0 } };
-    const QList<QPointF> to200 { { 0, 0 }, { 200, 5 } };
-    QTest::newRow("last point 200, cyclic 360") << to200 << true << 360.0 << true << 1.0 << 360.0 << false;
     QTest::newRow("last point 400, cyclic 360") << QList<QPointF> { { 0, 0 }, { 400, 5 } } << true << 360.0 << true << 1.0
                                                 << 400.0 << false;
     // The budget counts the description's one point, not the plan's closing point.
     QTest::newRow("0.1 over 1600, one point") << one << true << 1600.0 << false << 0.1 << 1600.0 << true;
     QTest::newRow("dynamic never") << one << true << 1600.0 << true << 0.1 << 1600.0 << false;
-    // Strictly greater: 15998 steps fit two points exactly.
-    const QList<QPointF> two { { 0, 0 }, { 15998, 1 } };
-    QTest::newRow("exactly the budget") << two << false << 1.0 << false << 1.0 << 15998.0 << false;
+    // Strictly greater: 15998 steps fit two points exactly; the range starts
+    // at the first point.
+    const QList<QPointF> two { { 2, 0 }, { 16000, 1 } };
+    QTest::newRow("exactly the budget") << two << false << 1.0 << false << 1.0 << 16000.0 << false;
 }
 
 void tst_CamEditorModel::masterEndAndBudget()
@@ -125,9 +124,7 @@ void tst_CamEditorModel::changedSignals()
     MotionPoint *point = cam.description.pointAt(90);
     QSignalSpy changed(cam.model.get(), &CamEditorModel::changed);
     QSignalSpy rebuilt(cam.model.get(), &CamEditorModel::motionPlanRebuilt);
-    const QJsonObject loaded { { "Cyclic", true },
-                               { "MotionLaw", "Spline" },
-                               { "MotionPoints", QJsonArray { QJsonArray { 0, 5 }, QJsonArray { 45, 1 } } } };
+    const QJsonObject loaded { { "MotionLaw", "Spline" }, { "MotionPoints", QJsonArray { QJsonArray { 0, 5 }, QJsonArray { 45, 1 } } } };
     switch (change) {
     case 1: cam.description.motionLaw()->setLaw(MotionLaw::Spline); break;
     case 2: point->setFrom(MotionPoint(95, 12, MotionPoint::acceleration)); break;
@@ -139,7 +136,8 @@ void tst_CamEditorModel::changedSignals()
     }
     QCOMPARE(changed.count(), changedSignals);
     QCOMPARE(rebuilt.count(), rebuilds);
-    // Sampled as the steps ask; the factory's own tests hold that rule.
+    // Sampled as the steps ask; the factory's test and the coarse steps case
+    // below hold that rule.
     std::unique_ptr<MotionPlan> fresh = cam.freshPlan();
     MotionPlanFactory::sample(fresh.get(), cam.description.steps(), false);
     if (change != 3)
@@ -210,8 +208,6 @@ void tst_CamEditorModel::descriptionGoneLeavesAnEmptyPlan()
     description->appendPoint(new MotionPoint(0, 0, MotionPoint::rest));
     description->appendPoint(new MotionPoint(50, 5, MotionPoint::rest));
     CamEditorModel model(nullptr, &bound.model(), description);
-    QCOMPARE(model.motionPlan()->motionPoints().size(), 2);
-
     QSignalSpy changed(&model, &CamEditorModel::changed);
     delete description;
     QCOMPARE(changed.count(), 1);
