@@ -4,9 +4,7 @@
 #include "commands/addmotionpointcommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
-#include "commands/loadnewmotionplancommand.h"
 #include "commands/removemotionpointcommand.h"
-#include "commands/setcircularlengthcommand.h"
 #include "commands/setcyletimecommand.h"
 #include "commands/setiscycliccamcommand.h"
 #include "commands/setmasteraxisscalingcommand.h"
@@ -26,7 +24,6 @@ class tst_EditingCommands : public QObject
 private slots:
     void init();
 
-    void undoTexts();
     void scalingCommandsRecalculateNothing();
     void togglesUndoToTheNegation();
 
@@ -51,18 +48,6 @@ void tst_EditingCommands::init()
     m_cam->add(20, 0);
     m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);
     m_modelChanged = std::make_unique<QSignalSpy>(m_cam->model.get(), &CamEditorModel::changed);
-}
-
-// The undo texts are checked where the panels push their commands
-// (tst_editingpanels) and after every action of tst_randomuseractions; here
-// the number format and a file name that looks like a placeholder.
-void tst_EditingCommands::undoTexts()
-{
-    m_cam->description.setCircularLength(360.0);
-    const SetCircularLengthCommand length(&m_cam->description, 1234567.0);
-    QCOMPARE(length.text(), QStringLiteral("Ändere Umlauflänge 360 -> 1.23457e+06"));
-    const LoadNewMotionPlanCommand load(&m_cam->description, QJsonObject(), QStringLiteral("%1 von %2"));
-    QCOMPARE(load.text(), QStringLiteral("Lade Kurvendefinitionsdaten : %1 von %2"));
 }
 
 // Every command kind is pushed, undone and redone by the panels
@@ -150,7 +135,6 @@ void tst_EditingCommands::addComparesMastersExactly()
 
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().icon, QMessageBox::Critical);
-    QCOMPARE(messages.last().title, QStringLiteral("Master-Position schon vorhanden"));
     QCOMPARE(messages.last().text, QStringLiteral("Es gibt schon einen Bewegungspunkt auf der Master-Position 10 "
                                                   "schon vorhanden. Überschreiben nicht möglich."));
     QVERIFY(point.isNull());
