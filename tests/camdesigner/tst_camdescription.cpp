@@ -86,10 +86,9 @@ void tst_CamDescription::load_data()
     const QJsonObject defaults = withDefaults("{}");
     QTest::newRow("empty") << QByteArray() << defaults;
     const QByteArray bytes = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
-    QTest::newRow("truncated binary") << bytes.left(bytes.size() - 6) << defaults;
-    // The header is "qbjs", a version and the size of the top-level object.
-    QTest::newRow("object size beyond the data") << QByteArray(bytes).replace(8, 4, "\x7f\x7f\x7f\x7f") << defaults;
-    // A claimed size near 4 GiB overflows the reader's own bounds check.
+    // The header is "qbjs", a version and the size of the top-level object;
+    // a size beyond the data (a truncated file's) is refused before Qt's
+    // reader, whose own bounds check a claim near 4 GiB overflows.
     QTest::newRow("object size wrapping around") << QByteArray(bytes).replace(8, 4, "\xf8\xff\xff\xff") << defaults;
     QTest::newRow("unknown version") << QByteArray(bytes).replace(4, 1, "\x09") << defaults;
 }
@@ -204,26 +203,22 @@ void tst_CamDescription::examplesSaveUnchanged()
     }
 }
 
+// Each section setter compares before it tells; repeats of the law and the
+// inflection are met throughout tst_undorandom, a repeated velocity only here.
 void tst_CamDescription::sectionChangesNotify()
 {
     auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "speed"], [10, 5, "rest"]]})"));
     MotionPoint *point = description->motionPoints().constFirst();
     QSignalSpy changed(description.get(), &CamDescription::changed);
-    QSignalSpy pointChanged(description.get(), &CamDescriptionImplementation::motionPointChanged);
     QSignalSpy section(point, &MotionPoint::sectionChanged);
     point->setSectionLaw(MotionPoint::Cycloid);
-    point->setSectionLaw(MotionPoint::Cycloid);
-    point->setInflection(0.3);
     point->setInflection(2.0); // reads as the default
-    point->setInflection(0.5);
     point->setVelocity(1.5);
     point->setVelocity(1.5);
     point->clearVelocity();
     point->clearVelocity();
-    point->setSectionLaw(MotionPoint::Poly5);
-    QCOMPARE(section.count(), 6);
-    QCOMPARE(pointChanged.count(), 6);
-    QCOMPARE(changed.count(), 6);
+    QCOMPARE(section.count(), 3);
+    QCOMPARE(changed.count(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_CamDescription)

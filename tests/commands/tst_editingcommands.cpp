@@ -43,9 +43,7 @@ void tst_EditingCommands::init()
     m_descriptionChanged.reset();
     m_modelChanged.reset();
     m_cam = std::make_unique<CommandFixture>();
-    m_cam->add(0, 0);
-    m_cam->add(10, 5, MotionPoint::speed);
-    m_cam->add(20, 0);
+    m_cam->description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "speed"], [20, 0, "rest"]]})"));
     m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);
     m_modelChanged = std::make_unique<QSignalSpy>(m_cam->model.get(), &CamEditorModel::changed);
 }
@@ -89,8 +87,9 @@ void tst_EditingCommands::togglesUndoToTheNegation()
 
 // What each command brings back is checked after every step of
 // tst_undorandom, the model's signals per change in tst_cameditormodel; here
-// that the commands move the very point objects the views hold, and that a
-// point set aside goes with its command.
+// that the commands move the very point objects the views hold. That a point
+// set aside goes with its command, and one in the description stays, is the
+// sanitizer run's of tst_undorandom, whose stack drops both kinds often.
 void tst_EditingCommands::commandsKeepTheVeryPoints()
 {
     QPointer<MotionPoint> added = new MotionPoint(15, 2, MotionPoint::acceleration);
@@ -113,16 +112,6 @@ void tst_EditingCommands::commandsKeepTheVeryPoints()
     m_cam->stack->redo();
     m_cam->stack->redo();
     QCOMPARE(m_cam->description.pointAt(15), added.data());
-
-    // Points in the description stay when the stack is cleared; the removed
-    // one and the one the edit covered belong to their commands.
-    m_cam->stack->clear();
-    QCOMPARE(m_cam->description.pointAt(15), added.data());
-    QVERIFY(removed.isNull());
-    QVERIFY(covered.isNull());
-    // An undone add dropped by the next push takes its point along: a leak
-    // there is found by the sanitizer run of tst_undorandom, which does so
-    // often.
 }
 
 // The map is keyed by the exact master: equal is refused, one bit away is not.

@@ -200,21 +200,7 @@ private:
     std::mt19937 m_random;
 };
 
-} // namespace
-
-class tst_UndoRandom : public QObject
-{
-    Q_OBJECT
-private slots:
-    void randomSequences_data();
-    void randomSequences();
-
-private:
-    static State state(CommandFixture &cam);
-    static void checkPlan(CommandFixture &cam);
-};
-
-State tst_UndoRandom::state(CommandFixture &cam)
+State state(CommandFixture &cam)
 {
     const Scaling *scaling = cam.model->scaling();
     return State(cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
@@ -222,7 +208,7 @@ State tst_UndoRandom::state(CommandFixture &cam)
 }
 
 // The model's plan against a plan of a fresh model for the same data.
-void tst_UndoRandom::checkPlan(CommandFixture &cam)
+void checkPlan(CommandFixture &cam)
 {
     CamDescriptionImplementation fresh(nullptr, QByteArray());
     fresh.fromJson(cam.description.toJson());
@@ -243,6 +229,16 @@ void tst_UndoRandom::checkPlan(CommandFixture &cam)
         QCOMPARE(points.at(row)->camDescription(), &cam.description);
     }
 }
+
+} // namespace
+
+class tst_UndoRandom : public QObject
+{
+    Q_OBJECT
+private slots:
+    void randomSequences_data();
+    void randomSequences();
+};
 
 void tst_UndoRandom::randomSequences_data()
 {

@@ -44,8 +44,8 @@ private slots:
         bound.drive.clearWriteCounts();
         bound.model().writeGridPoints({ QPointF(0, written), QPointF(written + 10, 2), QPointF(20, 3) });
         QCOMPARE(capture.count(), 0);
-        // Stored values are read in German notation (with the unit, as the
-        // stored list reads them), so that equal ones are recognised.
+        // Stored values are read in German notation (the parse the stored
+        // list uses too), so that equal ones are recognised.
         QCOMPARE(bound.drive.elementWrites(bound.slave().toText()) + bound.drive.elementWrites(bound.master().toText()),
                  elementWrites);
         QCOMPARE(bound.drive.readValue(BoundTable::LivingSpace, bound.slave(), 0),
