@@ -40,8 +40,6 @@ private:
 
 void tst_EditingCommands::init()
 {
-    m_descriptionChanged.reset();
-    m_modelChanged.reset();
     m_cam = std::make_unique<CommandFixture>();
     m_cam->description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "speed"], [20, 0, "rest"]]})"));
     m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);

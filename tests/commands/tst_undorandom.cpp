@@ -49,12 +49,6 @@ bool identical(const QPolygonF &a, const QPolygonF &b)
                       [&](const QPointF &p, const QPointF &q) { return same(p.x(), q.x()) && same(p.y(), q.y()); });
 }
 
-int stepsPerSeed()
-{
-    const int steps = qEnvironmentVariableIntValue("MX_RANDOM_UNDO_STEPS");
-    return steps > 0 ? steps : 1000;
-}
-
 class RandomEditor
 {
 public:
@@ -257,7 +251,8 @@ void tst_UndoRandom::randomSequences()
 
     // history[i]: what stack index i must show.
     std::vector<State> history { state(cam) };
-    for (int i = 0; i < stepsPerSeed(); ++i) {
+    const int steps = qEnvironmentVariableIntValue("MX_RANDOM_UNDO_STEPS");
+    for (int i = 0; i < (steps > 0 ? steps : 1000); ++i) {
         const int refusedBefore = refusals.count();
         const int indexBefore = cam.stack->index();
         const RandomEditor::Action action = editor.step();

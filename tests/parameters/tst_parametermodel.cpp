@@ -42,7 +42,6 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::newRow("master below own minimum")
             << "master" << QPointF(5.0, 10.0) << "Der Wert 5.000 ° ist zu klein, das Minimum ist 10.000 °";
-        QTest::newRow("own minimum below the drive's") << "master" << QPointF(-1.0, -5.0) << "";
         QTest::newRow("slave below own minimum")
             << "slave" << QPointF(1.0, 2.0) << "Der Wert 1.000 mm ist zu klein, das Minimum ist 2.000 mm";
 
