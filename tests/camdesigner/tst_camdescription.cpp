@@ -44,7 +44,6 @@ private slots:
     void appendAndTakePoint();
     void differs_data();
     void differs();
-    void summaryHtml();
     void examplesSaveUnchanged();
     void sectionChangesNotify();
 };
@@ -64,11 +63,8 @@ void tst_CamDescription::load_data()
         R"({"MotionPoints": [[0, 0, "rest"], [1, 2, "rest"], [3, 0, "rest"]]})");
     row("MotionPoints of wrong type means none", R"({"MotionPoints": {"a": 1}})", "{}");
     row("negative circular length taken as it comes", R"({"CircularLength": -4})", R"({"CircularLength": -4})");
-    // A cyclic Vdi2142 cam with every point type round-trips in examplesSaveUnchanged.
-    const char *spline = R"({"CircularLength": 0.1, "Cyclic": false, "MotionLaw": "Spline",
-        "MotionPoints": [[-5.25, 1e-7, "speed"], [3.3333333333333335, -2, "rest"]],
-        "Steps": {"dynamicSteps": 12, "isDynamicStepSize": false, "staticStepSize": 0.001}})";
-    row("spline static round trip", spline, spline);
+    // A cyclic Vdi2142 cam with every point type, and a static-step spline,
+    // round-trip in examplesSaveUnchanged.
     const char *sections = R"({"MotionLaw": "SplinePeriodic", "MotionPoints": [[0, 0, "rest", {"law": "ModifiedSine",
         "inflection": 0.4}], [10, 5, "speed", {"velocity": -0.25}], [20, 5, "rest", {"law": "Line"}]]})";
     row("section laws round trip", sections, sections);
@@ -90,10 +86,9 @@ void tst_CamDescription::load_data()
     const QJsonObject defaults = withDefaults("{}");
     QTest::newRow("empty") << QByteArray() << defaults;
     const QByteArray bytes = binaryJsonOf(parseJson(R"({"Cyclic": true, "CircularLength": 5})"));
-    QTest::newRow("truncated binary") << bytes.left(bytes.size() - 6) << defaults;
-    // The header is "qbjs", a version and the size of the top-level object.
-    QTest::newRow("object size beyond the data") << QByteArray(bytes).replace(8, 4, "\x7f\x7f\x7f\x7f") << defaults;
-    // A claimed size near 4 GiB overflows the reader's own bounds check.
+    // The header is "qbjs", a version and the size of the top-level object;
+    // a size beyond the data (a truncated file's) is refused before Qt's
+    // reader, whose own bounds check a claim near 4 GiB overflows.
     QTest::newRow("object size wrapping around") << QByteArray(bytes).replace(8, 4, "\xf8\xff\xff\xff") << defaults;
     QTest::newRow("unknown version") << QByteArray(bytes).replace(4, 1, "\x09") << defaults;
 }
@@ -192,15 +187,6 @@ void tst_CamDescription::differs()
     QCOMPARE(a->differs(b.get()), differs);
 }
 
-void tst_CamDescription::summaryHtml()
-{
-    auto description = create();
-    description->fromJson(parseJson(R"({"MotionPoints": [[0, 0], [1, 1]]})"));
-    QCOMPARE(description->summaryHtml(),
-             QString::fromUtf8("<html><head/><body><p>Kurvendefinitionsdaten:</p><p>\tBewegungsgesetz: Polynom fünften Grades</p>"
-                               "<p>\tBewegungspunkte: 2</p><p><br/></p></body></html>"));
-}
-
 // Data without section keys must come out exactly as it went in, so that
 // saving a file of an earlier version changes not a byte.
 void tst_CamDescription::examplesSaveUnchanged()
@@ -217,26 +203,22 @@ void tst_CamDescription::examplesSaveUnchanged()
     }
 }
 
+// Each section setter compares before it tells; repeats of the law and the
+// inflection are met throughout tst_undorandom, a repeated velocity only here.
 void tst_CamDescription::sectionChangesNotify()
 {
     auto description = create(parseJson(R"({"MotionPoints": [[0, 0, "speed"], [10, 5, "rest"]]})"));
     MotionPoint *point = description->motionPoints().constFirst();
     QSignalSpy changed(description.get(), &CamDescription::changed);
-    QSignalSpy pointChanged(description.get(), &CamDescriptionImplementation::motionPointChanged);
     QSignalSpy section(point, &MotionPoint::sectionChanged);
     point->setSectionLaw(MotionPoint::Cycloid);
-    point->setSectionLaw(MotionPoint::Cycloid);
-    point->setInflection(0.3);
     point->setInflection(2.0); // reads as the default
-    point->setInflection(0.5);
     point->setVelocity(1.5);
     point->setVelocity(1.5);
     point->clearVelocity();
     point->clearVelocity();
-    point->setSectionLaw(MotionPoint::Poly5);
-    QCOMPARE(section.count(), 6);
-    QCOMPARE(pointChanged.count(), 6);
-    QCOMPARE(changed.count(), 6);
+    QCOMPARE(section.count(), 3);
+    QCOMPARE(changed.count(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_CamDescription)

@@ -28,11 +28,4 @@ struct CommandFixture {
         // Commands refer to the description; they go first, as in the editor.
         stack.reset();
     }
-
-    MotionPoint *add(double master, double slave, MotionPoint::movementRules type = MotionPoint::rest)
-    {
-        auto *point = new MotionPoint(master, slave, type);
-        description.appendPoint(point);
-        return point;
-    }
 };

@@ -4,9 +4,7 @@
 #include "commands/addmotionpointcommand.h"
 #include "commands/changestepmodecommand.h"
 #include "commands/editmotionpointcommand.h"
-#include "commands/loadnewmotionplancommand.h"
 #include "commands/removemotionpointcommand.h"
-#include "commands/setcircularlengthcommand.h"
 #include "commands/setcyletimecommand.h"
 #include "commands/setiscycliccamcommand.h"
 #include "commands/setmasteraxisscalingcommand.h"
@@ -26,7 +24,6 @@ class tst_EditingCommands : public QObject
 private slots:
     void init();
 
-    void undoTexts();
     void scalingCommandsRecalculateNothing();
     void togglesUndoToTheNegation();
 
@@ -43,26 +40,10 @@ private:
 
 void tst_EditingCommands::init()
 {
-    m_descriptionChanged.reset();
-    m_modelChanged.reset();
     m_cam = std::make_unique<CommandFixture>();
-    m_cam->add(0, 0);
-    m_cam->add(10, 5, MotionPoint::speed);
-    m_cam->add(20, 0);
+    m_cam->description.fromJson(parseJson(R"({"MotionPoints": [[0, 0, "rest"], [10, 5, "speed"], [20, 0, "rest"]]})"));
     m_descriptionChanged = std::make_unique<QSignalSpy>(&m_cam->description, &CamDescription::changed);
     m_modelChanged = std::make_unique<QSignalSpy>(m_cam->model.get(), &CamEditorModel::changed);
-}
-
-// The undo texts are checked where the panels push their commands
-// (tst_editingpanels) and after every action of tst_randomuseractions; here
-// the number format and a file name that looks like a placeholder.
-void tst_EditingCommands::undoTexts()
-{
-    m_cam->description.setCircularLength(360.0);
-    const SetCircularLengthCommand length(&m_cam->description, 1234567.0);
-    QCOMPARE(length.text(), QStringLiteral("Ändere Umlauflänge 360 -> 1.23457e+06"));
-    const LoadNewMotionPlanCommand load(&m_cam->description, QJsonObject(), QStringLiteral("%1 von %2"));
-    QCOMPARE(load.text(), QStringLiteral("Lade Kurvendefinitionsdaten : %1 von %2"));
 }
 
 // Every command kind is pushed, undone and redone by the panels
@@ -104,8 +85,9 @@ void tst_EditingCommands::togglesUndoToTheNegation()
 
 // What each command brings back is checked after every step of
 // tst_undorandom, the model's signals per change in tst_cameditormodel; here
-// that the commands move the very point objects the views hold, and that a
-// point set aside goes with its command.
+// that the commands move the very point objects the views hold. That a point
+// set aside goes with its command, and one in the description stays, is the
+// sanitizer run's of tst_undorandom, whose stack drops both kinds often.
 void tst_EditingCommands::commandsKeepTheVeryPoints()
 {
     QPointer<MotionPoint> added = new MotionPoint(15, 2, MotionPoint::acceleration);
@@ -128,16 +110,6 @@ void tst_EditingCommands::commandsKeepTheVeryPoints()
     m_cam->stack->redo();
     m_cam->stack->redo();
     QCOMPARE(m_cam->description.pointAt(15), added.data());
-
-    // Points in the description stay when the stack is cleared; the removed
-    // one and the one the edit covered belong to their commands.
-    m_cam->stack->clear();
-    QCOMPARE(m_cam->description.pointAt(15), added.data());
-    QVERIFY(removed.isNull());
-    QVERIFY(covered.isNull());
-    // An undone add dropped by the next push takes its point along: a leak
-    // there is found by the sanitizer run of tst_undorandom, which does so
-    // often.
 }
 
 // The map is keyed by the exact master: equal is refused, one bit away is not.
@@ -150,7 +122,6 @@ void tst_EditingCommands::addComparesMastersExactly()
 
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().icon, QMessageBox::Critical);
-    QCOMPARE(messages.last().title, QStringLiteral("Master-Position schon vorhanden"));
     QCOMPARE(messages.last().text, QStringLiteral("Es gibt schon einen Bewegungspunkt auf der Master-Position 10 "
                                                   "schon vorhanden. Überschreiben nicht möglich."));
     QVERIFY(point.isNull());

@@ -49,12 +49,6 @@ bool identical(const QPolygonF &a, const QPolygonF &b)
                       [&](const QPointF &p, const QPointF &q) { return same(p.x(), q.x()) && same(p.y(), q.y()); });
 }
 
-int stepsPerSeed()
-{
-    const int steps = qEnvironmentVariableIntValue("MX_RANDOM_UNDO_STEPS");
-    return steps > 0 ? steps : 1000;
-}
-
 class RandomEditor
 {
 public:
@@ -200,21 +194,7 @@ private:
     std::mt19937 m_random;
 };
 
-} // namespace
-
-class tst_UndoRandom : public QObject
-{
-    Q_OBJECT
-private slots:
-    void randomSequences_data();
-    void randomSequences();
-
-private:
-    static State state(CommandFixture &cam);
-    static void checkPlan(CommandFixture &cam);
-};
-
-State tst_UndoRandom::state(CommandFixture &cam)
+State state(CommandFixture &cam)
 {
     const Scaling *scaling = cam.model->scaling();
     return State(cam.description.toJson(), scaling->cycleTime(), scaling->masterAxisScaling(),
@@ -222,7 +202,7 @@ State tst_UndoRandom::state(CommandFixture &cam)
 }
 
 // The model's plan against a plan of a fresh model for the same data.
-void tst_UndoRandom::checkPlan(CommandFixture &cam)
+void checkPlan(CommandFixture &cam)
 {
     CamDescriptionImplementation fresh(nullptr, QByteArray());
     fresh.fromJson(cam.description.toJson());
@@ -244,6 +224,16 @@ void tst_UndoRandom::checkPlan(CommandFixture &cam)
     }
 }
 
+} // namespace
+
+class tst_UndoRandom : public QObject
+{
+    Q_OBJECT
+private slots:
+    void randomSequences_data();
+    void randomSequences();
+};
+
 void tst_UndoRandom::randomSequences_data()
 {
     QTest::addColumn<unsigned>("seed");
@@ -261,7 +251,8 @@ void tst_UndoRandom::randomSequences()
 
     // history[i]: what stack index i must show.
     std::vector<State> history { state(cam) };
-    for (int i = 0; i < stepsPerSeed(); ++i) {
+    const int steps = qEnvironmentVariableIntValue("MX_RANDOM_UNDO_STEPS");
+    for (int i = 0; i < (steps > 0 ? steps : 1000); ++i) {
         const int refusedBefore = refusals.count();
         const int indexBefore = cam.stack->index();
         const RandomEditor::Action action = editor.step();

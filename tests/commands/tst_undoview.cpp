@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QTest>
 #include <QUndoView>
 
@@ -26,7 +25,6 @@ void tst_UndoView::popUpStaysWhileTheFocusIsInside()
     // A command of only a text; the base class does nothing on undo and redo.
     stack.push(new QUndoCommand(QStringLiteral("Ändere Bewegungsgesetz von Polynom fünften Grades -> Kubischer Spline")));
     UndoView view(&stack);
-    QSignalSpy visible(&view, &UndoView::isVisibleChanged);
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));
     view.activateWindow();
@@ -35,15 +33,15 @@ void tst_UndoView::popUpStaysWhileTheFocusIsInside()
     // Clicking an entry moves the focus into the list: the pop-up stays.
     view.undoList()->setFocus();
     QTRY_VERIFY(view.undoList()->hasFocus());
-    QCOMPARE(visible.count(), 0);
+    QVERIFY(view.isVisible());
 
     QLineEdit elsewhere;
     elsewhere.show();
     QVERIFY(QTest::qWaitForWindowExposed(&elsewhere));
     elsewhere.activateWindow();
     elsewhere.setFocus();
+    // The window's action unchecks on the hide (tst_camdesignerview).
     QTRY_VERIFY(!view.isVisible());
-    QCOMPARE(visible.count(), 1);
 }
 
 QTEST_MAIN(tst_UndoView)

@@ -1,7 +1,6 @@
 #include "boundtable.h"
 #include "messagecapture.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <cmath>
