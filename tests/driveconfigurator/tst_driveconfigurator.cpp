@@ -28,16 +28,6 @@ void tst_DriveConfigurator::exampleProject()
         QCOMPARE(cell->description()->isEmpty(), table != 0 && table != 3);
     }
     // What the cams of tables 0 and 3 hold, the project import lists.
-
-    CurveTextConverter converter;
-    converter.setFormat(CurveTextConverter::TwinCat2);
-    converter.setText(QString::fromUtf8(readFile(QStringLiteral(MX_EXAMPLES "/curve-twincat2.txt"))));
-    const QPolygonF curve = converter.convert();
-    QCOMPARE(window.page()->cell(7)->storedCount(), curve.size());
-    const MxSimulation::SimulatedDrive *drive = window.project()->drive();
-    const QString last = drive->readValue(DriveProject::LivingSpace, MxParameterDefinition::ParameterCoordinate("G420"),
-                                          curve.size() - 1);
-    QCOMPARE(QLocale::system().toDouble(last), curve.constLast().y());
 }
 
 // The whole way of one cam: edit in the tree, write, reopen the editor,
