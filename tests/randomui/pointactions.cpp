@@ -36,29 +36,28 @@ using namespace UserTerms;
 // spacing of the last two points past the last.
 bool RandomUser::addPoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const CamDescriptionImplementation *description = model->camDescription();
-    const int count = model->motionPointCount();
+    const CamDescriptionImplementation *description = model()->camDescription();
+    const int count = model()->motionPointCount();
     if (count > 0 && chance(0.8))
-        selectRow(pick(count));
+        clickRow(m_tree->pointTree(), pick(count));
     const int row = m_tree->currentRow();
     double master = 0.0;
     double slave = 0.0;
     if (count > 0) {
         const int at = row < 0 ? count - 1 : row;
-        const MotionPoint *point = model->motionPointAt(at);
+        const MotionPoint *point = model()->motionPointAt(at);
         slave = point->slave();
         if (at + 1 < count) {
-            master = (point->master() + model->motionPointAt(at + 1)->master()) / 2.0;
-            slave = (point->slave() + model->motionPointAt(at + 1)->slave()) / 2.0;
+            master = (point->master() + model()->motionPointAt(at + 1)->master()) / 2.0;
+            slave = (point->slave() + model()->motionPointAt(at + 1)->slave()) / 2.0;
         } else if (description->isCyclic() && description->circularLength() > point->master()) {
             master = (point->master() + description->circularLength()) / 2.0;
         } else {
-            master = point->master() + (count > 1 ? point->master() - model->motionPointAt(at - 1)->master() : 1.0);
+            master = point->master() + (count > 1 ? point->master() - model()->motionPointAt(at - 1)->master() : 1.0);
         }
     }
-    master = rounded(master, m_editor.implementation()->parameterModel()->masterDecimalPlaces());
-    slave = rounded(slave, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
+    master = rounded(master, parameters()->masterDecimalPlaces());
+    slave = rounded(slave, parameters()->slaveDecimalPlaces());
     m_log << QStringLiteral("add after row %1").arg(row);
     if (beyondCycle(master)) {
         m_outcome.title = QString::fromUtf8(BeyondCycle);
@@ -76,13 +75,12 @@ bool RandomUser::addPoint()
 // edit view's own button.
 bool RandomUser::removePoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
     const int row = pick(count);
-    selectRow(row);
-    const MotionPoint *point = model->motionPointAt(row);
+    clickRow(m_tree->pointTree(), row);
+    const MotionPoint *point = model()->motionPointAt(row);
     expectPush(QStringLiteral("Entferne Bewegungspunkt [%1,%2] hinzu")
                    .arg(QString::number(point->master(), 'g', 6), QString::number(point->slave(), 'g', 6)));
     const int way = pick(3);
@@ -102,18 +100,17 @@ bool RandomUser::removePoint()
 // A cell of the list opened by F2: a position typed, a segment type chosen.
 bool RandomUser::editCell()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
-    const bool vdi = model->motionLaw()->law() == MotionLaw::Vdi;
+    const bool vdi = model()->motionLaw()->law() == MotionLaw::Vdi;
     const int row = pick(count);
     const int column = pick(vdi ? 3 : 2);
     QTreeView *view = m_tree->pointTree();
     clickRow(view, row, column);
     view->setFocus();
     QTest::keyClick(view, Qt::Key_F2);
-    const MotionPoint *point = model->motionPointAt(row);
+    const MotionPoint *point = model()->motionPointAt(row);
     double master = point->master();
     double slave = point->slave();
     int segment = point->type();
@@ -152,19 +149,18 @@ bool RandomUser::editCell()
 // The fields of the selected point: master, slave, segment type.
 bool RandomUser::editPointFields()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
     if (m_tree->currentRow() < 0 || chance(0.5))
-        selectRow(pick(count));
+        clickRow(m_tree->pointTree(), pick(count));
     const int row = m_tree->currentRow();
     PointEditView *fields = m_tree->pointEditView();
-    const MotionPoint *point = model->motionPointAt(row);
+    const MotionPoint *point = model()->motionPointAt(row);
     double master = point->master();
     double slave = point->slave();
     int segment = point->type();
-    const bool vdi = model->motionLaw()->law() == MotionLaw::Vdi;
+    const bool vdi = model()->motionLaw()->law() == MotionLaw::Vdi;
     const int field = pick(vdi ? 3 : 2);
     if (field == 2) {
         const int index = pick(4);
@@ -192,8 +188,7 @@ bool RandomUser::editPointFields()
 // the circular length of a cyclic cam), rounded to the drive's places.
 bool RandomUser::dragPoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     CurvePlot *plot = m_plots->plot(CurvePlot::Position);
     if (count == 0 || !plot->isVisible())
         return false;
@@ -204,13 +199,13 @@ bool RandomUser::dragPoint()
     };
     QWidget *canvas = plot->canvas();
     const int row = pick(count);
-    const MotionPoint *point = model->motionPointAt(row);
+    const MotionPoint *point = model()->motionPointAt(row);
     const QPoint start = pixel(point->position());
     if (!canvas->rect().contains(start))
         return false;
     // A marker that another one covers is not the user's to pick.
     for (int other = 0; other < count; ++other) {
-        const QPoint there = pixel(model->motionPointAt(other)->position());
+        const QPoint there = pixel(model()->motionPointAt(other)->position());
         if (other != row && std::hypot(there.x() - start.x(), there.y() - start.y()) <= 2 * MotionPointDragger::CatchDistance)
             return false;
     }
@@ -225,20 +220,19 @@ bool RandomUser::dragPoint()
         return true;
     }
     // What the user points at, on the scales the press found.
-    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
-    double master = rounded(plot->invTransform(QwtPlot::xBottom, target.x()), parameters->masterDecimalPlaces());
-    const double slave = rounded(plot->invTransform(QwtPlot::yLeft, target.y()), parameters->slaveDecimalPlaces());
-    const double step = std::pow(10.0, -parameters->masterDecimalPlaces());
+    double master = rounded(plot->invTransform(QwtPlot::xBottom, target.x()), parameters()->masterDecimalPlaces());
+    const double slave = rounded(plot->invTransform(QwtPlot::yLeft, target.y()), parameters()->slaveDecimalPlaces());
+    const double step = std::pow(10.0, -parameters()->masterDecimalPlaces());
     const double infinity = std::numeric_limits<double>::infinity();
-    const double lowest = row > 0 ? model->motionPointAt(row - 1)->master() : -infinity;
-    double highest = row + 1 < count ? model->motionPointAt(row + 1)->master() : infinity;
+    const double lowest = row > 0 ? model()->motionPointAt(row - 1)->master() : -infinity;
+    double highest = row + 1 < count ? model()->motionPointAt(row + 1)->master() : infinity;
     // Below the circular length of a cyclic cam.
-    if (model->camDescription()->isCyclic())
-        highest = std::min(highest, model->camDescription()->circularLength());
+    if (model()->camDescription()->isCyclic())
+        highest = std::min(highest, model()->camDescription()->circularLength());
     if (master <= lowest)
-        master = rounded(lowest + step, parameters->masterDecimalPlaces());
+        master = rounded(lowest + step, parameters()->masterDecimalPlaces());
     if (master >= highest)
-        master = rounded(highest - step, parameters->masterDecimalPlaces());
+        master = rounded(highest - step, parameters()->masterDecimalPlaces());
     if (master <= lowest || master >= highest)
         master = from.x();
     // QTest moves the cursor instead, which sends nothing offscreen.
@@ -264,20 +258,18 @@ bool RandomUser::dragPoint()
 // curve, and its row becomes the selected one.
 bool RandomUser::insertOnCurve()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     CurvePlot *plot = m_plots->plot(CurvePlot::Position);
-    if (count < 2 || !plot->isVisible() || !model->motionPlan())
+    if (count < 2 || !plot->isVisible() || !model()->motionPlan())
         return false;
     m_plots->replotNow();
     QWidget *canvas = plot->canvas();
     const QPoint at(2 + pick(canvas->width() - 4), 2 + pick(canvas->height() - 4));
-    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
-    const double master = rounded(plot->invTransform(QwtPlot::xBottom, at.x()), parameters->masterDecimalPlaces());
-    if (!(master > model->motionPointAt(0)->master() && master < model->motionPointAt(count - 1)->master())
-        || model->camDescription()->pointAt(master) || beyondCycle(master))
+    const double master = rounded(plot->invTransform(QwtPlot::xBottom, at.x()), parameters()->masterDecimalPlaces());
+    if (!(master > model()->motionPointAt(0)->master() && master < model()->motionPointAt(count - 1)->master())
+        || model()->camDescription()->pointAt(master) || beyondCycle(master))
         return false;
-    const double slave = rounded(model->motionPlan()->position(master), parameters->slaveDecimalPlaces());
+    const double slave = rounded(model()->motionPlan()->position(master), parameters()->slaveDecimalPlaces());
     if (slave < PositionMinimum || slave > PositionMaximum || master < PositionMinimum || master > PositionMaximum)
         return false;
     m_log << QStringLiteral("insert on the curve at pixel %1,%2").arg(at.x()).arg(at.y());
@@ -302,8 +294,8 @@ bool RandomUser::insertOnCurve()
         m_actionProblem = QStringLiteral("the context menu offered no insert");
         return true;
     }
-    const MotionPoint *inserted = model->camDescription()->pointAt(master);
-    if (!inserted || m_tree->currentRow() != model->rowOfMotionPoint(inserted))
+    const MotionPoint *inserted = model()->camDescription()->pointAt(master);
+    if (!inserted || m_tree->currentRow() != model()->rowOfMotionPoint(inserted))
         m_actionProblem = QStringLiteral("the point inserted at %1 is not the selected row").arg(master);
     return true;
 }

@@ -61,7 +61,7 @@ RandomUser::RandomUser(unsigned seed, const char *cam)
     m_button->resize(300, 120);
     m_button->show();
     // Whatever the drive holds at the start, it keeps until a write.
-    m_expectedStored = m_editor.implementation()->parameterModel()->storedGridPoints();
+    m_expectedStored = parameters()->storedGridPoints();
     m_storedSlavesKnown = true;
     open();
 }
@@ -116,25 +116,24 @@ void RandomUser::open()
 
 RandomUser::State RandomUser::state() const
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
     State s;
     s.data = m_editor.camDescription()->toJson();
-    s.masterAxisScaling = model->scaling()->masterAxisScaling();
-    s.cycleTime = model->scaling()->cycleTime();
-    s.velocityScaling = model->scaling()->velocityScaling();
-    if (model->motionPlan())
-        s.positions = model->motionPlan()->positions();
+    s.masterAxisScaling = model()->scaling()->masterAxisScaling();
+    s.cycleTime = model()->scaling()->cycleTime();
+    s.velocityScaling = model()->scaling()->velocityScaling();
+    if (model()->motionPlan())
+        s.positions = model()->motionPlan()->positions();
     return s;
 }
 
 QString RandomUser::masterText(double value) const
 {
-    return fixed(value, m_editor.implementation()->parameterModel()->masterDecimalPlaces());
+    return fixed(value, parameters()->masterDecimalPlaces());
 }
 
 QString RandomUser::slaveText(double value) const
 {
-    return fixed(value, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
+    return fixed(value, parameters()->slaveDecimalPlaces());
 }
 
 void RandomUser::expectPush(const QString &text)
@@ -204,11 +203,6 @@ void RandomUser::bringToFront(int dock)
         m_actionProblem = QStringLiteral("a click on the tab \"%1\" did not bring it to the front").arg(widget->windowTitle());
 }
 
-void RandomUser::selectRow(int row)
-{
-    clickRow(m_tree->pointTree(), row);
-}
-
 QString RandomUser::editText(const QPointF &from, int fromType, double master, double slave, int type) const
 {
     return QStringLiteral("Ändere Bewegungspunkt [%1;%2,%3]) -> [%4;%5;%6]")
@@ -227,8 +221,7 @@ void RandomUser::expectEdit(const MotionPoint *point, double master, double slav
 // beyond the drive's limits, or no number at all.
 QString RandomUser::positionInput(bool master, int row, double *result, QString *title)
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     const int kind = pick(10);
     if (kind == 0) {
         *title = QString::fromUtf8(InvalidInput);
@@ -241,14 +234,14 @@ QString RandomUser::positionInput(bool master, int row, double *result, QString 
     if (kind == 2 && master && count > 1) {
         int other = pick(count - 1);
         other += other >= row ? 1 : 0;
-        *result = model->motionPointAt(other)->master();
+        *result = model()->motionPointAt(other)->master();
         *title = QString::fromUtf8(beyondCycle(*result) ? BeyondCycle : MasterTaken);
         return masterText(*result);
     }
     *result = master ? value(0.0, 400.0, 3) : value(-100.0, 200.0, 3);
-    const MotionPoint *there = master ? model->camDescription()->pointAt(*result) : nullptr;
-    *title = there && there != model->motionPointAt(row) ? QString::fromUtf8(MasterTaken) : QString();
-    if (master && beyondCycle(*result) && *result != model->motionPointAt(row)->master())
+    const MotionPoint *there = master ? model()->camDescription()->pointAt(*result) : nullptr;
+    *title = there && there != model()->motionPointAt(row) ? QString::fromUtf8(MasterTaken) : QString();
+    if (master && beyondCycle(*result) && *result != model()->motionPointAt(row)->master())
         *title = QString::fromUtf8(BeyondCycle);  // asked before the points' places
     // Sometimes more digits than the drive keeps: they are rounded away.
     if (chance(0.2))
@@ -355,7 +348,7 @@ QString RandomUser::check()
             problems << QStringLiteral("the editor holds %1, expected %2")
                             .arg(state().describe(), m_states.at(m_index).describe());
     }
-    if (m_editor.implementation()->editorModel()->isCoarseSteps())
+    if (model()->isCoarseSteps())
         problems << QStringLiteral("the model still samples coarsely");
     const QString panels = panelProblem();
     if (!panels.isEmpty())

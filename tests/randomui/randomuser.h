@@ -12,12 +12,14 @@
 #include <vector>
 
 class CalculatedTableView;
+class CamEditorModel;
 class ComparisonView;
 class Controller;
 class CurvePlotStack;
 class MotionPoint;
 class GridPointParameterView;
 class MotionPlanTreeEditor;
+class ParameterModelImplementation;
 class ScalingView;
 
 // A user who opens the editor from the host's button and does random things
@@ -88,7 +90,6 @@ private:
     void open();
     void activate();
     void bringToFront(int dock);
-    void selectRow(int row);
     // A master or slave text to type: a valid new value, or a refusal.
     QString positionInput(bool master, int row, double *value, QString *title);
     // Whether a master lies at or beyond the end of a cyclic cam.
@@ -102,6 +103,8 @@ private:
     QString panelProblem() const;
     QString storedProblem() const;
 
+    const CamEditorModel *model() const { return m_editor.implementation()->editorModel(); }
+    const ParameterModelImplementation *parameters() const { return m_editor.implementation()->parameterModel(); }
     int pick(int count);
     bool chance(double probability);
     double value(double low, double high, int decimals);
