@@ -211,8 +211,6 @@ void tst_CurveTextWriter::refusals_data()
                                        << "Unbekanntes Trennzeichen." << true;
     QTest::newRow("unknown decimal mark") << Settings { CurveTextConverter::FreeFormat, 2, 0 } << 3 << some
                                           << "Unbekanntes Dezimalzeichen." << true;
-    QTest::newRow("negative decimal places") << free << -1 << some
-                                             << "-1 Nachkommastellen können nicht geschrieben werden" << true;
     QTest::newRow("more decimal places than a double has") << free << 16 << some
                                                            << "16 Nachkommastellen können nicht geschrieben werden" << true;
     QTest::newRow("no points") << free << 3 << QVector<QPointF>() << "Es gibt keine Stützstellen" << false;

@@ -253,9 +253,7 @@ void tst_ExternalCurveImportView::listsAtMost16000RowsAndHandsOverAll()
     QCOMPARE(compareView(&dialog)->topLevelItem(15999)->text(4), QStringLiteral("7999.500"));
     QCOMPARE(widget<QLabel>(&dialog, "pairCountLabel")->text(), QStringLiteral("Wertepaare: 20000 gelesen, 16000 aufgelistet."));
 
-    QSignalSpy accepted(&dialog, &QDialog::accepted);
     widget<QDialogButtonBox>(&dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
-    QCOMPARE(accepted.count(), 1);
     QVERIFY(dialog.isHidden());
     QCOMPARE(model.written.size(), 1);
     QCOMPARE(model.written.first().size(), 20000);
