@@ -135,11 +135,8 @@ private slots:
         // file's test; here the one loader of the tool must refuse, for the
         // verbs that show a file and for those that sample it (a missing
         // file takes the same way out).
-        const QString textAsDat = tmp("saved.dat");
         const QString broken = tmp("broken.json");
-        writeFile(textAsDat, R"({"Cyclic": true})");
         writeFile(broken, R"({"Cyclic": tr)");
-        QTest::newRow("show text saved as .dat") << QStringList{ "show", textAsDat } << 1 << "„saved.dat“";
         QTest::newRow("show broken text json") << QStringList{ "show", broken } << 1 << "broken.json";
         QTest::newRow("sample broken text json") << QStringList{ "sample", broken } << 1 << "Position 12";
     }
@@ -197,7 +194,6 @@ private slots:
             { "SERVOsoft", "0;0\n10,5;;20,25\n", { "--format", "servosoft" }, "[[0,0],[10.5,20.25]]", "", 0, 0, "" },
             { "free format with comma and blank", "1,5 2,5\n", { "--decimal", "comma", "--separator", "blank" }, "[[1.5,2.5]]", "",
               0, 0, "" },
-            { "carriage returns alone end lines", "0;0\r1;2\r", {}, "[[0,0],[1,2]]", "", 0, 0, "" },
             // Decoded by the stream, as the import dialog reads it; as plain
             // bytes the zero bytes between the digits would hide every pair.
             { "UTF-16 with byte order mark",
