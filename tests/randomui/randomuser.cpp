@@ -24,8 +24,10 @@
 #include <qtadvanceddocking/DockWidget.h>
 #include <qtadvanceddocking/DockWidgetTab.h>
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 
 using namespace UserInput;
 using namespace UserTerms;
@@ -36,11 +38,8 @@ bool RandomUser::State::operator==(const State &other) const
         || velocityScaling != other.velocityScaling || positions.size() != other.positions.size())
         return false;
     // Exactly the same numbers, not fuzzily equal ones.
-    for (int i = 0; i < positions.size(); ++i) {
-        if (positions.at(i).x() != other.positions.at(i).x() || positions.at(i).y() != other.positions.at(i).y())
-            return false;
-    }
-    return true;
+    return std::equal(positions.begin(), positions.end(), other.positions.begin(),
+                      [](const QPointF &a, const QPointF &b) { return a.x() == b.x() && a.y() == b.y(); });
 }
 
 QString RandomUser::State::describe() const
@@ -158,9 +157,8 @@ void RandomUser::step()
         { &RandomUser::importCurveFile, 2 },  { &RandomUser::closeAndReopen, 1 },   { &RandomUser::changeLanguage, 1 },
         { &RandomUser::insertOnCurve, 6 },
     };
-    int total = 0;
-    for (const auto &entry : actions)
-        total += entry.weight;
+    const int total = std::accumulate(std::begin(actions), std::end(actions), 0,
+                                      [](int sum, const auto &entry) { return sum + entry.weight; });
     m_messageCount = m_messages.count();
     activate();
     for (;;) {
@@ -332,13 +330,9 @@ QString RandomUser::check()
         break;
     }
     if (m_stack->count() != m_texts.size() || m_stack->index() != m_index) {
-        problems << QStringLiteral("the stack holds %1 commands at %2 (newest \"%3\"), expected %4 at %5 (newest \"%6\")")
-                        .arg(m_stack->count())
-                        .arg(m_stack->index())
-                        .arg(m_stack->count() > 0 ? m_stack->text(m_stack->count() - 1) : QString())
-                        .arg(m_texts.size())
-                        .arg(m_index)
-                        .arg(m_texts.isEmpty() ? QString() : m_texts.last());
+        // The log of the actions tells which one went wrong.
+        problems << QStringLiteral("the stack holds %1 commands at %2, expected %3 at %4")
+                        .arg(m_stack->count()).arg(m_stack->index()).arg(m_texts.size()).arg(m_index);
     } else {
         for (int i = 0; i < m_texts.size(); ++i) {
             if (m_stack->text(i) != m_texts.at(i))
