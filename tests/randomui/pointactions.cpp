@@ -103,46 +103,22 @@ bool RandomUser::editCell()
     const int count = model()->motionPointCount();
     if (count == 0)
         return false;
-    const bool vdi = model()->motionLaw()->law() == MotionLaw::Vdi;
     const int row = pick(count);
-    const int column = pick(vdi ? 3 : 2);
+    const int column = pick(model()->motionLaw()->law() == MotionLaw::Vdi ? 3 : 2);
     QTreeView *view = m_tree->pointTree();
     clickRow(view, row, column);
     view->setFocus();
     QTest::keyClick(view, Qt::Key_F2);
-    const MotionPoint *point = model()->motionPointAt(row);
-    double master = point->master();
-    double slave = point->slave();
-    int segment = point->type();
-    if (column == 2) {
-        const int index = pick(4);
-        segment = TypeOfComboIndex[index];
-        m_log << QStringLiteral("cell %1,2 type %2").arg(row).arg(index);
-        QComboBox *box = view->viewport()->findChild<QComboBox *>();
-        if (!box) {
-            m_actionProblem = QStringLiteral("F2 opened no segment type box");
-            return true;
-        }
-        expectEdit(point, master, slave, segment);
-        choose(box, index);
-    } else {
-        QString title;
-        const QString text = positionInput(column == 0, row, column == 0 ? &master : &slave, &title);
-        m_log << QStringLiteral("cell %1,%2 typed \"%3\"").arg(row).arg(column).arg(text);
-        m_outcome.title = title;
-        QLineEdit *edit = nullptr;
-        for (QLineEdit *candidate : view->viewport()->findChildren<QLineEdit *>()) {
-            if (candidate->isVisible())
-                edit = candidate;
-        }
-        if (!edit) {
-            m_actionProblem = QStringLiteral("F2 opened no line edit");
-            return true;
-        }
-        if (title.isEmpty())
-            expectEdit(point, master, slave, segment);
-        type(edit, text);
+    auto *box = view->viewport()->findChild<QComboBox *>();
+    QLineEdit *edit = nullptr;
+    for (QLineEdit *candidate : view->viewport()->findChildren<QLineEdit *>()) {
+        if (candidate->isVisible())
+            edit = candidate;
     }
+    if (column == 2 ? !box : !edit)
+        m_actionProblem = QStringLiteral("F2 opened no editor in column %1").arg(column);
+    else
+        editPoint(row, column, box, edit, QStringLiteral("cell %1").arg(row));
     return true;
 }
 
@@ -155,32 +131,36 @@ bool RandomUser::editPointFields()
     if (m_tree->currentRow() < 0 || chance(0.5))
         clickRow(m_tree->pointTree(), pick(count));
     const int row = m_tree->currentRow();
+    const int field = pick(model()->motionLaw()->law() == MotionLaw::Vdi ? 3 : 2);
     PointEditView *fields = m_tree->pointEditView();
+    editPoint(row, field, fields->typeBox(), field == 0 ? fields->masterEdit() : fields->slaveEdit(),
+              QStringLiteral("point %1").arg(row));
+    return true;
+}
+
+// The point of the row gets a segment type chosen in the box (field 2) or a
+// position typed into the edit (0 master, 1 slave). A text as the field
+// shows it already is no edit at all.
+void RandomUser::editPoint(int row, int field, QComboBox *box, QLineEdit *edit, const QString &where)
+{
     const MotionPoint *point = model()->motionPointAt(row);
     double master = point->master();
     double slave = point->slave();
-    int segment = point->type();
-    const bool vdi = model()->motionLaw()->law() == MotionLaw::Vdi;
-    const int field = pick(vdi ? 3 : 2);
     if (field == 2) {
         const int index = pick(4);
-        segment = TypeOfComboIndex[index];
-        m_log << QStringLiteral("point %1 type %2").arg(row).arg(index);
-        expectEdit(point, master, slave, segment);
-        choose(fields->typeBox(), index);
-    } else {
-        QString title;
-        const QString text = positionInput(field == 0, row, field == 0 ? &master : &slave, &title);
-        m_log << QStringLiteral("point %1 %2 typed \"%3\"").arg(row).arg(field == 0 ? "master" : "slave").arg(text);
-        PositionLineEdit *edit = field == 0 ? fields->masterEdit() : fields->slaveEdit();
-        // A text as shown is no edit at all.
-        if (text != edit->text() && !title.isEmpty())
-            m_outcome.title = title;
-        else if (text != edit->text())
-            expectEdit(point, master, slave, segment);
-        type(edit, text);
+        m_log << QStringLiteral("%1 type %2").arg(where).arg(index);
+        expectEdit(point, master, slave, TypeOfComboIndex[index]);
+        choose(box, index);
+        return;
     }
-    return true;
+    QString title;
+    const QString text = positionInput(field == 0, row, field == 0 ? &master : &slave, &title);
+    m_log << QStringLiteral("%1 %2 typed \"%3\"").arg(where, field == 0 ? "master" : "slave", text);
+    if (text != edit->text() && !title.isEmpty())
+        m_outcome.title = title;
+    else if (text != edit->text())
+        expectEdit(point, master, slave, point->type());
+    type(edit, text);
 }
 
 // A press on a point's marker in the position plot, a move, and a release

@@ -12,6 +12,8 @@
 #include <vector>
 
 class CalculatedTableView;
+class QComboBox;
+class QLineEdit;
 class CamEditorModel;
 class ComparisonView;
 class Controller;
@@ -94,6 +96,7 @@ private:
     QString positionInput(bool master, int row, double *value, QString *title);
     // Whether a master lies at or beyond the end of a cyclic cam.
     bool beyondCycle(double master) const;
+    void editPoint(int row, int field, QComboBox *box, QLineEdit *edit, const QString &where);
     QString editText(const QPointF &from, int fromType, double master, double slave, int type) const;
     void expectEdit(const MotionPoint *point, double master, double slave, int type);
     QString masterText(double value) const;
