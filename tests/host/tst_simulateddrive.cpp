@@ -1,8 +1,6 @@
 #include "simulateddrive.h"
 #include "testfiles.h"
 
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using MxParameterDefinition::ParameterAddress;

@@ -4,7 +4,6 @@
 #include "simulateddrive.h"
 #include "testfiles.h"
 
-#include <filedialog.h>
 #include "import/externalcurveimportview.h"
 #include "parameters/parametermodelimplementation.h"
 

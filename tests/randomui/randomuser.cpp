@@ -3,29 +3,22 @@
 #include "userinput.h"
 #include "userterms.h"
 
-#include "camdesigner/camdesignerbutton.h"
 #include "camdesigner/controller.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
-#include "model/steps.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
-#include "plots/curveplotstack.h"
-#include "views/comparisonview.h"
-#include "views/motionplantreeeditor.h"
 
 #include <QApplication>
 #include <QJsonDocument>
-#include <QTreeView>
 
 #include <qtadvanceddocking/DockWidget.h>
 #include <qtadvanceddocking/DockWidgetTab.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <numeric>
 

@@ -28,7 +28,6 @@
 
 #include <qtadvanceddocking/DockWidget.h>
 
-#include <cmath>
 #include <iterator>
 
 using namespace UserInput;
