@@ -33,8 +33,7 @@ class TestCurveTextConverter : public QObject
 private slots:
     void convert_data();
     void convert();
-    void formatPresetsSeparators_data();
-    void formatPresetsSeparators();
+    void unknownFormatMeansServoSoft();
     void settingsReachTheNextConversion();
 };
 
@@ -190,34 +189,19 @@ void TestCurveTextConverter::convert()
     QCOMPARE(converter.firstSkippedLine(), QString());
 }
 
-void TestCurveTextConverter::formatPresetsSeparators_data()
+// The four selector indices are checked through the import dialog's radios;
+// here one the format box cannot choose, after a free format of comma
+// decimals and blanks.
+void TestCurveTextConverter::unknownFormatMeansServoSoft()
 {
-    QTest::addColumn<int>("selectorIndex");
-    QTest::addColumn<int>("format");
-    QTest::addColumn<int>("decimalSeparator");
-    QTest::addColumn<int>("valueSeparator");
-
-    // Before each row the free format holds comma decimals and blanks. The
-    // four selector indices are checked through the import dialog's radios;
-    // here only those the format box cannot choose.
-    QTest::newRow("unknown index means SERVOsoft") << 4 << 0 << 1 << 0;
-    QTest::newRow("negative index means SERVOsoft") << -1 << 0 << 1 << 0;
-}
-
-void TestCurveTextConverter::formatPresetsSeparators()
-{
-    QFETCH(int, selectorIndex);
-    QFETCH(int, format);
-    QFETCH(int, decimalSeparator);
-    QFETCH(int, valueSeparator);
     CurveTextConverter converter;
     converter.setFormat(CurveTextConverter::FreeFormat);
     converter.setDecimalSeparator(CurveTextConverter::DecimalComma);
     converter.setValueSeparator(CurveTextConverter::Blank);
-    converter.setFormat(selectorIndex);
-    QCOMPARE(converter.format(), format);
-    QCOMPARE(converter.decimalSeparator(), decimalSeparator);
-    QCOMPARE(converter.valueSeparator(), valueSeparator);
+    converter.setFormat(4);
+    QCOMPARE(converter.format(), int(CurveTextConverter::ServoSoft));
+    QCOMPARE(converter.decimalSeparator(), int(CurveTextConverter::DecimalComma));
+    QCOMPARE(converter.valueSeparator(), int(CurveTextConverter::Semicolon));
 }
 
 void TestCurveTextConverter::settingsReachTheNextConversion()
