@@ -17,7 +17,6 @@
 #include "camdesigner/controller.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
-#include "import/curvetextconverter.h"
 #include "simulateddrive.h"
 #include "views/camdesignerviewimplementation.h"
 #include "views/motionplantreeeditor.h"

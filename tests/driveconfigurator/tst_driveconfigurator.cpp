@@ -28,16 +28,6 @@ void tst_DriveConfigurator::exampleProject()
         QCOMPARE(cell->description()->isEmpty(), table != 0 && table != 3);
     }
     // What the cams of tables 0 and 3 hold, the project import lists.
-
-    CurveTextConverter converter;
-    converter.setFormat(CurveTextConverter::TwinCat2);
-    converter.setText(QString::fromUtf8(readFile(QStringLiteral(MX_EXAMPLES "/curve-twincat2.txt"))));
-    const QPolygonF curve = converter.convert();
-    QCOMPARE(window.page()->cell(7)->storedCount(), curve.size());
-    const MxSimulation::SimulatedDrive *drive = window.project()->drive();
-    const QString last = drive->readValue(DriveProject::LivingSpace, MxParameterDefinition::ParameterCoordinate("G420"),
-                                          curve.size() - 1);
-    QCOMPARE(QLocale::system().toDouble(last), curve.constLast().y());
 }
 
 // The whole way of one cam: edit in the tree, write, reopen the editor,
@@ -58,7 +48,6 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         QVERIFY(editor);
         QCOMPARE(editor->windowTitle(), QStringLiteral("Kurvenscheibe 0 – beispiel.mxdrive"));
         QVERIFY(cell->button()->isChecked());
-        editor->resize(700, 500);
         QVERIFY(QTest::qWaitForWindowExposed(editor));
 
         auto *tree = editor->findChild<MotionPlanTreeEditor *>();
@@ -81,8 +70,8 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         const int written = cell->storedCount();
         QVERIFY(written > 2);
 
-        // Closed and opened again: one window, with the size and plot choice it had.
-        actionNamed(editor, QStringLiteral("&Ruck ein-/ausblenden"))->trigger();
+        // Closed and opened again: one window. The size and the plots it had
+        // are the editor's test and the next project's.
         editor->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!cell->button()->isChecked());
@@ -90,14 +79,11 @@ void tst_DriveConfigurator::editWriteSaveAndReload()
         editor = openEditor(window, 0);
         QVERIFY(editor);
         QCOMPARE(editorWindows().size(), 1);
-        QCOMPARE(editor->size(), QSize(700, 500));
-        QVERIFY(actionNamed(editor, QStringLiteral("&Ruck ein-/ausblenden"))->isChecked());
         openEditor(window, 0);
         QCOMPARE(editorWindows().size(), 1);
 
         FileAnswer answer(savedPath);
         actionNamed(&window, QStringLiteral("Speichern &unter…"))->trigger();
-        QCOMPARE(answer.requests.size(), 1);
         QVERIFY(!window.isWindowModified());
         QCOMPARE(editor->windowTitle(), QStringLiteral("Kurvenscheibe 0 – gespeichert.mxdrive"));
 

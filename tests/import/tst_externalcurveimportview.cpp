@@ -1,10 +1,9 @@
-#include "../views/editorfixture.h"
 #include "fileanswer.h"
 #include "formwidget.h"
 #include "messagecapture.h"
+#include "simulateddrive.h"
 #include "testfiles.h"
 
-#include <filedialog.h>
 #include "import/externalcurveimportview.h"
 #include "parameters/parametermodelimplementation.h"
 
@@ -27,8 +26,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
-
-#include <cmath>
 
 namespace {
 
@@ -81,20 +78,6 @@ QwtLegendLabel *legendEntry(QWidget *dialog, QwtPlotItem *item)
 
 void setText(QWidget *dialog, const QString &text) { widget<QTextEdit>(dialog, "importFileEdit")->setPlainText(text); }
 
-// The cam of the example files: 3-4-5 polynomial rise by 100 over 0..120,
-// dwell to 180, return over 180..300, dwell to 360.
-double exampleCam(double master)
-{
-    const auto rise = [](double u) { return u * u * u * (10.0 - 15.0 * u + 6.0 * u * u); };
-    if (master <= 120.0)
-        return 100.0 * rise(master / 120.0);
-    if (master <= 180.0)
-        return 100.0;
-    if (master <= 300.0)
-        return 100.0 * (1.0 - rise((master - 180.0) / 120.0));
-    return 0.0;
-}
-
 } // namespace
 
 class tst_ExternalCurveImportView : public QObject
@@ -113,8 +96,6 @@ private slots:
     void fileErrors();
     void encodings_data();
     void encodings();
-    void examplesThroughTheEditorWindow_data();
-    void examplesThroughTheEditorWindow();
 };
 
 void tst_ExternalCurveImportView::cleanup()
@@ -152,8 +133,6 @@ void tst_ExternalCurveImportView::formatsPresetTheSeparators()
     ExternalCurveImportView dialog(&bound.model);
     QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
     auto *combo = widget<QComboBox>(&dialog, "formatCombo");
-    QCOMPARE(compareView(&dialog)->topLevelItemCount(), ExternalCurveImportView::CompareRows);
-    QCOMPARE(shownRows(&dialog), 0);
 
     widget<QRadioButton>(&dialog, "spaceSeparatorRadio")->click();
     widget<QRadioButton>(&dialog, "decimalPlacesCommaSeparatorRadio")->click();
@@ -271,9 +250,7 @@ void tst_ExternalCurveImportView::listsAtMost16000RowsAndHandsOverAll()
     QCOMPARE(compareView(&dialog)->topLevelItem(15999)->text(4), QStringLiteral("7999.500"));
     QCOMPARE(widget<QLabel>(&dialog, "pairCountLabel")->text(), QStringLiteral("Wertepaare: 20000 gelesen, 16000 aufgelistet."));
 
-    QSignalSpy accepted(&dialog, &QDialog::accepted);
     widget<QDialogButtonBox>(&dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
-    QCOMPARE(accepted.count(), 1);
     QVERIFY(dialog.isHidden());
     QCOMPARE(model.written.size(), 1);
     QCOMPARE(model.written.first().size(), 20000);
@@ -347,7 +324,6 @@ void tst_ExternalCurveImportView::fileErrors()
     setText(&dialog, QStringLiteral("0;0\n1;1\n2;2"));
 
     widget<QToolButton>(&dialog, "importButton")->click();
-    QCOMPARE(answer.requests.size(), 1);
     QCOMPARE(messages.count(), 1);
     QCOMPARE(messages.last().icon, QMessageBox::Critical);
     QCOMPARE(messages.last().title, QStringLiteral("Fehler beim Öffnen einer Kurvendatei"));
@@ -360,9 +336,9 @@ void tst_ExternalCurveImportView::encodings_data()
 {
     const QString text = QStringLiteral("Master [°];Slave [µm]\r\n0;0\r\n90;45.5\r\n180;0\r\n");
     QTest::addColumn<QByteArray>("bytes");
-    // Latin-1 and UTF-16LE come with the example files, through the editor
-    // window, plain UTF-8 with the free format's example there and in the
-    // random user's imports.
+    // Without a byte order mark, bytes that are no UTF-8 are read as Latin-1,
+    // as SERVOsoft writes them; the random user imports every example file.
+    QTest::newRow("Latin-1") << text.toLatin1();
     QTest::newRow("UTF-8 with BOM") << QByteArray("\xef\xbb\xbf") + text.toUtf8();
     QTest::newRow("UTF-16BE with BOM") << QTextCodec::codecForName("UTF-16BE")->fromUnicode(QChar(QChar::ByteOrderMark) + text);
 }
@@ -384,50 +360,6 @@ void tst_ExternalCurveImportView::encodings()
     QCOMPARE(widget<QTextEdit>(&dialog, "importFileEdit")->toPlainText(),
              QStringLiteral("Master [°];Slave [µm]\n0;0\n90;45.5\n180;0\n"));
     QCOMPARE(shownRows(&dialog), 3);
-}
-
-void tst_ExternalCurveImportView::examplesThroughTheEditorWindow_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("format");
-    QTest::newRow("SERVOsoft, Latin-1") << "curve-servosoft.csv" << 0;
-    QTest::newRow("CodeSys, UTF-16") << "curve-codesys.txt" << 2;
-    QTest::newRow("free format, tab and decimal comma") << "curve-free-tab.txt" << 3;
-}
-
-void tst_ExternalCurveImportView::examplesThroughTheEditorWindow()
-{
-    QFETCH(QString, file);
-    QFETCH(int, format);
-    EditorFixture editor;
-    CamDesignerViewImplementation *window = editor.open();
-    actionNamed(window, QStringLiteral("&Stützstellentabelle aus Datei importieren"))->trigger();
-    auto *dialog = window->findChild<ExternalCurveImportView *>();
-    QVERIFY(dialog && dialog->isVisible());
-    QCOMPARE(dialog->windowModality(), Qt::WindowModal);
-
-    FileAnswer answer(QStringLiteral(EXAMPLES_DIR "/") + file);
-    widget<QComboBox>(dialog, "formatCombo")->setCurrentIndex(format);
-    if (format == 3) {
-        widget<QRadioButton>(dialog, "tapSeparatorRadio")->click();
-        widget<QRadioButton>(dialog, "decimalPlacesCommaSeparatorRadio")->click();
-    }
-    widget<QToolButton>(dialog, "importButton")->click();
-    QVERIFY(widget<QTextEdit>(dialog, "importFileEdit")->toPlainText().contains(QStringLiteral("[°]")));
-    widget<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
-    QTRY_VERIFY(!window->findChild<ExternalCurveImportView *>());
-
-    // Read back by a model of its own, straight from the drive.
-    const QPolygonF stored =
-        ParameterModelImplementation(nullptr, &editor.drive, EditorFixture::Table, EditorFixture::LivingSpace).storedGridPoints();
-    QCOMPARE(stored.size(), 145);
-    for (int i = 0; i < stored.size(); ++i) {
-        QCOMPARE(stored.at(i).x(), i * 2.5);
-        QVERIFY2(std::abs(stored.at(i).y() - exampleCam(i * 2.5)) <= 0.0005 + 1e-9, qPrintable(QString::number(i)));
-    }
-    // The preview and the parameter list follow the stored table in the
-    // random user's test, after its imports too.
-    window->close();
 }
 
 QTEST_MAIN(tst_ExternalCurveImportView)

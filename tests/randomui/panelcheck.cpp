@@ -39,30 +39,29 @@ using namespace UserTerms;
 // Each panel shows what the model holds, in the texts the user reads.
 QString RandomUser::panelProblem() const
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const CamDescriptionImplementation *description = model->camDescription();
+    const CamDescriptionImplementation *description = model()->camDescription();
     QStringList problems;
     const auto expect = [&problems](bool holds, const QString &what) {
         if (!holds)
             problems << what;
     };
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     const QAbstractItemModel *rows = m_tree->pointTree()->model();
     expect(rows->rowCount() == count, QStringLiteral("the list has %1 rows for %2 points").arg(rows->rowCount()).arg(count));
     for (int row = 0; row < qMin(count, rows->rowCount()); ++row) {
-        const MotionPoint *point = model->motionPointAt(row);
+        const MotionPoint *point = model()->motionPointAt(row);
         const QStringList shown { rows->index(row, 0).data().toString(), rows->index(row, 1).data().toString(),
                                   rows->index(row, 2).data().toString() };
         const QStringList held { masterText(point->master()), slaveText(point->slave()), typeName(point->type()) };
         expect(shown == held, QStringLiteral("row %1 shows %2 for %3").arg(row).arg(shown.join(' '), held.join(' ')));
     }
-    const bool vdi = model->motionLaw()->law() == MotionLaw::Vdi;
+    const bool vdi = model()->motionLaw()->law() == MotionLaw::Vdi;
     expect(m_tree->pointTree()->isColumnHidden(2) != vdi, QStringLiteral("the segment type column does not follow the law"));
 
     const PointEditView *fields = m_tree->pointEditView();
     const int row = m_tree->currentRow();
     if (row >= 0 && row < count) {
-        const MotionPoint *point = model->motionPointAt(row);
+        const MotionPoint *point = model()->motionPointAt(row);
         expect(fields->point() == point, QStringLiteral("the point fields show another point than row %1").arg(row));
         // Table and plots show one selection: the row's marker is ringed.
         const QwtPlotCurve *ring = m_plots->highlight(CurvePlot::Position);
@@ -92,7 +91,7 @@ QString RandomUser::panelProblem() const
                && settings->circularLengthEdit()->isEnabled() == description->isCyclic(),
            QStringLiteral("the circular length shows %1 for %2")
                .arg(settings->circularLengthEdit()->text(), masterText(description->circularLength())));
-    const Steps *steps = model->steps();
+    const Steps *steps = model()->steps();
     expect(settings->dynamicButton()->isChecked() == steps->isDynamicStepSize()
                && settings->staticButton()->isChecked() != steps->isDynamicStepSize(),
            QStringLiteral("the step mode buttons are wrong"));
@@ -103,7 +102,7 @@ QString RandomUser::panelProblem() const
                && settings->stepSizeEdit()->isEnabled() != steps->isDynamicStepSize(),
            QStringLiteral("the step size shows %1").arg(settings->stepSizeEdit()->text()));
 
-    const Scaling *scaling = model->scaling();
+    const Scaling *scaling = model()->scaling();
     expect(m_scaling->masterAxisBox()->currentText() == QString::fromUtf8(MasterAxisNames[scaling->masterAxisScaling()])
                && m_scaling->velocityBox()->currentText() == QString::fromUtf8(VelocityNames[scaling->velocityScaling()]),
            QStringLiteral("the scaling boxes show %1, %2")
@@ -113,7 +112,7 @@ QString RandomUser::panelProblem() const
                && m_scaling->cycleTimeEdit()->isEnabled() == timeBased,
            QStringLiteral("the cycle time shows %1 for %2").arg(m_scaling->cycleTimeEdit()->text()).arg(scaling->cycleTime()));
 
-    const int sampled = model->motionPlan() ? model->motionPlan()->positions().size() : 0;
+    const int sampled = model()->motionPlan() ? model()->motionPlan()->positions().size() : 0;
     expect(m_calculated->model()->rowCount() == sampled,
            QStringLiteral("the calculated table has %1 rows for %2 points").arg(m_calculated->model()->rowCount()).arg(sampled));
     expect(m_comparison->model()->calculatedCount() == sampled,
@@ -132,8 +131,7 @@ QString RandomUser::panelProblem() const
 // parameter list and the button's preview follow it.
 QString RandomUser::storedProblem() const
 {
-    const ParameterModelImplementation *parameters = m_editor.implementation()->parameterModel();
-    const QPolygonF stored = parameters->storedGridPoints();
+    const QPolygonF stored = parameters()->storedGridPoints();
     QStringList problems;
     const auto expect = [&problems](bool holds, const QString &what) {
         if (!holds)

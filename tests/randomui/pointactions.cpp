@@ -36,29 +36,28 @@ using namespace UserTerms;
 // spacing of the last two points past the last.
 bool RandomUser::addPoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const CamDescriptionImplementation *description = model->camDescription();
-    const int count = model->motionPointCount();
+    const CamDescriptionImplementation *description = model()->camDescription();
+    const int count = model()->motionPointCount();
     if (count > 0 && chance(0.8))
-        selectRow(pick(count));
+        clickRow(m_tree->pointTree(), pick(count));
     const int row = m_tree->currentRow();
     double master = 0.0;
     double slave = 0.0;
     if (count > 0) {
         const int at = row < 0 ? count - 1 : row;
-        const MotionPoint *point = model->motionPointAt(at);
+        const MotionPoint *point = model()->motionPointAt(at);
         slave = point->slave();
         if (at + 1 < count) {
-            master = (point->master() + model->motionPointAt(at + 1)->master()) / 2.0;
-            slave = (point->slave() + model->motionPointAt(at + 1)->slave()) / 2.0;
+            master = (point->master() + model()->motionPointAt(at + 1)->master()) / 2.0;
+            slave = (point->slave() + model()->motionPointAt(at + 1)->slave()) / 2.0;
         } else if (description->isCyclic() && description->circularLength() > point->master()) {
             master = (point->master() + description->circularLength()) / 2.0;
         } else {
-            master = point->master() + (count > 1 ? point->master() - model->motionPointAt(at - 1)->master() : 1.0);
+            master = point->master() + (count > 1 ? point->master() - model()->motionPointAt(at - 1)->master() : 1.0);
         }
     }
-    master = rounded(master, m_editor.implementation()->parameterModel()->masterDecimalPlaces());
-    slave = rounded(slave, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
+    master = rounded(master, parameters()->masterDecimalPlaces());
+    slave = rounded(slave, parameters()->slaveDecimalPlaces());
     m_log << QStringLiteral("add after row %1").arg(row);
     if (beyondCycle(master)) {
         m_outcome.title = QString::fromUtf8(BeyondCycle);
@@ -76,13 +75,12 @@ bool RandomUser::addPoint()
 // edit view's own button.
 bool RandomUser::removePoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
     const int row = pick(count);
-    selectRow(row);
-    const MotionPoint *point = model->motionPointAt(row);
+    clickRow(m_tree->pointTree(), row);
+    const MotionPoint *point = model()->motionPointAt(row);
     expectPush(QStringLiteral("Entferne Bewegungspunkt [%1,%2] hinzu")
                    .arg(QString::number(point->master(), 'g', 6), QString::number(point->slave(), 'g', 6)));
     const int way = pick(3);
@@ -102,89 +100,67 @@ bool RandomUser::removePoint()
 // A cell of the list opened by F2: a position typed, a segment type chosen.
 bool RandomUser::editCell()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
-    const bool vdi = model->motionLaw()->law() == MotionLaw::Vdi;
     const int row = pick(count);
-    const int column = pick(vdi ? 3 : 2);
+    const int column = pick(model()->motionLaw()->law() == MotionLaw::Vdi ? 3 : 2);
     QTreeView *view = m_tree->pointTree();
     clickRow(view, row, column);
     view->setFocus();
     QTest::keyClick(view, Qt::Key_F2);
-    const MotionPoint *point = model->motionPointAt(row);
-    double master = point->master();
-    double slave = point->slave();
-    int segment = point->type();
-    if (column == 2) {
-        const int index = pick(4);
-        segment = TypeOfComboIndex[index];
-        m_log << QStringLiteral("cell %1,2 type %2").arg(row).arg(index);
-        QComboBox *box = view->viewport()->findChild<QComboBox *>();
-        if (!box) {
-            m_actionProblem = QStringLiteral("F2 opened no segment type box");
-            return true;
-        }
-        expectEdit(point, master, slave, segment);
-        choose(box, index);
-    } else {
-        QString title;
-        const QString text = positionInput(column == 0, row, column == 0 ? &master : &slave, &title);
-        m_log << QStringLiteral("cell %1,%2 typed \"%3\"").arg(row).arg(column).arg(text);
-        m_outcome.title = title;
-        QLineEdit *edit = nullptr;
-        for (QLineEdit *candidate : view->viewport()->findChildren<QLineEdit *>()) {
-            if (candidate->isVisible())
-                edit = candidate;
-        }
-        if (!edit) {
-            m_actionProblem = QStringLiteral("F2 opened no line edit");
-            return true;
-        }
-        if (title.isEmpty())
-            expectEdit(point, master, slave, segment);
-        type(edit, text);
+    auto *box = view->viewport()->findChild<QComboBox *>();
+    QLineEdit *edit = nullptr;
+    for (QLineEdit *candidate : view->viewport()->findChildren<QLineEdit *>()) {
+        if (candidate->isVisible())
+            edit = candidate;
     }
+    if (column == 2 ? !box : !edit)
+        m_actionProblem = QStringLiteral("F2 opened no editor in column %1").arg(column);
+    else
+        editPoint(row, column, box, edit, QStringLiteral("cell %1").arg(row));
     return true;
 }
 
 // The fields of the selected point: master, slave, segment type.
 bool RandomUser::editPointFields()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     if (count == 0)
         return false;
     if (m_tree->currentRow() < 0 || chance(0.5))
-        selectRow(pick(count));
+        clickRow(m_tree->pointTree(), pick(count));
     const int row = m_tree->currentRow();
+    const int field = pick(model()->motionLaw()->law() == MotionLaw::Vdi ? 3 : 2);
     PointEditView *fields = m_tree->pointEditView();
-    const MotionPoint *point = model->motionPointAt(row);
+    editPoint(row, field, fields->typeBox(), field == 0 ? fields->masterEdit() : fields->slaveEdit(),
+              QStringLiteral("point %1").arg(row));
+    return true;
+}
+
+// The point of the row gets a segment type chosen in the box (field 2) or a
+// position typed into the edit (0 master, 1 slave). A text as the field
+// shows it already is no edit at all.
+void RandomUser::editPoint(int row, int field, QComboBox *box, QLineEdit *edit, const QString &where)
+{
+    const MotionPoint *point = model()->motionPointAt(row);
     double master = point->master();
     double slave = point->slave();
-    int segment = point->type();
-    const bool vdi = model->motionLaw()->law() == MotionLaw::Vdi;
-    const int field = pick(vdi ? 3 : 2);
     if (field == 2) {
         const int index = pick(4);
-        segment = TypeOfComboIndex[index];
-        m_log << QStringLiteral("point %1 type %2").arg(row).arg(index);
-        expectEdit(point, master, slave, segment);
-        choose(fields->typeBox(), index);
-    } else {
-        QString title;
-        const QString text = positionInput(field == 0, row, field == 0 ? &master : &slave, &title);
-        m_log << QStringLiteral("point %1 %2 typed \"%3\"").arg(row).arg(field == 0 ? "master" : "slave").arg(text);
-        PositionLineEdit *edit = field == 0 ? fields->masterEdit() : fields->slaveEdit();
-        // A text as shown is no edit at all.
-        if (text != edit->text() && !title.isEmpty())
-            m_outcome.title = title;
-        else if (text != edit->text())
-            expectEdit(point, master, slave, segment);
-        type(edit, text);
+        m_log << QStringLiteral("%1 type %2").arg(where).arg(index);
+        expectEdit(point, master, slave, TypeOfComboIndex[index]);
+        choose(box, index);
+        return;
     }
-    return true;
+    QString title;
+    const QString text = positionInput(field == 0, row, field == 0 ? &master : &slave, &title);
+    m_log << QStringLiteral("%1 %2 typed \"%3\"").arg(where, field == 0 ? "master" : "slave", text);
+    if (text != edit->text() && !title.isEmpty())
+        m_outcome.title = title;
+    else if (text != edit->text())
+        expectEdit(point, master, slave, point->type());
+    type(edit, text);
 }
 
 // A press on a point's marker in the position plot, a move, and a release
@@ -192,8 +168,7 @@ bool RandomUser::editPointFields()
 // the circular length of a cyclic cam), rounded to the drive's places.
 bool RandomUser::dragPoint()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     CurvePlot *plot = m_plots->plot(CurvePlot::Position);
     if (count == 0 || !plot->isVisible())
         return false;
@@ -204,13 +179,13 @@ bool RandomUser::dragPoint()
     };
     QWidget *canvas = plot->canvas();
     const int row = pick(count);
-    const MotionPoint *point = model->motionPointAt(row);
+    const MotionPoint *point = model()->motionPointAt(row);
     const QPoint start = pixel(point->position());
     if (!canvas->rect().contains(start))
         return false;
     // A marker that another one covers is not the user's to pick.
     for (int other = 0; other < count; ++other) {
-        const QPoint there = pixel(model->motionPointAt(other)->position());
+        const QPoint there = pixel(model()->motionPointAt(other)->position());
         if (other != row && std::hypot(there.x() - start.x(), there.y() - start.y()) <= 2 * MotionPointDragger::CatchDistance)
             return false;
     }
@@ -225,20 +200,19 @@ bool RandomUser::dragPoint()
         return true;
     }
     // What the user points at, on the scales the press found.
-    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
-    double master = rounded(plot->invTransform(QwtPlot::xBottom, target.x()), parameters->masterDecimalPlaces());
-    const double slave = rounded(plot->invTransform(QwtPlot::yLeft, target.y()), parameters->slaveDecimalPlaces());
-    const double step = std::pow(10.0, -parameters->masterDecimalPlaces());
+    double master = rounded(plot->invTransform(QwtPlot::xBottom, target.x()), parameters()->masterDecimalPlaces());
+    const double slave = rounded(plot->invTransform(QwtPlot::yLeft, target.y()), parameters()->slaveDecimalPlaces());
+    const double step = std::pow(10.0, -parameters()->masterDecimalPlaces());
     const double infinity = std::numeric_limits<double>::infinity();
-    const double lowest = row > 0 ? model->motionPointAt(row - 1)->master() : -infinity;
-    double highest = row + 1 < count ? model->motionPointAt(row + 1)->master() : infinity;
+    const double lowest = row > 0 ? model()->motionPointAt(row - 1)->master() : -infinity;
+    double highest = row + 1 < count ? model()->motionPointAt(row + 1)->master() : infinity;
     // Below the circular length of a cyclic cam.
-    if (model->camDescription()->isCyclic())
-        highest = std::min(highest, model->camDescription()->circularLength());
+    if (model()->camDescription()->isCyclic())
+        highest = std::min(highest, model()->camDescription()->circularLength());
     if (master <= lowest)
-        master = rounded(lowest + step, parameters->masterDecimalPlaces());
+        master = rounded(lowest + step, parameters()->masterDecimalPlaces());
     if (master >= highest)
-        master = rounded(highest - step, parameters->masterDecimalPlaces());
+        master = rounded(highest - step, parameters()->masterDecimalPlaces());
     if (master <= lowest || master >= highest)
         master = from.x();
     // QTest moves the cursor instead, which sends nothing offscreen.
@@ -264,20 +238,18 @@ bool RandomUser::dragPoint()
 // curve, and its row becomes the selected one.
 bool RandomUser::insertOnCurve()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     CurvePlot *plot = m_plots->plot(CurvePlot::Position);
-    if (count < 2 || !plot->isVisible() || !model->motionPlan())
+    if (count < 2 || !plot->isVisible() || !model()->motionPlan())
         return false;
     m_plots->replotNow();
     QWidget *canvas = plot->canvas();
     const QPoint at(2 + pick(canvas->width() - 4), 2 + pick(canvas->height() - 4));
-    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
-    const double master = rounded(plot->invTransform(QwtPlot::xBottom, at.x()), parameters->masterDecimalPlaces());
-    if (!(master > model->motionPointAt(0)->master() && master < model->motionPointAt(count - 1)->master())
-        || model->camDescription()->pointAt(master) || beyondCycle(master))
+    const double master = rounded(plot->invTransform(QwtPlot::xBottom, at.x()), parameters()->masterDecimalPlaces());
+    if (!(master > model()->motionPointAt(0)->master() && master < model()->motionPointAt(count - 1)->master())
+        || model()->camDescription()->pointAt(master) || beyondCycle(master))
         return false;
-    const double slave = rounded(model->motionPlan()->position(master), parameters->slaveDecimalPlaces());
+    const double slave = rounded(model()->motionPlan()->position(master), parameters()->slaveDecimalPlaces());
     if (slave < PositionMinimum || slave > PositionMaximum || master < PositionMinimum || master > PositionMaximum)
         return false;
     m_log << QStringLiteral("insert on the curve at pixel %1,%2").arg(at.x()).arg(at.y());
@@ -302,8 +274,8 @@ bool RandomUser::insertOnCurve()
         m_actionProblem = QStringLiteral("the context menu offered no insert");
         return true;
     }
-    const MotionPoint *inserted = model->camDescription()->pointAt(master);
-    if (!inserted || m_tree->currentRow() != model->rowOfMotionPoint(inserted))
+    const MotionPoint *inserted = model()->camDescription()->pointAt(master);
+    if (!inserted || m_tree->currentRow() != model()->rowOfMotionPoint(inserted))
         m_actionProblem = QStringLiteral("the point inserted at %1 is not the selected row").arg(master);
     return true;
 }

@@ -3,29 +3,24 @@
 #include "userinput.h"
 #include "userterms.h"
 
-#include "camdesigner/camdesignerbutton.h"
 #include "camdesigner/controller.h"
 #include "curves/motionplan.h"
 #include "model/cameditormodel.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
-#include "model/steps.h"
 #include "parameters/calculatedtableview.h"
 #include "parameters/gridpointparameterview.h"
 #include "parameters/parametermodelimplementation.h"
-#include "plots/curveplotstack.h"
-#include "views/comparisonview.h"
-#include "views/motionplantreeeditor.h"
 
 #include <QApplication>
 #include <QJsonDocument>
-#include <QTreeView>
 
 #include <qtadvanceddocking/DockWidget.h>
 #include <qtadvanceddocking/DockWidgetTab.h>
 
-#include <cmath>
+#include <algorithm>
 #include <iterator>
+#include <numeric>
 
 using namespace UserInput;
 using namespace UserTerms;
@@ -36,11 +31,8 @@ bool RandomUser::State::operator==(const State &other) const
         || velocityScaling != other.velocityScaling || positions.size() != other.positions.size())
         return false;
     // Exactly the same numbers, not fuzzily equal ones.
-    for (int i = 0; i < positions.size(); ++i) {
-        if (positions.at(i).x() != other.positions.at(i).x() || positions.at(i).y() != other.positions.at(i).y())
-            return false;
-    }
-    return true;
+    return std::equal(positions.begin(), positions.end(), other.positions.begin(),
+                      [](const QPointF &a, const QPointF &b) { return a.x() == b.x() && a.y() == b.y(); });
 }
 
 QString RandomUser::State::describe() const
@@ -61,7 +53,7 @@ RandomUser::RandomUser(unsigned seed, const char *cam)
     m_button->resize(300, 120);
     m_button->show();
     // Whatever the drive holds at the start, it keeps until a write.
-    m_expectedStored = m_editor.implementation()->parameterModel()->storedGridPoints();
+    m_expectedStored = parameters()->storedGridPoints();
     m_storedSlavesKnown = true;
     open();
 }
@@ -116,25 +108,24 @@ void RandomUser::open()
 
 RandomUser::State RandomUser::state() const
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
     State s;
     s.data = m_editor.camDescription()->toJson();
-    s.masterAxisScaling = model->scaling()->masterAxisScaling();
-    s.cycleTime = model->scaling()->cycleTime();
-    s.velocityScaling = model->scaling()->velocityScaling();
-    if (model->motionPlan())
-        s.positions = model->motionPlan()->positions();
+    s.masterAxisScaling = model()->scaling()->masterAxisScaling();
+    s.cycleTime = model()->scaling()->cycleTime();
+    s.velocityScaling = model()->scaling()->velocityScaling();
+    if (model()->motionPlan())
+        s.positions = model()->motionPlan()->positions();
     return s;
 }
 
 QString RandomUser::masterText(double value) const
 {
-    return fixed(value, m_editor.implementation()->parameterModel()->masterDecimalPlaces());
+    return fixed(value, parameters()->masterDecimalPlaces());
 }
 
 QString RandomUser::slaveText(double value) const
 {
-    return fixed(value, m_editor.implementation()->parameterModel()->slaveDecimalPlaces());
+    return fixed(value, parameters()->slaveDecimalPlaces());
 }
 
 void RandomUser::expectPush(const QString &text)
@@ -159,9 +150,8 @@ void RandomUser::step()
         { &RandomUser::importCurveFile, 2 },  { &RandomUser::closeAndReopen, 1 },   { &RandomUser::changeLanguage, 1 },
         { &RandomUser::insertOnCurve, 6 },
     };
-    int total = 0;
-    for (const auto &entry : actions)
-        total += entry.weight;
+    const int total = std::accumulate(std::begin(actions), std::end(actions), 0,
+                                      [](int sum, const auto &entry) { return sum + entry.weight; });
     m_messageCount = m_messages.count();
     activate();
     for (;;) {
@@ -204,11 +194,6 @@ void RandomUser::bringToFront(int dock)
         m_actionProblem = QStringLiteral("a click on the tab \"%1\" did not bring it to the front").arg(widget->windowTitle());
 }
 
-void RandomUser::selectRow(int row)
-{
-    clickRow(m_tree->pointTree(), row);
-}
-
 QString RandomUser::editText(const QPointF &from, int fromType, double master, double slave, int type) const
 {
     return QStringLiteral("Ändere Bewegungspunkt [%1;%2,%3]) -> [%4;%5;%6]")
@@ -227,8 +212,7 @@ void RandomUser::expectEdit(const MotionPoint *point, double master, double slav
 // beyond the drive's limits, or no number at all.
 QString RandomUser::positionInput(bool master, int row, double *result, QString *title)
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
-    const int count = model->motionPointCount();
+    const int count = model()->motionPointCount();
     const int kind = pick(10);
     if (kind == 0) {
         *title = QString::fromUtf8(InvalidInput);
@@ -241,14 +225,14 @@ QString RandomUser::positionInput(bool master, int row, double *result, QString 
     if (kind == 2 && master && count > 1) {
         int other = pick(count - 1);
         other += other >= row ? 1 : 0;
-        *result = model->motionPointAt(other)->master();
+        *result = model()->motionPointAt(other)->master();
         *title = QString::fromUtf8(beyondCycle(*result) ? BeyondCycle : MasterTaken);
         return masterText(*result);
     }
     *result = master ? value(0.0, 400.0, 3) : value(-100.0, 200.0, 3);
-    const MotionPoint *there = master ? model->camDescription()->pointAt(*result) : nullptr;
-    *title = there && there != model->motionPointAt(row) ? QString::fromUtf8(MasterTaken) : QString();
-    if (master && beyondCycle(*result) && *result != model->motionPointAt(row)->master())
+    const MotionPoint *there = master ? model()->camDescription()->pointAt(*result) : nullptr;
+    *title = there && there != model()->motionPointAt(row) ? QString::fromUtf8(MasterTaken) : QString();
+    if (master && beyondCycle(*result) && *result != model()->motionPointAt(row)->master())
         *title = QString::fromUtf8(BeyondCycle);  // asked before the points' places
     // Sometimes more digits than the drive keeps: they are rounded away.
     if (chance(0.2))
@@ -339,13 +323,9 @@ QString RandomUser::check()
         break;
     }
     if (m_stack->count() != m_texts.size() || m_stack->index() != m_index) {
-        problems << QStringLiteral("the stack holds %1 commands at %2 (newest \"%3\"), expected %4 at %5 (newest \"%6\")")
-                        .arg(m_stack->count())
-                        .arg(m_stack->index())
-                        .arg(m_stack->count() > 0 ? m_stack->text(m_stack->count() - 1) : QString())
-                        .arg(m_texts.size())
-                        .arg(m_index)
-                        .arg(m_texts.isEmpty() ? QString() : m_texts.last());
+        // The log of the actions tells which one went wrong.
+        problems << QStringLiteral("the stack holds %1 commands at %2, expected %3 at %4")
+                        .arg(m_stack->count()).arg(m_stack->index()).arg(m_texts.size()).arg(m_index);
     } else {
         for (int i = 0; i < m_texts.size(); ++i) {
             if (m_stack->text(i) != m_texts.at(i))
@@ -355,7 +335,7 @@ QString RandomUser::check()
             problems << QStringLiteral("the editor holds %1, expected %2")
                             .arg(state().describe(), m_states.at(m_index).describe());
     }
-    if (m_editor.implementation()->editorModel()->isCoarseSteps())
+    if (model()->isCoarseSteps())
         problems << QStringLiteral("the model still samples coarsely");
     const QString panels = panelProblem();
     if (!panels.isEmpty())

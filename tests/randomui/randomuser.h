@@ -12,12 +12,16 @@
 #include <vector>
 
 class CalculatedTableView;
+class QComboBox;
+class QLineEdit;
+class CamEditorModel;
 class ComparisonView;
 class Controller;
 class CurvePlotStack;
 class MotionPoint;
 class GridPointParameterView;
 class MotionPlanTreeEditor;
+class ParameterModelImplementation;
 class ScalingView;
 
 // A user who opens the editor from the host's button and does random things
@@ -88,11 +92,11 @@ private:
     void open();
     void activate();
     void bringToFront(int dock);
-    void selectRow(int row);
     // A master or slave text to type: a valid new value, or a refusal.
     QString positionInput(bool master, int row, double *value, QString *title);
     // Whether a master lies at or beyond the end of a cyclic cam.
     bool beyondCycle(double master) const;
+    void editPoint(int row, int field, QComboBox *box, QLineEdit *edit, const QString &where);
     QString editText(const QPointF &from, int fromType, double master, double slave, int type) const;
     void expectEdit(const MotionPoint *point, double master, double slave, int type);
     QString masterText(double value) const;
@@ -102,6 +106,8 @@ private:
     QString panelProblem() const;
     QString storedProblem() const;
 
+    const CamEditorModel *model() const { return m_editor.implementation()->editorModel(); }
+    const ParameterModelImplementation *parameters() const { return m_editor.implementation()->parameterModel(); }
     int pick(int count);
     bool chance(double probability);
     double value(double low, double high, int decimals);

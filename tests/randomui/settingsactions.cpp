@@ -28,7 +28,6 @@
 
 #include <qtadvanceddocking/DockWidget.h>
 
-#include <cmath>
 #include <iterator>
 
 using namespace UserInput;
@@ -36,9 +35,8 @@ using namespace UserTerms;
 
 bool RandomUser::switchLaw()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
     const int index = pick(2);
-    const int current = model->motionLaw()->law() == MotionLaw::Vdi ? 0 : 1;
+    const int current = model()->motionLaw()->law() == MotionLaw::Vdi ? 0 : 1;
     m_log << QStringLiteral("law %1").arg(index);
     if (index != current)
         expectPush(QStringLiteral("Ändere Bewegungsgesetz von %1 -> %2")
@@ -77,10 +75,9 @@ bool RandomUser::editCircularLength()
         const double length = value(90.0, 720.0, 3);
         text = masterText(length);
         if (chance(0.3))  // with the unit, as the label shows it
-            text += QLatin1Char(' ') + m_editor.implementation()->parameterModel()->masterUnit();
-        const CamEditorModel *model = m_editor.implementation()->editorModel();
-        const int count = model->motionPointCount();
-        if (length != current && count > 0 && model->motionPointAt(count - 1)->master() >= length) {
+            text += QLatin1Char(' ') + parameters()->masterUnit();
+        const int count = model()->motionPointCount();
+        if (length != current && count > 0 && model()->motionPointAt(count - 1)->master() >= length) {
             m_outcome.title = QStringLiteral("Ungültige Umlauflänge");  // the last point lies beyond it
         } else if (length != current) {
             expectPush(QStringLiteral("Ändere Umlauflänge %1 -> %2")
@@ -94,7 +91,7 @@ bool RandomUser::editCircularLength()
 
 bool RandomUser::switchStepMode()
 {
-    const bool dynamic = m_editor.implementation()->editorModel()->steps()->isDynamicStepSize();
+    const bool dynamic = model()->steps()->isDynamicStepSize();
     const bool toDynamic = chance(0.5);
     m_log << QStringLiteral("%1 clicked").arg(toDynamic ? "Dynamisch" : "Statisch");
     if (toDynamic != dynamic)
@@ -110,7 +107,7 @@ bool RandomUser::editResolution()
     QSpinBox *box = m_tree->settingsView()->resolutionBox();
     if (!box->isEnabled())
         return false;
-    const int current = m_editor.implementation()->editorModel()->steps()->dynamicStepResolution();
+    const int current = model()->steps()->dynamicStepResolution();
     const int resolution = chance(0.1) ? current : 2 + pick(1500);
     m_log << QStringLiteral("resolution typed %1").arg(resolution);
     if (resolution != current)
@@ -123,12 +120,11 @@ bool RandomUser::editResolution()
 
 bool RandomUser::editStepSize()
 {
-    const CamEditorModel *model = m_editor.implementation()->editorModel();
     PositionLineEdit *edit = m_tree->settingsView()->stepSizeEdit();
     if (!edit->isEnabled())
         return false;
-    const double current = model->steps()->staticStepSize();
-    const double minimum = model->motionPlan() ? model->motionPlan()->minimumStepSize() : 0.0;
+    const double current = model()->steps()->staticStepSize();
+    const double minimum = model()->motionPlan() ? model()->motionPlan()->minimumStepSize() : 0.0;
     QString text;
     if (chance(0.1)) {
         text = QString::fromLatin1(NoNumbers[pick(int(std::size(NoNumbers)))]);
@@ -153,7 +149,7 @@ bool RandomUser::editStepSize()
 
 bool RandomUser::chooseScaling()
 {
-    const Scaling *scaling = m_editor.implementation()->editorModel()->scaling();
+    const Scaling *scaling = model()->scaling();
     const bool masterAxis = chance(0.5);
     const int index = pick(masterAxis ? 2 : 3);
     const int current = masterAxis ? scaling->masterAxisScaling() : scaling->velocityScaling();
@@ -173,7 +169,7 @@ bool RandomUser::editCycleTime()
     QLineEdit *edit = m_scaling->cycleTimeEdit();
     if (!edit->isEnabled())
         return false;
-    const double current = m_editor.implementation()->editorModel()->scaling()->cycleTime();
+    const double current = model()->scaling()->cycleTime();
     QString text;
     if (chance(0.2)) {
         const char *const refused[] = { "0", "-1", "0.00004", "eins" };
@@ -211,19 +207,18 @@ bool RandomUser::writeToDrive()
         return false;
     // Points close together can swing the curve beyond what the drive
     // takes: then the write is refused before anything is written.
-    const ParameterModel *parameters = m_editor.implementation()->parameterModel();
     QPolygonF points;
     bool fits = true;
-    for (const QPointF &point : m_editor.implementation()->editorModel()->motionPlan()->positions()) {
-        points.append(QPointF(rounded(point.x(), parameters->masterDecimalPlaces()),
-                              rounded(point.y(), parameters->slaveDecimalPlaces())));
+    for (const QPointF &point : model()->motionPlan()->positions()) {
+        points.append(QPointF(rounded(point.x(), parameters()->masterDecimalPlaces()),
+                              rounded(point.y(), parameters()->slaveDecimalPlaces())));
         for (double position : { points.last().x(), points.last().y() })
             fits = fits && position >= PositionMinimum && position <= PositionMaximum;
     }
     // A cyclic cam whose end does not meet its start smoothly asks first (the
     // jump as the report finds it); a table that does not fit is not asked
     // about, so that one box tells what happened.
-    const MotionPlan *plan = m_editor.implementation()->editorModel()->motionPlan();
+    const MotionPlan *plan = model()->motionPlan();
     bool seamJump = false;
     if (m_editor.camDescription()->isCyclic()) {
         const CurveReport report(*plan);
