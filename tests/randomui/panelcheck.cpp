@@ -117,7 +117,9 @@ QString RandomUser::panelProblem() const
            QStringLiteral("the calculated table has %1 rows for %2 points").arg(m_calculated->model()->rowCount()).arg(sampled));
     expect(m_comparison->model()->calculatedCount() == sampled,
            QStringLiteral("the comparison has %1 calculated points for %2").arg(m_comparison->model()->calculatedCount()).arg(sampled));
-    const bool writable = count > 1;
+    // A dynamic resolution not above the points' count samples nothing, and
+    // an empty table is never written.
+    const bool writable = count > 1 && sampled > 0;
     expect(actionNamed(m_window, QStringLiteral("Schreibt die berechneten Stützstellen in Parameter"))->isEnabled() == writable
                && m_window->writeButton()->isEnabled() == writable,
            QStringLiteral("writing is %1 with %2 points").arg(writable ? "disabled" : "enabled").arg(count));
