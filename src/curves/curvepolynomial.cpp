@@ -68,14 +68,6 @@ CurvePolynomial CurvePolynomial::derivative() const
     return CurvePolynomial(d);
 }
 
-CurvePolynomial CurvePolynomial::minus(const CurvePolynomial &other) const
-{
-    Coefficients d {};
-    for (int power = 0; power <= MaximumDegree; ++power)
-        d[std::size_t(power)] = m_c[std::size_t(power)] - other.m_c[std::size_t(power)];
-    return CurvePolynomial(d);
-}
-
 std::vector<double> CurvePolynomial::roots(double from, double to) const
 {
     if (degree() <= 1 || !(from <= to))

@@ -20,7 +20,6 @@ public:
 
     double operator()(double t) const;
     CurvePolynomial derivative() const;
-    CurvePolynomial minus(const CurvePolynomial &other) const;
 
     // The roots inside [from, to] in ascending order, each exact to the
     // rounding of the evaluation: between two neighbouring roots of the
