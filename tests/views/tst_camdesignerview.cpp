@@ -261,6 +261,11 @@ void tst_CamDesignerView::windowFitsTheScreen()
     CamDesignerViewImplementation *window = editor.open();
     QVERIFY(QTest::qWaitForWindowExposed(window));
     QCOMPARE(available.united(window->frameGeometry()), available);
+    // Moved onto no screen at all, a window is brought back onto one.
+    QWidget lost;
+    lost.setGeometry(QRect(5000, 5000, 300, 200));
+    WindowPlacement::fitIntoScreen(&lost);
+    QCOMPARE(available.united(lost.frameGeometry()), available);
 
     QCOMPARE(WindowPlacement::fitted(QRect(0, 215, 1280, 800), QRect(0, 0, 1920, 1000)), QRect(0, 200, 1280, 800));
     QCOMPARE(WindowPlacement::fitted(QRect(100, 100, 400, 300), QRect(0, 0, 1920, 1000)), QRect(100, 100, 400, 300));
