@@ -122,7 +122,7 @@ void CamEditorModel::createNewMotionPlan()
     m_pointsReplaced = false;
     // Built from the data as it is now, not yet sampled.
     m_planInputs = currentInputs(m_coarseSteps);
-    m_planInputs.sampled = false;
+    m_planInputs.sampling.reset();
 
     const CamDescriptionImplementation *description = m_camDescription;
     const double circularLength =
@@ -137,13 +137,7 @@ void CamEditorModel::sample(bool coarse)
     clearUpperVectorState();
     MotionPlanFactory::sample(m_motionPlan, steps(), coarse);
     // The points are those the plan was built from; the sampling is this one.
-    const PlanInputs sampling = currentInputs(coarse);
-    m_planInputs.sampled = true;
-    m_planInputs.coarse = sampling.coarse;
-    m_planInputs.dynamic = sampling.dynamic;
-    m_planInputs.resolution = sampling.resolution;
-    m_planInputs.staticStep = sampling.staticStep;
-    m_planInputs.decimals = sampling.decimals;
+    m_planInputs.sampling = currentSampling(coarse);
 }
 
 CamEditorModel::PlanInputs CamEditorModel::currentInputs(bool coarse) const
@@ -158,24 +152,36 @@ CamEditorModel::PlanInputs CamEditorModel::currentInputs(bool coarse) const
         inputs.law = description->motionLaw()->law();
         inputs.cyclic = description->isCyclic();
         inputs.circularLength = description->circularLength();
-        const Steps *settings = description->steps();
-        inputs.dynamic = settings->isDynamicStepSize();
-        inputs.resolution = settings->dynamicStepResolution();
-        inputs.staticStep = settings->staticStepSize();
     }
-    inputs.sampled = true;
-    inputs.coarse = coarse;
-    inputs.decimals = m_scaling->decimalPlaces();
+    inputs.sampling = currentSampling(coarse);
     return inputs;
+}
+
+CamEditorModel::PlanInputs::Sampling CamEditorModel::currentSampling(bool coarse) const
+{
+    PlanInputs::Sampling sampling;
+    sampling.coarse = coarse;
+    if (const CamDescriptionImplementation *description = m_camDescription) {
+        const Steps *settings = description->steps();
+        sampling.dynamic = settings->isDynamicStepSize();
+        sampling.resolution = settings->dynamicStepResolution();
+        sampling.staticStep = settings->staticStepSize();
+    }
+    sampling.decimals = m_scaling->decimalPlaces();
+    return sampling;
+}
+
+bool CamEditorModel::PlanInputs::Sampling::operator==(const Sampling &other) const
+{
+    return coarse == other.coarse && dynamic == other.dynamic && resolution == other.resolution
+        && staticStep == other.staticStep && decimals == other.decimals;
 }
 
 bool CamEditorModel::PlanInputs::operator==(const PlanInputs &other) const
 {
     // Exact comparisons: any change, however small, gives a new plan.
     return points == other.points && law == other.law && cyclic == other.cyclic
-        && circularLength == other.circularLength && sampled == other.sampled && coarse == other.coarse
-        && dynamic == other.dynamic && resolution == other.resolution && staticStep == other.staticStep
-        && decimals == other.decimals;
+        && circularLength == other.circularLength && sampling == other.sampling;
 }
 
 void CamEditorModel::beginCoarseSteps()

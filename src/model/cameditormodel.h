@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <optional>
+
 class CamDescriptionImplementation;
 class MotionLaw;
 class MotionPlan;
@@ -85,19 +87,24 @@ private:
                 return point == other.point && values == other.values;
             }
         };
+        // How the plan was sampled; none while it is built but not sampled.
+        struct Sampling {
+            bool coarse = false;
+            bool dynamic = false;
+            int resolution = 0;
+            double staticStep = 0.0;
+            int decimals = 0;
+            bool operator==(const Sampling &other) const;
+        };
         QVector<Point> points;
         int law = -1;
         bool cyclic = false;
         double circularLength = 0.0;
-        bool sampled = false;
-        bool coarse = false;
-        bool dynamic = false;
-        int resolution = 0;
-        double staticStep = 0.0;
-        int decimals = 0;
+        std::optional<Sampling> sampling;
         bool operator==(const PlanInputs &other) const;
     };
     PlanInputs currentInputs(bool coarse) const;
+    PlanInputs::Sampling currentSampling(bool coarse) const;
     void sample(bool coarse);
     bool waitsForBulkChange();
     void onBulkChangeFinished();
