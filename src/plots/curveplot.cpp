@@ -101,7 +101,7 @@ CurvePlot::CurvePlot(Quantity quantity, QWidget *parent)
     setMinimumHeight(SmallestHeight);
     // The stored table changes seldom; the calculated curve with every edit
     // and every step of a drag.
-    static_cast<DenseCurve *>(m_stored)->setKeepsPicture(true);
+    m_stored->setKeepsPicture(true);
     for (int axis : { QwtPlot::xBottom, QwtPlot::yLeft })
         setAxisScaleDraw(axis, new PlainScaleDraw);
 
@@ -126,6 +126,16 @@ void CurvePlot::changeEvent(QEvent *event)
     QwtPlot::changeEvent(event);
 }
 
+QwtPlotCurve *CurvePlot::calculatedCurve() const
+{
+    return m_calculated;
+}
+
+QwtPlotCurve *CurvePlot::storedCurve() const
+{
+    return m_stored;
+}
+
 QString CurvePlot::symbol() const
 {
     return tr(symbolOf(m_quantity));
@@ -133,26 +143,8 @@ QString CurvePlot::symbol() const
 
 void CurvePlot::setCurves(const QPolygonF &calculated, const QPolygonF &stored, double factor)
 {
-    setSamples(m_calculated, m_shownCalculated, calculated, factor);
-    setSamples(m_stored, m_shownStored, stored, factor);
-}
-
-void CurvePlot::setSamples(QwtPlotCurve *curve, Shown &shown, const QPolygonF &source, double factor)
-{
-    // The same shared list: kept alive by shown.source, so its data cannot
-    // have been freed and reused by another list.
-    if (shown.given && shown.factor == factor && shown.source.constData() == source.constData()
-        && shown.source.size() == source.size())
-        return;
-    shown.source = source;
-    shown.factor = factor;
-    shown.given = true;
-    QVector<QPointF> samples(source);
-    if (factor != 1.0) {
-        for (QPointF &point : samples)
-            point.ry() *= factor;
-    }
-    curve->setSamples(samples);
+    m_calculated->setSharedSamples(calculated, factor);
+    m_stored->setSharedSamples(stored, factor);
 }
 
 void CurvePlot::setAxisTitles(const QString &master, const QString &value, bool showMaster, bool time)

@@ -2,6 +2,7 @@
 
 #include <qwt_plot.h>
 
+class DenseCurve;
 class QwtPlotCurve;
 class QwtPlotPicker;
 
@@ -21,8 +22,8 @@ public:
     Quantity quantity() const { return m_quantity; }
     // The quantity's short symbol, as the value axis names it ("s", "v" ...).
     QString symbol() const;
-    QwtPlotCurve *calculatedCurve() const { return m_calculated; }
-    QwtPlotCurve *storedCurve() const { return m_stored; }
+    QwtPlotCurve *calculatedCurve() const;
+    QwtPlotCurve *storedCurve() const;
     QwtPlotPicker *tracker() const { return m_tracker; }
 
     // The curves as the plan and the drive hold them, shown times the
@@ -46,17 +47,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    struct Shown {
-        QPolygonF source;
-        double factor = 1.0;
-        bool given = false;
-    };
-    static void setSamples(QwtPlotCurve *curve, Shown &shown, const QPolygonF &source, double factor);
-
     Quantity m_quantity;
-    Shown m_shownCalculated;
-    Shown m_shownStored;
-    QwtPlotCurve *m_stored;
-    QwtPlotCurve *m_calculated;
+    DenseCurve *m_stored;
+    DenseCurve *m_calculated;
     QwtPlotPicker *m_tracker;
 };

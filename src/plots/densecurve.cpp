@@ -69,6 +69,22 @@ void DenseCurve::setKeepsPicture(bool keeps)
     m_picture = QImage();
 }
 
+void DenseCurve::setSharedSamples(const QPolygonF &source, double factor)
+{
+    if (m_given && m_factor == factor && m_source.constData() == source.constData()
+        && m_source.size() == source.size())
+        return;
+    m_source = source;
+    m_factor = factor;
+    m_given = true;
+    QVector<QPointF> samples(source);
+    if (factor != 1.0) {
+        for (QPointF &point : samples)
+            point.ry() *= factor;
+    }
+    setSamples(samples);
+}
+
 void DenseCurve::itemChanged()
 {
     // Data, pen, visibility, hints: whatever changed, the picture is old.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPolygonF>
 
 #include <qwt_plot_curve.h>
 
@@ -27,6 +28,12 @@ public:
     // How often the curve was drawn anew into its kept picture.
     int pictureDrawCount() const { return m_pictureDraws; }
 
+    // Shows the points with their values times the factor. A list that is
+    // still the one last given (shared, not a copy) with the same factor is
+    // not handed to Qwt again, so that a kept picture stays while only the
+    // other curves change.
+    void setSharedSamples(const QPolygonF &source, double factor = 1.0);
+
     void itemChanged() override;
 
     // The pixel points drawn for the samples from..to, as described above.
@@ -50,6 +57,11 @@ private:
         bool operator==(const PictureKey &other) const;
     };
 
+    // The list last given; holding it keeps its data from being freed and
+    // reused by another list.
+    QPolygonF m_source;
+    double m_factor = 1.0;
+    bool m_given = false;
     bool m_keepsPicture = false;
     quint64 m_revision = 0;
     mutable PictureKey m_pictureKey;

@@ -63,7 +63,7 @@ PreviewView::PreviewView(CamEditorModel *editorModel, ParameterModel *parameterM
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
     // The stored table changes seldom: its picture is kept (see DenseCurve).
-    static_cast<DenseCurve *>(m_stored)->setKeepsPicture(true);
+    m_stored->setKeepsPicture(true);
     m_stored->attach(this);
     m_calculated->attach(this);
     m_label->attach(this);
@@ -112,14 +112,10 @@ QSize PreviewView::minimumSizeHint() const
 void PreviewView::refresh()
 {
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    m_calculated->setSamples(plan ? plan->positions() : QPolygonF());
+    m_calculated->setSharedSamples(plan ? plan->positions() : QPolygonF());
     // Handed over again only when the drive's table is another one, so that
     // its kept picture stays while the plan changes.
-    const QPolygonF stored = m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF();
-    if (stored.constData() != m_shownStored.constData() || stored.size() != m_shownStored.size()) {
-        m_shownStored = stored;
-        m_stored->setSamples(stored);
-    }
+    m_stored->setSharedSamples(m_parameterModel ? m_parameterModel->storedGridPoints() : QPolygonF());
     updateScales();
     updateLabel();
     // An edit arrives by more than one signal and a drag with every mouse
@@ -161,6 +157,16 @@ void PreviewView::changeEvent(QEvent *event)
         replot();
     }
     QwtPlot::changeEvent(event);
+}
+
+const QwtPlotCurve *PreviewView::calculatedCurve() const
+{
+    return m_calculated;
+}
+
+const QwtPlotCurve *PreviewView::storedCurve() const
+{
+    return m_stored;
 }
 
 QString PreviewView::labelText() const

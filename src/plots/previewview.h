@@ -6,6 +6,7 @@
 #include <qwt_plot.h>
 
 class CamEditorModel;
+class DenseCurve;
 class ParameterModel;
 class QwtPlotCurve;
 class QwtPlotTextLabel;
@@ -31,10 +32,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    const QwtPlotCurve *calculatedCurve() const { return m_calculated; }
+    const QwtPlotCurve *calculatedCurve() const;
     // The text in the picture's corner: the table, and whether its editor is open.
     QString labelText() const;
-    const QwtPlotCurve *storedCurve() const { return m_stored; }
+    const QwtPlotCurve *storedCurve() const;
 
 public slots:
     void refresh();
@@ -55,9 +56,8 @@ private:
     unsigned short m_camTable;
     bool m_editorOpen = false;
     bool m_replotPending = false;
-    QwtPlotCurve *m_stored;
+    DenseCurve *m_stored;
     // The drive's table as last handed to the stored curve (shared).
-    QPolygonF m_shownStored;
-    QwtPlotCurve *m_calculated;
+    DenseCurve *m_calculated;
     QwtPlotTextLabel *m_label;
 };
