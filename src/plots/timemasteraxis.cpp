@@ -1,6 +1,7 @@
 #include "timemasteraxis.h"
 
-#include <QLocale>
+#include "model/decimaltext.h"
+
 #include <QVariant>
 
 #include <qwt_plot.h>
@@ -47,8 +48,8 @@ private:
     double m_factor;
 };
 
-// Labels in the user's locale, without group separators ("1,5", not "1,500"
-// read as one and a half).
+// Labels as the other axes have them (PlainScaleDraw), in the unit the
+// factor gives.
 class MasterScaleDraw : public QwtScaleDraw
 {
 public:
@@ -60,9 +61,7 @@ public:
         double shown = value * m_factor;
         if (std::abs(shown) < 1e-12 * std::max(1.0, std::abs(scaleDiv().range() * m_factor)))
             shown = 0.0;
-        QLocale locale;
-        locale.setNumberOptions(QLocale::OmitGroupSeparator);
-        return locale.toString(shown, 'g', 6);
+        return DecimalText::toString(shown);
     }
 
 private:

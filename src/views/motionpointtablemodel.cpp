@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QBrush>
 #include <QColor>
-#include <QLocale>
 #include <QPalette>
 #include <QStyle>
 #include <QUndoStack>
@@ -19,6 +18,7 @@
 #include "commands/changesectioncommand.h"
 #include "curves/motionplanvdi.h"
 #include "model/cameditormodel.h"
+#include "model/decimaltext.h"
 #include "model/motionlaw.h"
 #include "model/motionpoint.h"
 #include "model/scaling.h"
@@ -128,11 +128,9 @@ QVariant MotionPointTableModel::sectionData(const QModelIndex &index, int role) 
         return QVariant();
     if (!applies)
         return QString();
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
     if (index.column() == InflectionColumn)
-        return locale.toString(point->inflection());
-    return point->hasVelocity() ? locale.toString(point->velocity()) : tr("automatisch");
+        return DecimalText::toString(point->inflection());
+    return point->hasVelocity() ? DecimalText::toString(point->velocity()) : tr("automatisch");
 }
 
 bool MotionPointTableModel::setSectionData(const QModelIndex &index, const QVariant &value)
