@@ -113,6 +113,14 @@ double Scaling::derivativeFactor(int order, double masterRange) const
     return factor;
 }
 
+double Scaling::secondsPerMaster(double masterRange) const
+{
+    if (m_masterAxisScaling != CycleTime || !(masterRange > 0.0))
+        return 0.0;
+    const double seconds = m_cycleTime / masterRange;
+    return std::isfinite(seconds) && seconds > 0.0 ? seconds : 0.0;
+}
+
 QString Scaling::derivativeUnit(int order) const
 {
     if (order < 0 || order > HighestOrder)

@@ -59,6 +59,10 @@ public:
     // empty unit.
     double derivativeFactor(int order, double masterRange) const;
     QString derivativeUnit(int order) const;
+    // With "Zykluszeit" the master range is run through once per cycle time:
+    // the seconds one master unit stands for (cycle time / master range);
+    // 0 under the other master axis scaling or for an empty range.
+    double secondsPerMaster(double masterRange) const;
     // Whether derivatives are taken over time (a cycle time or revolutions
     // per minute are selected) rather than over the master position.
     bool isTimeBased() const;

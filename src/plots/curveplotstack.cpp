@@ -260,13 +260,7 @@ double CurvePlotStack::secondsPerMaster() const
 {
     const Scaling *scaling = m_editorModel ? m_editorModel->scaling() : nullptr;
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    if (!scaling || scaling->masterAxisScaling() != Scaling::CycleTime)
-        return 0.0;
-    // The master range is run through once per cycle time, as the
-    // derivatives per second take it (Scaling::derivativeFactor).
-    const double range = plan ? plan->masterRange() : 0.0;
-    const double seconds = range > 0.0 ? scaling->cycleTime() / range : 0.0;
-    return std::isfinite(seconds) && seconds > 0.0 ? seconds : 0.0;
+    return scaling && plan ? scaling->secondsPerMaster(plan->masterRange()) : 0.0;
 }
 
 QString CurvePlotStack::masterAxisUnit() const

@@ -247,11 +247,12 @@ QString CurveReportView::master(double value) const
     // With a cycle time the plots read in seconds: the time beside the
     // position, which still names the motion point.
     const MotionPlan *plan = m_editorModel ? m_editorModel->motionPlan() : nullptr;
-    if (!scaling || !plan || scaling->masterAxisScaling() != Scaling::CycleTime || !(plan->masterRange() > 0.0))
+    const double secondsPerMaster = scaling && plan ? scaling->secondsPerMaster(plan->masterRange()) : 0.0;
+    if (secondsPerMaster == 0.0)
         return text;
-    const double seconds = value * scaling->cycleTime() / plan->masterRange();
     return QStringLiteral("%1 (%2 %3)")
-        .arg(text, DecimalText::toString(seconds, 'f', TimeDecimals), Scaling::timeUnitName(Scaling::Seconds));
+        .arg(text, DecimalText::toString(value * secondsPerMaster, 'f', TimeDecimals),
+             Scaling::timeUnitName(Scaling::Seconds));
 }
 
 QString CurveReportView::slave(double value) const
