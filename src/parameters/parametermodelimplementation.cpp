@@ -97,6 +97,11 @@ MxParameterDefinition::ParameterCoordinate ParameterModelImplementation::masterA
     return ParameterCoordinate(QStringLiteral("G%1").arg(MasterArrayNumbers[camTable]));
 }
 
+MxParameterDefinition::ParameterCoordinate ParameterModelImplementation::countCoordinate()
+{
+    return ParameterCoordinate(QStringLiteral("G68"));
+}
+
 MxParameterDefinition::ParameterCoordinate ParameterModelImplementation::slaveArrayOf(int camTable)
 {
     if (camTable < 0 || camTable >= CamTableCount)

@@ -31,6 +31,8 @@ public:
     // Array coordinates of a table; empty outside 0..15.
     static ParameterCoordinate masterArrayOf(int camTable);
     static ParameterCoordinate slaveArrayOf(int camTable);
+    // The stored grid point counts, one element per table.
+    static ParameterCoordinate countCoordinate();
     // The CRC-32 of the table stored for camTable, over the bytes the stamp
     // is made of; that of no bytes without a container.
     static quint32 storedTableCrc(MxParameterInstance::ParameterContainer *container, eLivingSpace livingSpace,

@@ -45,7 +45,7 @@ QPolygonF differences(const QPolygonF &points)
 
 int ParameterModelImplementation::storedGridPointCount() const
 {
-    return readText(ParameterCoordinate(QStringLiteral("G68")), m_camTable).toInt();
+    return readText(countCoordinate(), m_camTable).toInt();
 }
 
 quint32 ParameterModelImplementation::computeCrc() const
@@ -60,7 +60,7 @@ quint32 ParameterModelImplementation::storedTableCrc(MxParameterInstance::Parame
 {
     QByteArray buffer;
     if (container) {
-        const int count = container->readValue(livingSpace, ParameterCoordinate(QStringLiteral("G68")), camTable, false)
+        const int count = container->readValue(livingSpace, countCoordinate(), camTable, false)
                               .toInt();
         const ParameterCoordinate masterArray = masterArrayOf(camTable);
         const ParameterCoordinate slaveArray = slaveArrayOf(camTable);
@@ -110,7 +110,7 @@ void ParameterModelImplementation::deleteGridPoints()
     if (!m_container || m_container->isOnline() || m_writing)
         return;
     for (const ParameterCoordinate &coordinate :
-         { m_masterReferenceCoordinate, m_slaveReferenceCoordinate, ParameterCoordinate(QStringLiteral("G68")) })
+         { m_masterReferenceCoordinate, m_slaveReferenceCoordinate, countCoordinate() })
         m_container->writeValue(m_livingSpace, coordinate, m_camTable, QString());
     for (const ParameterCoordinate &array : { m_masterArray, m_slaveArray }) {
         if (ParameterInformation *information = definition(array))

@@ -42,11 +42,6 @@ private:
     bool m_active;
 };
 
-MxParameterDefinition::ParameterCoordinate countCoordinate()
-{
-    return MxParameterDefinition::ParameterCoordinate(QStringLiteral("G68"));
-}
-
 } // namespace
 
 int ParameterModelImplementation::maximumGridPointCount() const
